@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+struct st_mysql;
+struct st_mysql_res;
+
+struct ResultDeleter {
+  void operator()(st_mysql_res* result) const;
+};
+/// The rows of one statement as the client library delivered them.
+using ResultPtr = std::unique_ptr<st_mysql_res, ResultDeleter>;
+
+/// What one execution gave back.
+struct ExecutionResult {
+  ResultPtr rows;           ///< of the first statement that has rows; null when none has
+  quint64 foundRows = 0;    ///< rows that the first statement's condition found, changed or not
+  quint64 lastInsertId = 0; ///< of the last statement that made one
+};
+
+/// The one connection to the server. Character set latin5, no reconnect, no replay: a lost connection raises EMyError
+/// on the next statement, and the object stays usable for Close and Connect. One thread only.
+class TMyConnection {
+ public:
+  TMyConnection();
+  ~TMyConnection();
+  TMyConnection(const TMyConnection&) = delete;
+  TMyConnection& operator=(const TMyConnection&) = delete;
+
+  QString Server;
+  quint16 Port = 0;
+  QString Database;
+  QString Username;
+  QString Password;
+  int ConnectTimeoutSeconds = 10;
+
+  /// Opens the connection with the values above. Throws EMyError, EUnstorableValue for a name that latin5 cannot hold.
+  void Connect();
+  void Close();
+  bool Connected() const { return handle_ != nullptr; }
+
+  /// True between StartTransaction and Commit or Rollback, as the server last told.
+  bool InTransaction() const;
+  void StartTransaction();
+  void Commit();
+  void Rollback();
+
+  /// Runs one or more statements (latin5 bytes, one round trip) and keeps the rows at the client. Throws EMyError with
+  /// the given query name and text, EUnstorableValue when it is longer than the server's packet limit.
+  ExecutionResult execute(const QByteArray& statements, const QString& queryName = {}, const QString& queryText = {});
+
+  /// Bytes between quotes, escaped for this connection. Needs no round trip.
+  QByteArray quoted(const QByteArray& bytes) const;
+
+  /// Statements sent since the program started, each one round trip.
+  quint64 roundTrips() const { return roundTrips_; }
+
+ private:
+  [[noreturn]] void raise(const QString& queryName, const QString& queryText) const;
+
+  st_mysql* handle_ = nullptr;
+  quint64 roundTrips_ = 0;
+  quint64 packetLimit_ = 0;
+};
+
+/// Starts a transaction unless one is open, and rolls back at its end unless committed. When a transaction was open
+/// already, commit() and the end leave it to whoever started it.
+class TransactionGuard {
+ public:
+  explicit TransactionGuard(TMyConnection& connection);
+  ~TransactionGuard();
+  TransactionGuard(const TransactionGuard&) = delete;
+  TransactionGuard& operator=(const TransactionGuard&) = delete;
+  void commit();
+  /// Rolls back now; never throws, a connection that is gone has rolled back by itself.
+  void rollback() noexcept;
+
+ private:
+  TMyConnection& connection_;
+  bool owner_;
+};
