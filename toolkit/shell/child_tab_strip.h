@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+class QMenu;
+class QTabBar;
+class QToolButton;
+
+/// Strip of tabs under the client area: a close button on each tab, scroll buttons, a button that lists all tabs.
+class ChildTabStrip : public QWidget {
+  Q_OBJECT
+ public:
+  explicit ChildTabStrip(QWidget* parent = nullptr);
+
+  int count() const;
+  int currentIndex() const;
+  QString caption(int index) const;
+  /// Adds a tab at the end.
+  void addTab(const QString& caption);
+  void removeTab(int index);
+  void setCaption(int index, const QString& caption);
+  void setCurrentIndex(int index);
+  QTabBar* tabBar() { return tabs_; }
+  QToolButton* listButton() { return listButton_; }
+
+ Q_SIGNALS:
+  void tabChosen(int index);
+  void closeRequested(int index);
+
+ private:
+  void fillList();
+  void addCloseButton(int index);
+
+  QTabBar* tabs_;
+  QToolButton* listButton_;
+  QMenu* list_;
+};

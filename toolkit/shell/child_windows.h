@@ -1,0 +1,87 @@
+#pragma once
+
+#include "toolkit/shell/redraw_lock.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPixmap>
+
+class ChildTabStrip;
+
+/// A child window of the workspace. Tells when it has closed and when its caption changed.
+class ChildWindow : public QMdiSubWindow {
+  Q_OBJECT
+ public:
+  explicit ChildWindow(QWidget* content, QWidget* parent = nullptr);
+  QWidget* content() const { return widget(); }
+
+ Q_SIGNALS:
+  void closed();
+  void captionChanged();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+};
+
+/// The client area: always white, with a picture in its centre.
+class ClientArea : public QMdiArea {
+  Q_OBJECT
+ public:
+  explicit ClientArea(QWidget* parent = nullptr);
+  void setPicture(const QPixmap& picture);
+  const QPixmap& picture() const { return picture_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QPixmap picture_;
+};
+
+/// Workspace of child windows: the client area with a strip of tabs below it, one tab per child window. The orders
+/// "first to last" and "last to first" are the order of creation, as the tabs stand.
+class ChildWindows : public QWidget {
+  Q_OBJECT
+ public:
+  explicit ChildWindows(QWidget* parent = nullptr);
+
+  ClientArea* clientArea() { return area_; }
+  ChildTabStrip* tabStrip() { return strip_; }
+  RedrawLock& redrawLock() { return redrawLock_; }
+
+  /// Shows content in a child window with a tab and makes it the active one; the window owns it and goes with it. A
+  /// content that has a window keeps that one. Never null.
+  QMdiSubWindow* add(QWidget* content);
+  void setCaption(QWidget* content, const QString& caption);
+  /// Contents of the child windows, first to last.
+  QList<QWidget*> contents() const;
+  int count() const { return static_cast<int>(windows_.size()); }
+
+  /// Asks every child window to close, first to last; false at the first one that refuses.
+  bool closeAll();
+  void maximizeAll();
+  void restoreAll();
+  void minimizeAll();
+  void cascade();
+  /// One below the other; from four windows on in several columns.
+  void tileRows();
+  /// Side by side; from four windows on in several rows.
+  void tileColumns();
+  void activateNext();
+  void activatePrevious();
+
+ Q_SIGNALS:
+  void countChanged(int count);
+
+ private:
+  ChildWindow* windowOf(QWidget* content) const;
+  void activate(int index);
+  void tile(bool rowsFirst);
+  void forget(ChildWindow* window);
+
+  ClientArea* area_;
+  ChildTabStrip* strip_;
+  RedrawLock redrawLock_;
+  QList<ChildWindow*> windows_;
+};

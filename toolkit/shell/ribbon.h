@@ -1,0 +1,52 @@
+#pragma once
+
+#include "toolkit/shell/ribbon_group.h"
+
+#include <QWidget>
+
+class QHBoxLayout;
+class QToolButton;
+
+/// Command bar over a main window: application button, one tab with its page of groups, quick-access bar. Groups give
+/// way from the right when the window is narrow, so that no command is ever cut off. Ctrl+F1 or a double click on the
+/// tab folds the page; F10 puts the keyboard into it, arrow keys move, Escape goes back.
+class Ribbon : public QWidget {
+  Q_OBJECT
+ public:
+  explicit Ribbon(const QString& tabCaption, QWidget* parent = nullptr);
+
+  QToolButton* applicationButton() { return applicationButton_; }
+  RibbonGroup* addGroup(const QString& caption, const QIcon& icon);
+  QList<RibbonGroup*> groups() const { return groups_; }
+  /// Repeats a command in the quick-access bar as an icon with its caption as tool tip.
+  void addQuickAccess(QAction* action);
+  QList<QAction*> quickAccess() const;
+
+  /// Painting stops between the two; calls may nest.
+  void beginUpdate();
+  void endUpdate();
+
+  void setPageVisible(bool visible);
+  bool isPageVisible() const;
+  /// Puts the keyboard focus on the first command.
+  void enterByKeyboard();
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void fitGroups();
+  void moveFocus(int step);
+
+  QToolButton* applicationButton_;
+  QToolButton* tab_;
+  QWidget* page_;
+  QHBoxLayout* quickAccessRow_;
+  QList<RibbonGroup*> groups_;
+  QPointer<QWidget> focusBefore_;
+  qint32 updates_ = 0;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QIcon>
+#include <QList>
+#include <QWidget>
+
+class QMenu;
+class RibbonButton;
+
+/// How much room a group takes: all buttons large, small ones in columns of three, or one button that drops them down.
+enum class RibbonGroupMode { Large, Compact, Collapsed };
+
+/// A captioned group of commands in the ribbon.
+class RibbonGroup : public QWidget {
+  Q_OBJECT
+ public:
+  RibbonGroup(const QString& caption, const QIcon& icon, QWidget* parent = nullptr);
+
+  /// Adds a command at the end; the group does not take the action over.
+  void addCommand(QAction* action);
+  const QString& caption() const { return caption_; }
+  QList<RibbonButton*> buttons() const { return buttons_; }
+  void setMode(RibbonGroupMode mode);
+  RibbonGroupMode mode() const { return mode_; }
+  /// Width in device-independent pixels that the group takes in a mode.
+  int widthIn(RibbonGroupMode mode) const;
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void placeButtons();
+  QSize placed(RibbonGroupMode mode, bool move) const;
+
+  QString caption_;
+  RibbonGroupMode mode_ = RibbonGroupMode::Large;
+  QList<RibbonButton*> buttons_;
+  QMenu* menu_;
+  RibbonButton* collapsed_;
+};

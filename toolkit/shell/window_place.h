@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// Keeps a window's size and place in a settings file, one entry per computer, and brings the window back onto a screen
+/// that exists. A missing or damaged file leaves the window as it is.
+class WindowPlace {
+ public:
+  /// key: the window's name in the file; machine: name of this computer.
+  WindowPlace(QString path, QString key, QString machine);
+
+  /// False when the file has no usable entry.
+  bool restore(QWidget* window) const;
+  /// False when the file cannot be written.
+  bool store(const QWidget* window) const;
+
+ private:
+  QString path_;
+  QString key_;
+  QString machine_;
+};
