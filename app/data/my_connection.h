@@ -60,15 +60,16 @@ class TMyConnection {
   quint64 roundTrips() const { return roundTrips_; }
 
  private:
-  [[noreturn]] void raise(const QString& queryName, const QString& queryText) const;
+  [[noreturn]] void raise(const QString& queryName, const QString& queryText);
 
   st_mysql* handle_ = nullptr;
   quint64 roundTrips_ = 0;
   quint64 packetLimit_ = 0;
+  bool lost_ = false;
 };
 
-/// Starts a transaction unless one is open, and rolls back at its end unless committed. When a transaction was open
-/// already, commit() and the end leave it to whoever started it.
+/// Starts a transaction unless one is open, and rolls back at its end unless committed. A transaction that was open
+/// already is taken over: commit() commits it and the end rolls it back, so none is ever left open.
 class TransactionGuard {
  public:
   explicit TransactionGuard(TMyConnection& connection);
@@ -81,5 +82,5 @@ class TransactionGuard {
 
  private:
   TMyConnection& connection_;
-  bool owner_;
+  bool open_ = true;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/data/field_codec.h"
 #include "app/data/my_connection.h"
 #include "app/data/value.h"
 
@@ -23,21 +24,6 @@ class StatementText {
 
  private:
   QStringList lines_;
-};
-
-/// What a column holds, as far as reading and writing it differ.
-enum class FieldType { Integer, Double, Decimal, Text, Blob, Date, Time, DateTime };
-
-struct FieldInfo {
-  QString name;       ///< as in the result
-  QString column;     ///< column in its table; empty for an expression
-  QString table;      ///< table that the column stands in; empty for an expression
-  FieldType type = FieldType::Text;
-  int size = 0;       ///< characters of a text column, bytes of a blob, 0 otherwise
-  bool isKey = false;
-  bool isAutoIncrement = false;
-  bool isTimestamp = false;  ///< set by the server on every change
-  bool isRequired = false;
 };
 
 /// One field of the current row. A light handle, valid while its query is open.
@@ -182,30 +168,32 @@ class TMyQuery {
     Row original;  ///< as the server has it; null for an inserted row
     Row current;   ///< as it is to be; null for a deleted row
     int position;  ///< where a deleted row stood
-    Row beforeApply = nullptr;
+    Row beforeApply = nullptr;  ///< current as it was, for RestoreUpdates
     bool applied = false;
   };
 
-  QByteArray rendered(const QString& text, const QHash<QString, Value>& parameters) const;
+  QByteArray rendered(const QString& text) const;
   ExecutionResult run(const QByteArray& statements);
   void takeRows(ResultPtr rows);
-  void readFields();
   void requireActive() const;
   void requireRow() const;
-  QByteArray cell(Row row, int field) const;
-  bool isNullCell(Row row, int field) const;
-  Value decoded(Row row, int field) const;
-  Value stored(int field, const Value& value) const;
-  Row ownRow(std::vector<std::optional<QByteArray>> cells);
-  Row mergedRow(Row base) const;
-  Change* pendingChange(Row row);
-  void cachePost();
-  void insertRow(Row row, Row& written);
-  Row updateRow(Row original, Row current);
-  void deleteRow(Row original);
-  QByteArray keyCondition(Row row, bool withVersion) const;
-  QByteArray literal(int field, Row row) const;
+  void requireEditing() const;
+  QByteArrayView cell(Row row, int field) const;
   QByteArray identifier(const QString& name) const;
+  QByteArray table() const;
+  QByteArray literal(int field, const Cell& cell) const;
+  QByteArray keyCondition(Row row) const;
+  QByteArray versionQuery(const QByteArray& condition) const;
+  int versionField() const;
+  Row ownRow(const std::vector<Cell>& cells);
+  std::vector<Cell> cellsOf(Row row) const;
+  std::vector<Cell> bufferedCells(Row base) const;
+  Row insertRow(Row current);
+  Row updateRow(Row original, Row current);
+  void removeFromServer(Row original);
+  void cachePost(Row base, Row current);
+  std::vector<Change>::iterator changeOf(Row current);
+  void removeShownRow(int row);
   void leaveEditing();
   template <class Call>
   void notify(Call call);
@@ -217,11 +205,11 @@ class TMyQuery {
   QHash<QString, QString> macros_;
   std::vector<FieldInfo> fields_;
   QHash<QString, int> fieldByName_;
-  QString table_;  ///< the table that Post writes to
+  int tableField_ = -1;  ///< a field of the table that Post writes to
   ResultPtr result_;
   std::vector<std::unique_ptr<OwnRow>> ownRows_;
   std::vector<Row> rows_;
-  std::vector<std::optional<Value>> buffer_;  ///< per field, the values changed in Edit or Insert
+  std::vector<std::optional<Cell>> buffer_;  ///< per field, what was changed in Edit or Insert
   std::vector<Change> changes_;
   std::vector<QueryListener*> listeners_;
   int current_ = -1;

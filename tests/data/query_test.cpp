@@ -1,0 +1,350 @@
+#include "app/data/my_query.h"
+#include "app/exceptions.h"
+#include "tests/support/test_database.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The error that the work raises; nothing, and a failure of the test, when it raises none of that class.
+template <class Error, class Work>
+std::optional<Error> raised(Work work) {
+  try {
+    work();
+  } catch (const Error& error) {
+    return error;
+  }
+  ADD_FAILURE() << "nothing was raised";
+  return std::nullopt;
+}
+
+class QueryTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    run("DROP TABLE IF EXISTS deneme");
+    run("CREATE TABLE deneme (ID BIGINT AUTO_INCREMENT PRIMARY KEY, NO VARCHAR(15), AD VARCHAR(200), KISA SMALLINT, TUTAR DOUBLE, "
+        "MIKTAR DECIMAL(12,3), TARIH DATE, SAAT TIME, AN DATETIME, RESIM LONGBLOB, NOTU LONGTEXT, "
+        "STAMP TIMESTAMP(6) NOT NULL DEFAULT CURRENT_TIMESTAMP(6) ON UPDATE CURRENT_TIMESTAMP(6), UNIQUE KEY DN_NO (NO)) "
+        "ENGINE=InnoDB CHARSET=latin5");
+    query.Options.CheckRowVersion = true;
+    query.Options.SetEmptyStrToNull = true;
+    query.SQL.setText(u"select * from deneme where ID = :ID"_s);
+  }
+  void TearDown() override { database.secondConnection().execute("DROP TABLE IF EXISTS deneme"); }
+
+  void run(const char* statement) { connection.execute(statement); }
+  QString scalar(const QString& statement) {
+    TMyQuery scratch(connection, u"scratch"_s);
+    scratch.SQL.setText(statement);
+    scratch.Open();
+    return scratch.IsEmpty() ? u"<none>"_s : scratch.field(0).asText();
+  }
+  qint64 insertRow(const QString& no, const QString& name) {
+    query.Open();
+    query.Insert();
+    query.FieldByName(u"NO"_s).set(no);
+    query.FieldByName(u"AD"_s).set(name);
+    query.Post();
+    return qint64(query.lastInsertId());
+  }
+  void openRow(TMyQuery& target, qint64 id) {
+    target.SQL.setText(u"select * from deneme where ID = :ID"_s);
+    target.ParamByName(u"id"_s) = id;
+    target.Open();
+  }
+
+  TestDatabase database;
+  TMyConnection& connection = database.connection();
+  TMyQuery query{connection, u"qDeneme"_s};
+};
+
+}  // namespace
+
+TEST_F(QueryTest, EveryTypeComesBackAsItWent) {
+  QByteArray picture;
+  for (int i = 0; i < 70000; ++i) picture.append(char(i * 7));
+  const QString awkward = u"O'Brien \\ \"x\" `y` %_ İĞÜŞÖÇığüşöç €–’ \r\n\t;--"_s + QChar(0);
+  struct {
+    const char* field;
+    Value value;
+  } const cases[] = {{"AD", awkward},
+                     {"KISA", -32768},
+                     {"TUTAR", 0.1 + 0.2},
+                     {"TUTAR", std::numeric_limits<double>::max()},
+                     {"TUTAR", std::numeric_limits<double>::denorm_min()},
+                     {"TUTAR", 1.0 / 3.0},
+                     {"MIKTAR", Decimal{u"-123456789.125"_s}},
+                     {"TARIH", QDate(2024, 2, 29)},
+                     {"TARIH", ZeroDate{}},
+                     {"SAAT", QTime(23, 59, 58)},
+                     {"AN", QDateTime(QDate(2026, 11, 22), QTime(8, 5, 1))},
+                     {"RESIM", picture},
+                     {"RESIM", QByteArray("")},
+                     {"NOTU", QString(u"ş"_s).repeated(100000)},
+                     {"AD", Value()},
+                     {"TARIH", Value()}};
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  openRow(query, id);
+  for (const auto& row : cases) {
+    const QString name = QString::fromLatin1(row.field);
+    query.Edit();
+    query.FieldByName(name).set(row.value);
+    query.Post();
+    EXPECT_EQ(query.FieldByName(name).value(), row.value) << row.field << " before reading again";
+    query.Refresh();
+    EXPECT_EQ(query.FieldByName(name).value(), row.value) << row.field;
+  }
+}
+
+TEST_F(QueryTest, TextGoesThroughTheColumnsType) {
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  openRow(query, id);
+  query.Edit();
+  query.FieldByName(u"TUTAR"_s).set(u"1.250,50"_s);
+  query.FieldByName(u"MIKTAR"_s).set(u"2,5"_s);
+  query.FieldByName(u"TARIH"_s).set(u"5.3.2020"_s);
+  query.FieldByName(u"SAAT"_s).set(u"08:30"_s);
+  query.FieldByName(u"AD"_s).set(u""_s);
+  query.Post();
+  EXPECT_EQ(scalar(u"select concat_ws('|',TUTAR,MIKTAR,TARIH,SAAT,AD is null) from deneme"_s), u"1250.5|2.500|2020-03-05|08:30:00|1"_s);
+  query.Edit();
+  EXPECT_THROW(query.FieldByName(u"TARIH"_s).set(u"31.02.2020"_s), EConvertError);
+  EXPECT_THROW(query.FieldByName(u"TUTAR"_s).set(u"on lira"_s), EConvertError);
+}
+
+TEST_F(QueryTest, WhatTheColumnCannotHoldIsRefusedBeforeSending) {
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  openRow(query, id);
+  query.Edit();
+  const quint64 before = connection.roundTrips();
+  struct {
+    const char* field;
+    Value value;
+  } const cases[] = {{"AD", u"Привет"_s},          {"AD", u"A"_s.repeated(201)},     {"NO", u"1234567890123456"_s}, {"KISA", 32768},
+                     {"KISA", -32769},             {"MIKTAR", u"1234567890,1"_s},    {"MIKTAR", u"1,2345"_s},       {"TUTAR", std::nan("")},
+                     {"NOTU", QString(u"ok 🙂"_s)}};
+  for (const auto& row : cases) {
+    const auto error = raised<EUnstorableValue>([&] { query.FieldByName(QString::fromLatin1(row.field)).set(row.value); });
+    EXPECT_EQ(error->field(), QString::fromLatin1(row.field));
+  }
+  query.ParamByName(u"ID"_s) = u"д"_s;
+  query.Cancel();
+  EXPECT_THROW(query.Open(), EUnstorableValue);
+  EXPECT_EQ(connection.roundTrips(), before);
+}
+
+TEST_F(QueryTest, OnlyChangedColumnsAreSentAndNothingWhenNoneChanged) {
+  const qint64 id = insertRow(u"1"_s, u"first"_s);
+  openRow(query, id);
+  connection.execute("UPDATE deneme SET TUTAR=7, STAMP=STAMP");
+  query.Edit();
+  query.FieldByName(u"NO"_s).set(u"1"_s);
+  query.FieldByName(u"AD"_s).set(u"second"_s);
+  query.Post();
+  EXPECT_EQ(scalar(u"select concat(AD, TUTAR) from deneme"_s), u"second7"_s);
+  const quint64 before = connection.roundTrips();
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"second"_s);
+  query.Post();
+  EXPECT_EQ(connection.roundTrips(), before);
+}
+
+TEST_F(QueryTest, OfTwoWritersWithinOneSecondOneLoses) {
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  TMyConnection& second = database.secondConnection();
+  TMyQuery other(second, u"qOther"_s);
+  other.Options.CheckRowVersion = true;
+  openRow(query, id);
+  openRow(other, id);
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"mine"_s);
+  other.Edit();
+  other.FieldByName(u"TUTAR"_s).set(5.0);
+  query.Post();
+  const auto error = raised<EDatabaseError>([&] { other.Post(); });
+  EXPECT_EQ(error->className(), u"EDatabaseError"_s);
+  EXPECT_EQ(error->message(), u"Update failed. Found 0 records"_s);
+  EXPECT_EQ(other.state(), QueryState::Edit);
+  other.Cancel();
+  other.RefreshRecord();
+  EXPECT_EQ(other.FieldByName(u"AD"_s).asText(), u"mine"_s);
+  other.Edit();
+  other.FieldByName(u"TUTAR"_s).set(5.0);
+  other.Post();
+  other.Edit();
+  other.FieldByName(u"TUTAR"_s).set(6.0);
+  other.Post();
+  EXPECT_EQ(scalar(u"select concat(AD, TUTAR) from deneme"_s), u"mine6"_s);
+}
+
+TEST_F(QueryTest, ARowThatIsGoneIsTold) {
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  openRow(query, id);
+  run("DELETE FROM deneme");
+  const auto refresh = raised<EDatabaseError>([&] { query.RefreshRecord(); });
+  EXPECT_EQ(refresh->message(), u"Refresh failed. Found 0 records"_s);
+  EXPECT_EQ(refresh->className(), u"EDatabaseError"_s);
+  EXPECT_EQ(refresh->queryName(), u"qDeneme"_s);
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"y"_s);
+  EXPECT_EQ(raised<EDatabaseError>([&] { query.Post(); })->message(), u"Update failed. Found 0 records"_s);
+}
+
+TEST_F(QueryTest, DuplicateKeysReadAlikeAndKeepTheRowInInsert) {
+  insertRow(u"100"_s, u"x"_s);
+  query.Insert();
+  query.FieldByName(u"NO"_s).set(u"100"_s);
+  const auto error = raised<EMyError>([&] { query.Post(); });
+  EXPECT_EQ(error->message(), u"#23000Duplicate entry '100' for key 'DN_NO'"_s);
+  EXPECT_EQ(error->code(), 1062U);
+  EXPECT_FALSE(error->queryText().isEmpty());
+  EXPECT_EQ(query.state(), QueryState::Insert);
+  query.FieldByName(u"NO"_s).set(u"101"_s);
+  query.Post();
+  EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"2"_s);
+  // The other server's form of the same message.
+  EXPECT_EQ(raised<EMyError>([&] {
+              connection.execute("SIGNAL SQLSTATE '23000' SET MYSQL_ERRNO=1062, MESSAGE_TEXT=\"Duplicate entry '1' for key 'deneme.DN_NO'\"");
+            })->message(),
+            u"#23000Duplicate entry '1' for key 'DN_NO'"_s);
+}
+
+TEST_F(QueryTest, DeleteRunsTheStatementGivenForIt) {
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  insertRow(u"2"_s, u"y"_s);
+  openRow(query, id);
+  query.SQLDelete.Add(u"DELETE FROM deneme"_s);
+  query.SQLDelete.Add(u"WHERE"_s);
+  query.SQLDelete.Add(u"  ID = :Old_ID"_s);
+  query.Delete();
+  EXPECT_TRUE(query.IsEmpty());
+  EXPECT_EQ(scalar(u"select NO from deneme"_s), u"2"_s);
+}
+
+TEST_F(QueryTest, CachedChangesSurviveAFailureAndAreWrittenTogether) {
+  insertRow(u"1"_s, u"keep"_s);
+  insertRow(u"2"_s, u"change"_s);
+  insertRow(u"3"_s, u"remove"_s);
+  TMyQuery lines(connection, u"qLines"_s);
+  lines.CachedUpdates = true;
+  lines.SQL.setText(u"select * from deneme order by NO"_s);
+  lines.Open();
+  lines.setRecNo(2);
+  lines.Delete();
+  lines.setRecNo(1);
+  lines.Edit();
+  lines.FieldByName(u"AD"_s).set(u"changed"_s);
+  lines.Post();
+  lines.Insert();
+  lines.FieldByName(u"NO"_s).set(u"1"_s);
+  lines.Post();
+  EXPECT_EQ(scalar(u"select group_concat(AD order by NO) from deneme"_s), u"keep,change,remove"_s);
+
+  connection.StartTransaction();
+  raised<EMyError>([&] { lines.ApplyUpdates(); });
+  connection.Rollback();
+  EXPECT_TRUE(lines.UpdatesPending());
+  ASSERT_EQ(lines.RecordCount(), 3);
+  EXPECT_TRUE(lines.FieldByName(u"ID"_s).isNull());
+
+  lines.Edit();
+  lines.FieldByName(u"NO"_s).set(u"4"_s);
+  lines.Post();
+  lines.ApplyUpdates();
+  lines.RestoreUpdates();
+  EXPECT_TRUE(lines.UpdatesPending()) << "applied and taken back";
+  run("DELETE FROM deneme WHERE NO='4'");
+  run("INSERT INTO deneme (NO, AD) VALUES ('3', 'remove')");
+  run("UPDATE deneme SET ID=3 WHERE NO='3'");
+  lines.ApplyUpdates();
+  lines.CommitUpdates();
+  EXPECT_FALSE(lines.UpdatesPending());
+  EXPECT_FALSE(lines.FieldByName(u"ID"_s).isNull());
+  EXPECT_EQ(scalar(u"select group_concat(NO order by NO) from deneme"_s), u"1,2,4"_s);
+  EXPECT_EQ(scalar(u"select AD from deneme where NO='2'"_s), u"changed"_s);
+}
+
+TEST_F(QueryTest, CancelledCachedChangesLeaveTheRowsAsTheyWere) {
+  insertRow(u"1"_s, u"a"_s);
+  insertRow(u"2"_s, u"b"_s);
+  TMyQuery lines(connection, u"qLines"_s);
+  lines.CachedUpdates = true;
+  lines.SQL.setText(u"select * from deneme order by NO"_s);
+  lines.Open();
+  lines.Delete();
+  lines.Edit();
+  lines.FieldByName(u"AD"_s).set(u"c"_s);
+  lines.Post();
+  lines.Insert();
+  lines.CancelUpdates();
+  ASSERT_EQ(lines.RecordCount(), 2);
+  EXPECT_EQ(lines.valueAt(0, lines.fieldIndex(u"AD"_s)).toText() + lines.valueAt(1, lines.fieldIndex(u"AD"_s)).toText(), u"ab"_s);
+}
+
+TEST_F(QueryTest, TwoStatementsRunInOneExecutionAndAnErrorInEitherIsRaised) {
+  insertRow(u"1"_s, u"x"_s);
+  TMyQuery scratch(connection, u"pGetQ"_s);
+  scratch.SQL.Add(u"delete from deneme where NO = :NO;"_s);
+  scratch.SQL.Add(u"Insert Into deneme (NO, RESIM) VALUES (:NEW, :RESIM);"_s);
+  scratch.ParamByName(u"NO"_s) = u"1"_s;
+  scratch.ParamByName(u"NEW"_s) = u"2"_s;
+  scratch.ParamByName(u"RESIM"_s) = QByteArray::fromHex("ffd8ff00275c22");
+  const quint64 before = connection.roundTrips();
+  scratch.Execute();
+  EXPECT_EQ(connection.roundTrips(), before + 1);
+  EXPECT_EQ(scalar(u"select concat(NO, hex(RESIM)) from deneme"_s), u"2FFD8FF00275C22"_s);
+  scratch.SQL.setText(u"select 1; select * from yok"_s);
+  EXPECT_EQ(raised<EMyError>([&] { scratch.Open(); })->code(), 1146U);
+  EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"1"_s) << "the connection is usable afterwards";
+}
+
+TEST_F(QueryTest, NamesThatTheTextLacksRaise) {
+  EXPECT_THROW(query.ParamByName(u"YOK"_s), EDatabaseError);
+  EXPECT_THROW(query.MacroByName(u"YOK"_s), EDatabaseError);
+  query.SQL.setText(u"select &NE from deneme where NO = ':X' &KOSUL"_s);
+  query.MacroByName(u"ne"_s) = u"count(*)"_s;
+  query.MacroByName(u"KOSUL"_s) = u"or 1=1"_s;
+  EXPECT_THROW(query.ParamByName(u"X"_s), EDatabaseError);
+  query.Open();
+  EXPECT_EQ(query.field(0).asInteger(), 0);
+  EXPECT_THROW(query.FieldByName(u"YOK"_s), EDatabaseError);
+}
+
+TEST_F(QueryTest, AGuardRollsBackWhatIsNotCommitted) {
+  {
+    TransactionGuard guard(connection);
+    EXPECT_TRUE(connection.InTransaction());
+    run("INSERT INTO deneme (NO) VALUES ('1')");
+  }
+  EXPECT_FALSE(connection.InTransaction());
+  EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"0"_s);
+  {
+    TransactionGuard guard(connection);
+    run("INSERT INTO deneme (NO) VALUES ('1')");
+    guard.commit();
+  }
+  EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"1"_s);
+}
+
+TEST_F(QueryTest, ALostConnectionRaisesAndKeepsTheRowInEdit) {
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  openRow(query, id);
+  const QString own = scalar(u"select connection_id()"_s);
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"typed"_s);
+  {
+    TransactionGuard guard(connection);
+    database.secondConnection().execute("KILL " + own.toLatin1());
+    const auto error = raised<EMyError>([&] { query.Post(); });
+    EXPECT_TRUE(error->code() == 2006 || error->code() == 2013) << error->code();
+  }
+  EXPECT_FALSE(connection.InTransaction());
+  EXPECT_EQ(query.state(), QueryState::Edit);
+  EXPECT_EQ(query.FieldByName(u"AD"_s).asText(), u"typed"_s);
+  EXPECT_THROW(query.Post(), EMyError) << "no reconnect";
+}
