@@ -8,6 +8,7 @@
 #include <mysql.h>
 
 #include <algorithm>
+#include <charconv>
 
 using namespace Qt::StringLiterals;
 
@@ -112,6 +113,11 @@ void TMyQuery::takeRows(ResultPtr rows) {
   while (MYSQL_ROW row = mysql_fetch_row(rows.get())) rows_.push_back(row);
   result_ = std::move(rows);
   state_ = QueryState::Browse;
+  allRows_.clear();
+  if (filter_) {
+    allRows_.swap(rows_);
+    applyFilter();
+  }
   current_ = rows_.empty() ? -1 : 0;
   eof_ = rows_.empty();
   notify([](QueryListener& listener) { listener.queryReset(); });
@@ -122,6 +128,8 @@ void TMyQuery::Close() {
   state_ = QueryState::Inactive;
   rows_.clear();
   rows_.shrink_to_fit();
+  allRows_.clear();
+  allRows_.shrink_to_fit();
   changes_.clear();
   ownRows_.clear();
   buffer_.clear();
@@ -152,8 +160,56 @@ void TMyQuery::RefreshRecord() {
   const ExecutionResult result = run(statement);
   const MYSQL_ROW fresh = result.rows ? mysql_fetch_row(result.rows.get()) : nullptr;
   if (fresh == nullptr) throw EDatabaseError(u"Refresh failed. Found 0 records"_s, name_, SQL.text());
-  rows_[size_t(current_)] = ownRow(cellsOf(fresh));
+  replaceRow(rows_[size_t(current_)], ownRow(cellsOf(fresh)));
   notify([this](QueryListener& listener) { listener.rowChanged(current_); });
+}
+
+void TMyQuery::setFilter(std::optional<FilterExpression> filter) {
+  if (state_ == QueryState::Edit || state_ == QueryState::Insert) Post();
+  if (!Active()) {
+    filter_ = std::move(filter);
+    return;
+  }
+  const Row shown = current_ < 0 ? nullptr : rows_[size_t(current_)];
+  if (filter) filter->compiled(fields_);  // a filter that does not fit these columns changes nothing
+  if (!filter_) allRows_.swap(rows_);
+  filter_ = std::move(filter);
+  if (filter_) {
+    applyFilter();
+  } else {
+    rows_.swap(allRows_);
+    allRows_.clear();
+    allRows_.shrink_to_fit();
+  }
+  const auto place = std::find(rows_.begin(), rows_.end(), shown);
+  current_ = rows_.empty() ? -1 : place == rows_.end() ? 0 : int(place - rows_.begin());
+  eof_ = rows_.empty();
+  notify([](QueryListener& listener) { listener.queryReset(); });
+}
+
+void TMyQuery::applyFilter() {
+  const FilterExpression::RowTest test = filter_->compiled(fields_);
+  Row row = nullptr;
+  const FilterExpression::CellReader reader = [this, &row](int field) -> std::optional<QByteArrayView> {
+    if (row[field] == nullptr) return std::nullopt;
+    return cell(row, field);
+  };
+  rows_.clear();
+  for (const Row each : allRows_) {
+    row = each;
+    if (test(reader)) rows_.push_back(each);
+  }
+}
+
+double TMyQuery::sumOf(int field) const {
+  double sum = 0;
+  for (const Row row : rows_) {
+    const QByteArrayView digits = cell(row, field);
+    double number = 0;
+    std::from_chars(digits.begin(), digits.end(), number);
+    sum += number;
+  }
+  return sum;
 }
 
 int TMyQuery::RecordCount() const { return int(rows_.size()); }

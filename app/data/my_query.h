@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/field_codec.h"
+#include "app/data/filter_expression.h"
 #include "app/data/my_connection.h"
 #include "app/data/value.h"
 
@@ -130,6 +130,14 @@ class TMyQuery {
   void CancelUpdates();
   bool UpdatesPending() const { return !changes_.empty(); }
 
+  /// Narrows the shown rows to those that pass; no filter shows all. Stays in force when the query is opened again. A row
+  /// that is inserted or posted stays shown until the filter is set anew. Throws as FilterExpression::compiled.
+  void setFilter(std::optional<FilterExpression> filter);
+  const std::optional<FilterExpression>& filter() const { return filter_; }
+
+  /// Sum of a column over the shown rows; NULL counts as 0.
+  double sumOf(int field) const;
+
   int RecordCount() const;
   bool IsEmpty() const { return RecordCount() == 0; }
   /// Row number of the current row from 0, -1 when there is none.
@@ -194,6 +202,8 @@ class TMyQuery {
   void cachePost(Row base, Row current);
   std::vector<Change>::iterator changeOf(Row current);
   void removeShownRow(int row);
+  void replaceRow(Row before, Row after);
+  void applyFilter();
   void leaveEditing();
   template <class Call>
   void notify(Call call);
@@ -208,7 +218,9 @@ class TMyQuery {
   int tableField_ = -1;  ///< a field of the table that Post writes to
   ResultPtr result_;
   std::vector<std::unique_ptr<OwnRow>> ownRows_;
-  std::vector<Row> rows_;
+  std::vector<Row> rows_;     ///< shown
+  std::vector<Row> allRows_;  ///< with those that the filter hides; empty when there is no filter
+  std::optional<FilterExpression> filter_;
   std::vector<std::optional<Cell>> buffer_;  ///< per field, what was changed in Edit or Insert
   std::vector<Change> changes_;
   std::vector<QueryListener*> listeners_;

@@ -34,6 +34,7 @@ void TMyQuery::Insert() {
   if (state_ != QueryState::Browse) Post();
   const Row empty = ownRow(std::vector<Cell>(fields_.size()));
   rows_.push_back(empty);
+  if (filter_) allRows_.push_back(empty);
   current_ = RecordCount() - 1;
   buffer_.assign(fields_.size(), std::nullopt);
   state_ = QueryState::Insert;
@@ -64,6 +65,7 @@ void TMyQuery::Cancel() {
 }
 
 void TMyQuery::removeShownRow(int row) {
+  if (filter_) std::erase(allRows_, rows_[size_t(row)]);
   rows_.erase(rows_.begin() + row);
   current_ = std::min(current_, RecordCount() - 1);
   eof_ = rows_.empty();
@@ -78,7 +80,7 @@ void TMyQuery::Post() {
   if (CachedUpdates)
     cachePost(base, edited);
   else
-    rows_[size_t(current_)] = state_ == QueryState::Insert ? insertRow(edited) : updateRow(base, edited);
+    replaceRow(base, state_ == QueryState::Insert ? insertRow(edited) : updateRow(base, edited));
   leaveEditing();
   eof_ = false;
   notify([this](QueryListener& listener) { listener.rowChanged(current_); });
@@ -114,7 +116,15 @@ void TMyQuery::cachePost(Row base, Row current) {
     changes_.push_back({ChangeKind::Inserted, nullptr, current, current_});
   else
     changes_.push_back({ChangeKind::Modified, base, current, current_});
-  rows_[size_t(current_)] = current;
+  replaceRow(base, current);
+}
+
+void TMyQuery::replaceRow(Row before, Row after) {
+  if (current_ >= 0 && rows_[size_t(current_)] == before)
+    rows_[size_t(current_)] = after;
+  else
+    std::replace(rows_.begin(), rows_.end(), before, after);
+  std::replace(allRows_.begin(), allRows_.end(), before, after);
 }
 
 std::vector<TMyQuery::Change>::iterator TMyQuery::changeOf(Row current) {
@@ -128,12 +138,11 @@ void TMyQuery::ApplyUpdates() {
     for (Change& change : changes_) {
       if (change.applied) continue;
       change.beforeApply = change.current;
-      const auto shown = std::find(rows_.begin(), rows_.end(), change.current);
       if (change.kind == ChangeKind::Deleted)
         removeFromServer(change.original);
       else
         change.current = change.kind == ChangeKind::Inserted ? insertRow(change.current) : updateRow(change.original, change.current);
-      if (shown != rows_.end()) *shown = change.current;
+      replaceRow(change.beforeApply, change.current);
       change.applied = true;
     }
   } catch (...) {
@@ -149,7 +158,7 @@ void TMyQuery::CommitUpdates() {
 void TMyQuery::RestoreUpdates() {
   for (Change& change : changes_) {
     if (!change.applied) continue;
-    std::replace(rows_.begin(), rows_.end(), change.current, change.beforeApply);
+    replaceRow(change.current, change.beforeApply);
     change.current = change.beforeApply;
     change.applied = false;
   }
@@ -159,12 +168,15 @@ void TMyQuery::RestoreUpdates() {
 void TMyQuery::CancelUpdates() {
   if (state_ == QueryState::Edit || state_ == QueryState::Insert) Cancel();
   for (auto change = changes_.rbegin(); change != changes_.rend(); ++change) {
-    if (change->kind == ChangeKind::Inserted)
+    if (change->kind == ChangeKind::Inserted) {
       std::erase(rows_, change->current);
-    else if (change->kind == ChangeKind::Modified)
-      std::replace(rows_.begin(), rows_.end(), change->current, change->original);
-    else
+      std::erase(allRows_, change->current);
+    } else if (change->kind == ChangeKind::Modified) {
+      replaceRow(change->current, change->original);
+    } else {
       rows_.insert(rows_.begin() + std::min(change->position, RecordCount()), change->original);
+      if (filter_) allRows_.push_back(change->original);
+    }
   }
   changes_.clear();
   current_ = std::min(std::max(current_, 0), RecordCount() - 1);
