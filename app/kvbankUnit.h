@@ -1,27 +1,31 @@
 #pragma once
 
+#include "app/workspace_commands.h"
+
 #include <QMainWindow>
 
+#include <memory>
+
 class ChildWindows;
-class KeyStatePanel;
 class QLabel;
 class QMdiSubWindow;
 class QSystemTrayIcon;
 class QTimer;
 class Ribbon;
-struct WorkspaceCommands;
+class TQuendUtil;
 
 /// The main workspace: ribbon, child windows with their tab strip, status bar, and the start sequence.
 class TfKvb : public QMainWindow {
   Q_OBJECT
  public:
-  TfKvb();
+  /// Creates the utilities object as well. arguments: those of the command line, the program itself first.
+  explicit TfKvb(const QStringList& arguments = {});
   ~TfKvb() override;
 
-  QTimer* Timer1;
+  QTimer* Timer1;                          ///< starts the start sequence once, 50 ms after the window is shown
   QSystemTrayIcon* RzTrayIcon1 = nullptr;  ///< null where the system has no tray
-  QLabel* dxBarStatic1;                    ///< user name
-  QLabel* dxBarStatic2;                    ///< server name
+  QLabel* dxBarStatic1 = nullptr;          ///< user name
+  QLabel* dxBarStatic2 = nullptr;          ///< server name
 
   /// Shows editor as a child window with a tab and makes it the active one; an editor that has its window keeps it. The
   /// window owns the editor. Never null.
@@ -32,11 +36,13 @@ class TfKvb : public QMainWindow {
   QList<QWidget*> childWindows() const;
   ChildWindows* childArea() { return children_; }
   Ribbon* ribbon() { return ribbon_; }
+  /// The command with that object name; null when there is none.
+  QAction* command(const QString& objectName) const { return commands_.value(objectName); }
   void setStatusText(const QString& text);
 
-  /// A new slip window: created in the frame, Insert afterwards.
+  /// A new slip in a window of its own.
   void newSlip();
-  /// A slip window on the slip with that id.
+  /// The slip with that id in a window of its own.
   void openSlip(qint64 id);
 
  protected:
@@ -44,17 +50,19 @@ class TfKvb : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void formCreate();
-  void buildRibbon();
+  void formCreate(const QStringList& arguments);
   void buildStatusBar();
   void connectCommands();
+  void addTrayIcon();
   void chooseSlips();
   void timer1Timer();
+  void startHelper();
 
   Ribbon* ribbon_;
   ChildWindows* children_;
-  QLabel* statusText_;
-  std::unique_ptr<WorkspaceCommands> commands_;
+  QLabel* statusText_ = nullptr;
+  WorkspaceCommands commands_;
+  std::unique_ptr<TQuendUtil> utilities_;
 };
 
 /// The one workspace; null before it is created and after it is gone.

@@ -8,20 +8,17 @@
 
 class ChildTabStrip;
 
-/// A child window of the workspace. Tells when it has closed and when its caption changed.
+/// A child window of the workspace. Tells when it has closed.
 class ChildWindow : public QMdiSubWindow {
   Q_OBJECT
  public:
-  explicit ChildWindow(QWidget* content, QWidget* parent = nullptr);
-  QWidget* content() const { return widget(); }
+  explicit ChildWindow(QWidget* content);
 
  Q_SIGNALS:
   void closed();
-  void captionChanged();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  void changeEvent(QEvent* event) override;
 };
 
 /// The client area: always white, with a picture in its centre.
@@ -76,8 +73,9 @@ class ChildWindows : public QWidget {
 
  private:
   ChildWindow* windowOf(QWidget* content) const;
-  void activate(int index);
-  void tile(bool rowsFirst);
+  void activate(ChildWindow* window);
+  void step(int by);
+  void tile(Qt::Orientation direction);
   void forget(ChildWindow* window);
 
   ClientArea* area_;

@@ -2,6 +2,7 @@
 
 #include "toolkit/shell/ribbon_group.h"
 
+#include <QPointer>
 #include <QWidget>
 
 class QHBoxLayout;

@@ -12,7 +12,9 @@ class RibbonButton : public QToolButton {
   explicit RibbonButton(QAction* action, QWidget* parent = nullptr);
 
   void setButtonSize(RibbonButtonSize size);
-  QSize sizeHint() const override;
+  /// Room that the button takes in a size, in device-independent pixels.
+  QSize sizeIn(RibbonButtonSize size) const;
+  QSize sizeHint() const override { return sizeIn(size_); }
   QSize minimumSizeHint() const override { return sizeHint(); }
 
  protected:

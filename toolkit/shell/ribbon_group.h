@@ -28,11 +28,12 @@ class RibbonGroup : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  /// Where the visible buttons stand in a mode; one rectangle, the drop-down button's, when collapsed.
+  QList<QRect> placesIn(RibbonGroupMode mode) const;
+  QList<RibbonButton*> visibleButtons() const;
   void placeButtons();
-  QSize placed(RibbonGroupMode mode, bool move) const;
 
   QString caption_;
   RibbonGroupMode mode_ = RibbonGroupMode::Large;

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QStatusBar>
+#include <QWidget>
 
 class QLabel;
 
-/// Four key states of the status bar, "CAPS", "NUM", "SCRL" and "OVR" or "INS"; those that are off are pale. Follows the
-/// key events of the whole program.
+/// Four key states of the status bar: "CAPS", "NUM" and "SCRL", pale while off, and "OVR" or "INS". Follows the key
+/// events of the whole program.
 class KeyStatePanel : public QWidget {
   Q_OBJECT
  public:
@@ -17,7 +17,7 @@ class KeyStatePanel : public QWidget {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void show(QLabel* label, bool on);
+  void setOn(QLabel* label, bool on);
 
   QLabel* caps_;
   QLabel* num_;

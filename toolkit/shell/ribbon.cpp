@@ -1,0 +1,190 @@
+#include "toolkit/shell/ribbon.h"
+
+#include "app/guard.h"
+#include "toolkit/shell/ribbon_button.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QShortcut>
+#include <QToolButton>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+/// "Caption (Ctrl+N)", the shortcut only when there is one.
+QString hintOf(const QAction* action) {
+  if (action->shortcut().isEmpty()) return action->text();
+  return u"%1 (%2)"_s.arg(action->text(), action->shortcut().toString(QKeySequence::NativeText));
+}
+}  // namespace
+
+Ribbon::Ribbon(const QString& tabCaption, QWidget* parent)
+    : QWidget(parent),
+      applicationButton_(new QToolButton(this)),
+      tab_(new QToolButton(this)),
+      page_(new QWidget(this)),
+      quickAccessRow_(new QHBoxLayout) {
+  applicationButton_->setObjectName(u"applicationButton"_s);
+  applicationButton_->setFocusPolicy(Qt::TabFocus);
+  applicationButton_->setStyleSheet(
+      u"QToolButton{border:none;padding:3px 12px}"
+      "QToolButton:hover,QToolButton:focus,QToolButton:pressed{background:palette(mid)}"_s);
+  applicationButton_->setIconSize({22, 22});
+  tab_->setText(tabCaption);
+  tab_->setObjectName(u"ribbonTab"_s);
+  tab_->setToolTip(u"Menüyü katla ya da aç (Ctrl+F1)"_s);
+  tab_->setFocusPolicy(Qt::NoFocus);
+  tab_->setStyleSheet(
+      u"QToolButton{border:none;border-bottom:3px solid palette(highlight);padding:5px 14px 3px 14px;"
+      "background:palette(base)}"_s);
+  tab_->installEventFilter(this);
+
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(0, 0, 8, 0);
+  row->setSpacing(8);
+  row->addWidget(applicationButton_);
+  row->addLayout(quickAccessRow_);
+  row->addWidget(tab_);
+  row->addStretch();
+  quickAccessRow_->setSpacing(1);
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(0, 0, 0, 1);
+  all->setSpacing(0);
+  all->addLayout(row);
+  all->addWidget(page_);
+
+  auto* fold = new QShortcut(Qt::CTRL | Qt::Key_F1, this);
+  connectGuarded(fold, &QShortcut::activated, this, [this] { setPageVisible(!isPageVisible()); });
+  auto* enter = new QShortcut(Qt::Key_F10, this);
+  connectGuarded(enter, &QShortcut::activated, this, [this] { enterByKeyboard(); });
+}
+
+RibbonGroup* Ribbon::addGroup(const QString& caption, const QIcon& icon) {
+  auto* group = new RibbonGroup(caption, icon, page_);
+  groups_.append(group);
+  return group;
+}
+
+void Ribbon::addQuickAccess(QAction* action) {
+  auto* button = new QToolButton(this);
+  button->setDefaultAction(action);
+  if (action->menu()) button->setPopupMode(QToolButton::InstantPopup);
+  button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+  button->setIconSize({16, 16});
+  button->setAutoRaise(true);
+  button->setFocusPolicy(Qt::TabFocus);
+  action->setToolTip(hintOf(action));
+  quickAccessRow_->addWidget(button);
+}
+
+QList<QAction*> Ribbon::quickAccess() const {
+  QList<QAction*> actions;
+  for (int i = 0; i < quickAccessRow_->count(); ++i)
+    actions.append(qobject_cast<QToolButton*>(quickAccessRow_->itemAt(i)->widget())->defaultAction());
+  return actions;
+}
+
+void Ribbon::beginUpdate() {
+  if (updates_++ == 0) setUpdatesEnabled(false);
+}
+
+void Ribbon::endUpdate() {
+  if (--updates_ == 0) setUpdatesEnabled(true);
+}
+
+void Ribbon::setPageVisible(bool visible) { page_->setVisible(visible); }
+
+bool Ribbon::isPageVisible() const { return page_->isVisibleTo(this); }
+
+void Ribbon::enterByKeyboard() {
+  setPageVisible(true);
+  focusBefore_ = QApplication::focusWidget();
+  for (RibbonButton* button : page_->findChildren<RibbonButton*>()) {
+    if (!button->isVisible() || !button->isEnabled()) continue;
+    button->setFocus(Qt::ShortcutFocusReason);
+    return;
+  }
+}
+
+/// Moves the focus among the buttons of the page in reading order, round its ends.
+void Ribbon::moveFocus(int step) {
+  QList<RibbonButton*> reachable;
+  for (RibbonButton* button : page_->findChildren<RibbonButton*>())
+    if (button->isVisible() && button->isEnabled()) reachable.append(button);
+  std::ranges::sort(reachable, [this](const RibbonButton* a, const RibbonButton* b) {
+    const QPoint left = a->mapTo(this, QPoint());
+    const QPoint right = b->mapTo(this, QPoint());
+    return std::pair(left.x(), left.y()) < std::pair(right.x(), right.y());
+  });
+  if (reachable.isEmpty()) return;
+  const qsizetype size = reachable.size();
+  const qsizetype now = reachable.indexOf(qobject_cast<RibbonButton*>(QApplication::focusWidget()));
+  reachable[((now < 0 ? 0 : now + step) + size) % size]->setFocus(Qt::TabFocusReason);
+}
+
+void Ribbon::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Up:
+      moveFocus(-1);
+      break;
+    case Qt::Key_Right:
+    case Qt::Key_Down:
+      moveFocus(1);
+      break;
+    case Qt::Key_Escape:
+      if (focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
+      break;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+bool Ribbon::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == tab_ && event->type() == QEvent::MouseButtonDblClick) setPageVisible(!isPageVisible());
+  return QWidget::eventFilter(watched, event);
+}
+
+QSize Ribbon::minimumSizeHint() const {
+  int width = 0;
+  for (const RibbonGroup* group : groups_) width += group->widthIn(RibbonGroupMode::Collapsed);
+  return {width, QWidget::minimumSizeHint().height()};
+}
+
+void Ribbon::resizeEvent(QResizeEvent*) { fitGroups(); }
+
+/// Takes room from the groups, the last first, until the row fits: first smaller buttons, then one drop-down each.
+void Ribbon::fitGroups() {
+  QList<RibbonGroupMode> modes(groups_.size(), RibbonGroupMode::Large);
+  const auto width = [&] {
+    int sum = 0;
+    for (qsizetype i = 0; i < groups_.size(); ++i) sum += groups_[i]->widthIn(modes[i]);
+    return sum;
+  };
+  for (const RibbonGroupMode mode : {RibbonGroupMode::Compact, RibbonGroupMode::Collapsed})
+    for (qsizetype i = groups_.size() - 1; i >= 0 && width() > this->width(); --i)
+      if (groups_[i]->widthIn(mode) < groups_[i]->widthIn(modes[i])) modes[i] = mode;
+  int left = 0;
+  int height = 0;
+  for (qsizetype i = 0; i < groups_.size(); ++i) {
+    groups_[i]->setMode(modes[i]);
+    const QSize size = groups_[i]->sizeHint();
+    groups_[i]->setGeometry(left, 0, size.width(), size.height());
+    left += size.width();
+    height = std::max(height, size.height());
+  }
+  page_->setFixedHeight(height);
+}
+
+void Ribbon::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), palette().color(QPalette::Window));
+  if (isPageVisible()) painter.fillRect(page_->geometry(), palette().color(QPalette::Base));
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawLine(0, height() - 1, width(), height() - 1);
+}
