@@ -1,0 +1,73 @@
+#pragma once
+
+#include "toolkit/edits/edit_box.h"
+
+#include <QStringList>
+
+class DropDown;
+class QListWidget;
+
+/// A choice from a fixed list, 16 rows of it shown. A text that the list does not have is shown and kept, with no item
+/// chosen. Button 0 is the arrow; F4, Alt+Down and a click open the list, arrows and typed first letters choose, Delete
+/// empties.
+class ComboEdit : public EditBox {
+  Q_OBJECT
+ public:
+  explicit ComboEdit(QWidget* parent = nullptr);
+
+  void addItem(const QString& text, int objectNumber = 0);
+  void setItems(const QStringList& texts);
+  void clearItems();
+  /// The shown text stays when the chosen item is removed.
+  void removeItem(int index);
+  QStringList items() const;
+  int itemCount() const { return int(items_.size()); }
+  /// First item with exactly this text, -1 when there is none.
+  int indexOf(const QString& text) const;
+  int objectNumber(int index) const { return items_.at(size_t(index)).objectNumber; }
+  int itemIndex() const { return itemIndex_; }
+  /// -1 is no selection and empties the text.
+  void setItemIndex(int index);
+  /// Not 0: the value is the chosen item's object number, else its text.
+  int Tag() const { return tag_; }
+  void setTag(int tag) { tag_ = tag; }
+  /// Whether Delete takes the choice away; on at first.
+  void setCanBeEmpty(bool on) { canBeEmpty_ = on; }
+
+  void setText(const QString& text) override;
+  Value editValue() const override;
+  void setEditValue(const Value& value) override;
+  void resetEdit(int maximumLength) override;
+
+  void dropDown();
+  void closeUp();
+  bool isDropDownOpen() const override;
+
+ Q_SIGNALS:
+  /// The user chose another item; -1 when the choice was taken away.
+  void itemChanged(int index);
+
+ protected:
+  void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
+  void keyPress(QString& characters) override;
+  bool wheelSteps(int steps) override;
+  void lineClicked() override { dropDown(); }
+  void leaving() override;
+
+ private:
+  struct Item {
+    QString text;
+    int objectNumber;
+  };
+  void choose(int index);
+  void highlight(int index);
+
+  std::vector<Item> items_;
+  int itemIndex_ = -1;
+  int tag_ = 0;
+  bool canBeEmpty_ = true;
+  QString typed_;  ///< first letters typed so far
+  QTimer* typedPause_;
+  DropDown* dropDown_ = nullptr;
+  QListWidget* list_ = nullptr;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "toolkit/edits/parsed_edit.h"
+
+class DropDown;
+class QCalendarWidget;
+
+/// A date, "dd.MM.yyyy", that can be empty; typed with or without points, or taken from a calendar. Button 0 is the arrow
+/// of the calendar, which F4 and Alt+Down open.
+class DateEdit : public ParsedEdit {
+  Q_OBJECT
+ public:
+  explicit DateEdit(QWidget* parent = nullptr);
+
+  /// Invalid when empty. Throws EConvertError for a text that is no date.
+  QDate date() const;
+  void setDate(QDate date);
+  void setEditValue(const Value& value) override;
+
+  void dropDown();
+
+ Q_SIGNALS:
+  /// The user took a date from the calendar, or emptied the box there.
+  void dateTaken(QDate date);
+
+ protected:
+  Value parsed(const QString& text) const override;
+  QString shown(const Value& value) const override;
+  QString complaint() const override;
+  bool takes(QChar character) const override;
+  void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
+  bool isDropDownOpen() const override;
+
+ private:
+  void take(QDate date);
+  void buildCalendar();
+
+  DropDown* dropDown_ = nullptr;
+  QCalendarWidget* calendar_ = nullptr;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "toolkit/edits/edit_control.h"
+
+#include <QFrame>
+
+/// How letters are written as they are typed or pasted, by the Turkish rules.
+enum class CharCase { Normal, Upper, Lower };
+
+/// text in the case asked for.
+QString inCase(CharCase charCase, const QString& text);
+
+/// The frame round an input and its buttons: one border, a stronger one with the focus, a red one with an error.
+class EditFrame : public QFrame, public EditControl {
+  Q_OBJECT
+ public:
+  explicit EditFrame(QWidget* parent);
+
+  /// Marks the box as wrong and tells why in its hint; an empty text takes the mark away.
+  void setErrorText(const QString& text);
+  const QString& errorText() const { return errorText_; }
+  bool hasError() const { return !errorText_.isEmpty(); }
+
+  /// Logical width in pixels of a caption at the left of a box.
+  static constexpr int captionWidth = 90;
+  /// Height in logical pixels that all one-line boxes have with this widget's font.
+  int oneLineHeight() const;
+
+ protected:
+  /// The widget that takes the keyboard within the frame.
+  virtual QWidget* inner() const = 0;
+  /// Names frame and inner widget for assistive software: the caption without its blanks.
+  void nameBy(const QString& caption);
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString errorText_;
+  QString plainHint_;
+};

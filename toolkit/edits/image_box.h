@@ -1,0 +1,35 @@
+#pragma once
+
+#include "toolkit/edits/edit_control.h"
+
+#include <QFrame>
+#include <QImage>
+
+/// A picture, shown scaled with its proportions. Its bytes stay exactly as they came.
+class ImageBox : public QFrame, public EditControl {
+  Q_OBJECT
+ public:
+  explicit ImageBox(QWidget* parent = nullptr);
+
+  /// Bytes of a picture file; empty bytes empty the box. Throws Exception for damaged or unknown bytes and leaves the
+  /// picture as it was.
+  void setImageBytes(const QByteArray& bytes);
+  const QByteArray& imageBytes() const { return bytes_; }
+  void clearImage();
+  bool isEmpty() const { return bytes_.isEmpty(); }
+  /// What is shown while there is no picture.
+  void setEmptyText(const QString& text);
+
+  Value editValue() const override;
+  void setEditValue(const Value& value) override;
+  void resetEdit(int maximumLength) override;
+  QSize sizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QByteArray bytes_;
+  QImage image_;
+  QString emptyText_;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "toolkit/edits/edit_box.h"
+
+/// A box whose text stands for a value. On leaving, a text that can be read takes its usual form; one that cannot stays as
+/// it is, is marked red, and editValue() throws EConvertError. ENTER moves on.
+class ParsedEdit : public EditBox {
+  Q_OBJECT
+ public:
+  explicit ParsedEdit(QWidget* parent);
+
+  bool isEmpty() const { return text().trimmed().isEmpty(); }
+  void clear() { setText(QString()); }
+
+  /// Throws EConvertError for a text that cannot be read.
+  Value editValue() const override;
+  void resetEdit(int maximumLength) override;
+
+ protected:
+  /// Value of a text that is not empty; NULL when it cannot be read.
+  virtual Value parsed(const QString& text) const = 0;
+  /// The usual form of a value.
+  virtual QString shown(const Value& value) const = 0;
+  /// What stands in the hint of a text that cannot be read.
+  virtual QString complaint() const = 0;
+  /// Characters that can be typed; others are dropped.
+  virtual bool takes(QChar character) const = 0;
+
+  void keyPress(QString& characters) override;
+  QString pasteRefusal(const QString& pasted, const QString& whole) const override;
+  void leaving() override;
+};

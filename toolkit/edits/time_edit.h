@@ -1,0 +1,22 @@
+#pragma once
+
+#include "toolkit/edits/parsed_edit.h"
+
+/// A time of day, "HH:mm", that can be empty; typed with or without the colon. Seconds of a stored time are shown when
+/// they are not zero.
+class TimeEdit : public ParsedEdit {
+  Q_OBJECT
+ public:
+  explicit TimeEdit(QWidget* parent = nullptr);
+
+  /// Invalid when empty. Throws EConvertError for a text that is no time.
+  QTime time() const;
+  void setTime(QTime time);
+  void setEditValue(const Value& value) override;
+
+ protected:
+  Value parsed(const QString& text) const override;
+  QString shown(const Value& value) const override;
+  QString complaint() const override;
+  bool takes(QChar character) const override;
+};
