@@ -1,0 +1,36 @@
+#include "app/login_rules.h"
+
+#include "app/environment.h"
+#include "app/text_tools.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString masterWord = u"QUEND"_s;
+const QString suffix = u"@Kp-7H4n"_s;
+
+QString orTickCounter(const QString& typed) { return typed.isEmpty() ? QString::number(environment().tickCount()) : typed; }
+
+/// Capitals of the ASCII letters only; the master word has no others that matter.
+QString plainUpper(QString text) {
+  for (QChar& letter : text)
+    if (letter >= u'a' && letter <= u'z') letter = QChar(letter.unicode() - u'a' + u'A');
+  return text;
+}
+
+}  // namespace
+
+QString LoginRules::account(const QString& typedName) { return TextTools::LoginTrBuyukHarf(orTickCounter(typedName)); }
+
+QString LoginRules::password(const QString& typedPassword) {
+  const QString typed = orTickCounter(typedPassword);
+  if (TextTools::LoginTrBuyukHarf(typed) == masterWord) return plainUpper(typed) + suffix;
+  return TextTools::LoginTrPassword(typed + suffix);
+}
+
+QString LoginRules::server(const QString& typedServer, const QString& computerName) {
+  const QString trimmed = typedServer.trimmed();
+  const bool own = trimmed.isEmpty() || trimmed.compare("localhost"_L1, Qt::CaseInsensitive) == 0 || trimmed == "127.0.0.1"_L1;
+  return own ? computerName : typedServer;
+}
