@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// A message that belongs beside one control of the slip; control is the column's name.
+struct FieldMessage {
+  QString control;
+  QString text;
+};
+
+/// One text of the slip as it stands on the screen.
+struct SlipText {
+  QString control;
+  QString caption;
+  QString text;
+  qint64 maximumLength = 0;  ///< characters that the column holds; 0 = as many as there are
+};
+
+/// The outside-service block, which has no controls of its own. Dates are texts as the dialog takes them.
+struct OutsideService {
+  QString firm;
+  QString exitDate;
+  QString returnDate;
+  QString note;
+  int deliveryDays = 0;
+};
+
+/// What to do after a save that failed.
+enum class SaveFailureAnswer {
+  AskWhetherRowIsThere,  ///< the row was not found: changed or deleted meanwhile
+  TellDeleted,
+  TellDuplicateNumber,
+  SayNothing,
+};
+
+/// Decisions of the slip screen; plain values in and out.
+namespace SlipRules {
+
+/// The first message that keeps the slip from being saved: the mandatory fields in their order, then any text that the
+/// database cannot hold. Nothing when it may be saved. A mandatory field that is not among texts counts as empty.
+std::optional<FieldMessage> validate(const std::vector<SlipText>& texts);
+
+/// Number for TS_NO: the increment of the highest one found, "100" when there is none and nothing was typed, otherwise
+/// what was typed. highest: as the server gave it, empty for none.
+QString proposedNumber(const QString& highest, const QString& typed, const std::function<QString(const QString&)>& increment);
+
+/// A new serial number: two letters (never I, O or Z) and the seconds since 1970.
+QString generatedSerial();
+
+SaveFailureAnswer answerTo(const QString& errorClass, const QString& message);
+
+/// The sum that TS_TUTAR shows; added in this order.
+double total(double service, double labour, double parts);
+
+QString newSlipTitle();
+QString slipTitle(const QString& number);
+
+/// Hint of the status control for a slip that is or was at an outside service.
+QString outsideServiceHint(const OutsideService& service);
+
+}  // namespace SlipRules
