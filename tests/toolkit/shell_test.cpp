@@ -1,0 +1,353 @@
+#include "app/ini_file.h"
+#include "toolkit/shell/child_tab_strip.h"
+#include "toolkit/shell/child_windows.h"
+#include "toolkit/shell/key_state_panel.h"
+#include "toolkit/shell/redraw_lock.h"
+#include "toolkit/shell/ribbon.h"
+#include "toolkit/shell/ribbon_button.h"
+#include "toolkit/shell/window_place.h"
+
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+
+namespace {
+
+/// A child window's content that may refuse to close and counts its paintings.
+class Page : public QWidget {
+ public:
+  explicit Page(const QString& caption) {
+    setWindowTitle(caption);
+    setMinimumSize(80, 40);
+  }
+  bool refuses = false;
+  int paintings = 0;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override { event->setAccepted(!refuses); }
+  void paintEvent(QPaintEvent*) override { ++paintings; }
+};
+
+/// Counts the passes in which a top-level widget paints what is due below it.
+class PaintingPasses : public QObject {
+ public:
+  int count = 0;
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::UpdateRequest) ++count;
+    return false;
+  }
+};
+
+class ChildWindowsTest : public testing::Test {
+ protected:
+  ChildWindowsTest() {
+    children.resize(900, 600);
+    children.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&children));
+  }
+  Page* add(const QString& caption) {
+    auto* page = new Page(caption);
+    children.add(page);
+    return page;
+  }
+  QStringList tabs() {
+    QStringList captions;
+    for (int i = 0; i < children.tabStrip()->count(); ++i) captions.append(children.tabStrip()->caption(i));
+    return captions;
+  }
+  QMdiSubWindow* window(QWidget* page) { return qobject_cast<QMdiSubWindow*>(page->parentWidget()); }
+  QToolButton* closeButton(int tab) {
+    return qobject_cast<QToolButton*>(children.tabStrip()->tabBar()->tabButton(tab, QTabBar::RightSide));
+  }
+
+  ChildWindows children;
+};
+
+TEST_F(ChildWindowsTest, OneTabPerWindowFollowsCaptionActivationAndClosing) {
+  EXPECT_FALSE(children.tabStrip()->isVisible());
+  QSignalSpy counts(&children, &ChildWindows::countChanged);
+  Page* first = add(u"Fiş & Kart"_s);
+  Page* second = add(u"Yeni Servis Fişi"_s);
+  EXPECT_EQ(children.add(first), window(first)) << "a content keeps its window";
+  EXPECT_EQ(tabs(), (QStringList{u"Fiş & Kart"_s, u"Yeni Servis Fişi"_s}));
+  EXPECT_EQ(children.tabStrip()->currentIndex(), 1);
+
+  children.setCaption(second, u"(100) Servis Fişi"_s);
+  EXPECT_EQ(tabs()[1], u"(100) Servis Fişi"_s);
+  EXPECT_EQ(window(second)->windowTitle(), u"(100) Servis Fişi"_s);
+
+  children.activateNext();
+  EXPECT_EQ(children.clientArea()->activeSubWindow(), window(first));
+  EXPECT_EQ(children.tabStrip()->currentIndex(), 0);
+
+  window(second)->showMinimized();
+  QTest::mouseClick(children.tabStrip()->tabBar(), Qt::LeftButton, {}, children.tabStrip()->tabBar()->tabRect(1).center());
+  EXPECT_FALSE(window(second)->isMinimized());
+  EXPECT_EQ(children.clientArea()->activeSubWindow(), window(second));
+
+  EXPECT_EQ(closeButton(0)->toolTip(), u"Kapat"_s);
+  first->refuses = true;
+  closeButton(0)->click();
+  EXPECT_EQ(children.count(), 2) << "a window that refuses keeps its tab";
+  first->refuses = false;
+  closeButton(0)->click();
+  EXPECT_EQ(tabs(), QStringList{u"(100) Servis Fişi"_s});
+  EXPECT_THAT(children.contents(), ElementsAre(second));
+  closeButton(0)->click();
+  EXPECT_FALSE(children.tabStrip()->isVisible());
+  EXPECT_THAT(counts, ElementsAre(QVariantList{1}, QVariantList{2}, QVariantList{1}, QVariantList{0}));
+}
+
+TEST_F(ChildWindowsTest, ManyTabsScrollWithTurkishHintsAndStandInTheList) {
+  for (int i = 0; i < 30; ++i) add(u"(%1) Servis Fişi"_s.arg(100 + i));
+  QStringList hints;
+  for (const QToolButton* button : children.tabStrip()->tabBar()->findChildren<QToolButton*>(Qt::FindDirectChildrenOnly))
+    if (button->objectName() != u"tabClose"_s && button->isVisible()) hints.append(button->toolTip());
+  EXPECT_THAT(hints, testing::UnorderedElementsAre(u"Önceki"_s, u"Sonraki"_s));
+  EXPECT_LE(children.tabStrip()->width(), children.width());
+
+  QMenu* list = children.tabStrip()->listButton()->menu();
+  Q_EMIT list->aboutToShow();
+  ASSERT_EQ(list->actions().size(), 30);
+  EXPECT_TRUE(list->actions()[29]->isChecked());
+  list->actions()[3]->trigger();
+  EXPECT_EQ(children.clientArea()->activeSubWindow(), window(children.contents()[3]));
+}
+
+/// Notes in which order windows first change their state.
+class StateOrder : public QObject {
+ public:
+  QList<QObject*> changed;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::WindowStateChange && !changed.contains(watched)) changed.append(watched);
+    return false;
+  }
+};
+
+TEST_F(ChildWindowsTest, WindowCommandsGoThroughTheWindowsInTheirOrder) {
+  children.clientArea()->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  QList<QObject*> windows;
+  for (int i = 0; i < 3; ++i) windows.append(window(add(QString::number(i))));
+  StateOrder order;
+  for (QObject* each : windows) each->installEventFilter(&order);
+  const auto states = [&](auto test) { return std::ranges::all_of(windows, [&](QObject* w) { return test(qobject_cast<QMdiSubWindow*>(w)); }); };
+
+  children.maximizeAll();
+  EXPECT_TRUE(states([](QMdiSubWindow* w) { return w->isMaximized(); }));
+  children.restoreAll();
+  EXPECT_TRUE(states([](QMdiSubWindow* w) { return !w->isMaximized() && !w->isMinimized(); }));
+  order.changed.clear();
+  children.minimizeAll();
+  EXPECT_TRUE(states([](QMdiSubWindow* w) { return w->isMinimized(); }));
+  EXPECT_EQ(order.changed, (QList<QObject*>{windows[2], windows[1], windows[0]})) << "last to first";
+}
+
+TEST_F(ChildWindowsTest, TilesFillTheClientAreaWithoutOverlap) {
+  for (int count = 1; count <= 7; ++count) {
+    add(QString::number(count));
+    for (const bool rows : {true, false}) {
+      rows ? children.tileRows() : children.tileColumns();
+      const QRect room = children.clientArea()->viewport()->rect();
+      QRegion covered;
+      for (QWidget* page : children.contents()) {
+        EXPECT_FALSE(covered.intersects(window(page)->geometry())) << count << " windows, rows " << rows;
+        covered += window(page)->geometry();
+      }
+      EXPECT_EQ(covered, QRegion(room)) << count << " windows, rows " << rows;
+      if (count == 3) {
+        const QSize size = window(children.contents()[0])->size();
+        EXPECT_EQ(rows ? size.width() : size.height(), rows ? room.width() : room.height());
+      }
+    }
+  }
+}
+
+TEST_F(ChildWindowsTest, ClosingAllStopsAtTheFirstRefusal) {
+  add(u"a"_s);
+  Page* second = add(u"b"_s);
+  add(u"c"_s);
+  second->refuses = true;
+  EXPECT_FALSE(children.closeAll());
+  EXPECT_EQ(tabs(), (QStringList{u"b"_s, u"c"_s}));
+  second->refuses = false;
+  EXPECT_TRUE(children.closeAll());
+}
+
+TEST_F(ChildWindowsTest, NestedLocksPaintOnceAtTheLastRelease) {
+  Page* before = add(u"a"_s);
+  QTest::qWait(50);
+  RedrawLock& lock = children.redrawLock();
+  lock.acquire();
+  lock.acquire();
+  Page* within = add(u"b"_s);
+  lock.release();
+  before->paintings = 0;
+  before->update();
+  QTest::qWait(50);
+  EXPECT_EQ(lock.count(), 1);
+  EXPECT_EQ(before->paintings + within->paintings, 0);
+  PaintingPasses passes;
+  children.installEventFilter(&passes);
+  lock.release();
+  QTest::qWait(50);
+  EXPECT_EQ(lock.count(), 0);
+  EXPECT_EQ(passes.count, 1);
+  EXPECT_GT(before->paintings, 0);
+  EXPECT_GT(within->paintings, 0);
+}
+
+TEST(ClientAreaTest, IsWhiteUnderAnyThemeWithThePictureInItsCentre) {
+  ClientArea area;
+  QPalette dark;
+  dark.setColor(QPalette::Window, Qt::black);
+  dark.setColor(QPalette::Dark, Qt::black);
+  area.setPalette(dark);
+  area.resize(300, 200);
+  QPixmap red(20, 10);
+  red.fill(Qt::red);
+  area.setPicture(red);
+  const QImage picture = area.grab().toImage();
+  EXPECT_EQ(picture.pixelColor(5, 5), QColor(Qt::white));
+  EXPECT_EQ(picture.pixelColor(150, 100), QColor(Qt::red));
+  EXPECT_EQ(picture.pixelColor(138, 100), QColor(Qt::white));
+}
+
+class RibbonTest : public testing::Test {
+ protected:
+  RibbonTest() : ribbon(u"Menü"_s, &host) {
+    auto* column = new QVBoxLayout(&host);
+    column->addWidget(&ribbon);
+    column->addWidget(&editor);
+    for (const int size : {4, 6, 3, 1}) {
+      RibbonGroup* group = ribbon.addGroup(u"Grup"_s, {});
+      for (int i = 0; i < size; ++i) {
+        auto* action = new QAction(u"Uzun Komut Adı %1"_s.arg(commands.size()), &host);
+        group->addCommand(action);
+        commands.append(action);
+      }
+    }
+  }
+  QWidget host;
+  Ribbon ribbon;
+  QLineEdit editor;
+  QList<QAction*> commands;
+};
+
+TEST_F(RibbonTest, NoCommandIsCutOffAtAnyWidth) {
+  host.show();
+  for (int width = 1600; width >= ribbon.minimumSizeHint().width(); width -= 40) {
+    ribbon.resize(width, ribbon.height());
+    QList<QAction*> reachable;
+    for (const RibbonButton* button : ribbon.findChildren<RibbonButton*>()) {
+      if (!button->isVisible()) continue;
+      EXPECT_LE(button->mapTo(&ribbon, QPoint(button->width(), 0)).x(), width);
+      EXPECT_GE(button->width(), button->sizeHint().width());
+      if (const QMenu* menu = button->defaultAction()->menu())
+        reachable.append(menu->actions());
+      else
+        reachable.append(button->defaultAction());
+    }
+    EXPECT_EQ(reachable.size(), commands.size()) << width;
+  }
+  EXPECT_EQ(ribbon.groups()[3]->mode(), RibbonGroupMode::Collapsed);
+  ribbon.resize(3000, ribbon.height());
+  for (const RibbonGroup* group : ribbon.groups()) EXPECT_EQ(group->mode(), RibbonGroupMode::Large);
+}
+
+TEST_F(RibbonTest, EveryCommandIsReachedByKeyboard) {
+  host.resize(2500, 200);
+  host.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+  editor.setFocus();
+  commands[1]->setEnabled(false);
+  QSignalSpy third(commands[2], &QAction::triggered);
+  QTest::keyClick(&host, Qt::Key_F10);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(third.count(), 1) << "the disabled one is passed over";
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left);
+  EXPECT_EQ(qobject_cast<RibbonButton*>(QApplication::focusWidget())->defaultAction(), commands.last());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), &editor);
+}
+
+TEST(KeyStatePanelTest, InsertTogglesOncePerPress) {
+  KeyStatePanel panel;
+  QLineEdit editor;
+  editor.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&editor));
+  const auto shows = [&](const QString& text) {
+    return std::ranges::any_of(panel.findChildren<QLabel*>(), [&](QLabel* label) { return label->text() == text; });
+  };
+  EXPECT_TRUE(shows(u"INS"_s));
+  QTest::keyClick(editor.windowHandle(), Qt::Key_Insert);
+  EXPECT_TRUE(shows(u"OVR"_s));
+  QTest::keyClick(editor.windowHandle(), Qt::Key_Insert, Qt::ShiftModifier);
+  EXPECT_TRUE(shows(u"OVR"_s)) << "Shift+Insert pastes";
+  QTest::keyClick(editor.windowHandle(), Qt::Key_Insert);
+  EXPECT_TRUE(shows(u"INS"_s));
+}
+
+class WindowPlaceTest : public testing::Test {
+ protected:
+  QTemporaryDir folder;
+  QString path = folder.filePath(u"KvbFORM.INI"_s);
+  WindowPlace place{path, u"fKvb"_s, u"MAKİNE-1"_s};
+  QWidget window;
+};
+
+TEST_F(WindowPlaceTest, ComesBackPerMachine) {
+  window.setGeometry(60, 70, 400, 300);
+  EXPECT_TRUE(place.store(&window));
+  QWidget next;
+  next.setGeometry(1, 2, 333, 222);
+  EXPECT_FALSE(WindowPlace(path, u"fKvb"_s, u"MAKİNE-2"_s).restore(&next));
+  EXPECT_EQ(next.geometry(), QRect(1, 2, 333, 222));
+  EXPECT_TRUE(place.restore(&next));
+  EXPECT_EQ(next.geometry(), QRect(60, 70, 400, 300));
+}
+
+TEST_F(WindowPlaceTest, DamagedEntriesLeaveTheWindowAsItIs) {
+  for (const QString& entry : {u""_s, u"-1"_s, u"1,2,3"_s, u"a,b,c,d,normal"_s, u"0,0,5,5,normal"_s, u"0,0,400,300,upside"_s,
+                               u"99999999999,0,400,300,normal"_s, u"2147483647,0,400,300,normal"_s}) {
+    IniFile::write(path, u"fKvb"_s, u"MAKİNE-1"_s, entry);
+    window.setGeometry(1, 2, 333, 222);
+    EXPECT_FALSE(place.restore(&window)) << entry.toStdString();
+    EXPECT_EQ(window.geometry(), QRect(1, 2, 333, 222));
+  }
+  QFile file(path);
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  file.write(QByteArray::fromHex("00ff5b664b76625d0a3d3d0a5b"));
+  file.close();
+  EXPECT_FALSE(place.restore(&window));
+}
+
+TEST_F(WindowPlaceTest, ComesBackOntoAScreenThatExists) {
+  const QRect screen = window.screen()->availableGeometry();
+  for (const QString& entry : {u"-5000,-5000,400,300,normal"_s, u"90000,100,400,300,normal"_s, u"10,10,90000,90000,normal"_s}) {
+    IniFile::write(path, u"fKvb"_s, u"MAKİNE-1"_s, entry);
+    ASSERT_TRUE(place.restore(&window));
+    EXPECT_TRUE(screen.contains(window.geometry())) << entry.toStdString();
+  }
+}
+
+TEST_F(WindowPlaceTest, SaysWhenTheFileCannotBeWritten) {
+  EXPECT_FALSE(WindowPlace(folder.filePath(u"none/KvbFORM.INI"_s), u"fKvb"_s, u"M"_s).store(&window));
+}
+
+}  // namespace
