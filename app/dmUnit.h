@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/data/my_connection.h"
+#include "app/data/my_query.h"
+
+/// Asks for the database service of this connection's server.
+class ServerControl {
+ public:
+  explicit ServerControl(const TMyConnection& connection) : connection_(connection) {}
+  static constexpr int Running = 3;
+  static constexpr int Stopped = 1;
+  /// 3 when the service runs. On a system without a service manager: when a server answers at the port on the server's
+  /// address; blocks for the connect time-out at most.
+  int serviceStatus(const QString& serviceName) const;
+
+ private:
+  const TMyConnection& connection_;
+};
+
+/// The data module: the one database connection of the process, the scratch query that every screen may use between two
+/// calls and nobody may rely on, and the server control.
+class TDM {
+ public:
+  TDM();
+  ~TDM();
+  TDM(const TDM&) = delete;
+  TDM& operator=(const TDM&) = delete;
+
+  TMyConnection MySQL;
+  TMyQuery pGetQ;
+  ServerControl MyServerControl1;
+};
+
+/// The one data module; null before it is created and after it is gone.
+extern TDM* DM;
