@@ -6,6 +6,7 @@
 
 class DropDown;
 class QListWidget;
+class QTimer;
 
 /// A choice from a fixed list, 16 rows of it shown. A text that the list does not have is shown and kept, with no item
 /// chosen. Button 0 is the arrow; F4, Alt+Down and a click open the list, arrows and typed first letters choose, Delete
@@ -41,7 +42,7 @@ class ComboEdit : public EditBox {
 
   void dropDown();
   void closeUp();
-  bool isDropDownOpen() const override;
+  bool isDropDownOpen() const;
 
  Q_SIGNALS:
   /// The user chose another item; -1 when the choice was taken away.

@@ -18,6 +18,7 @@ class DateEdit : public ParsedEdit {
   void setEditValue(const Value& value) override;
 
   void dropDown();
+  bool isDropDownOpen() const;
 
  Q_SIGNALS:
   /// The user took a date from the calendar, or emptied the box there.
@@ -29,7 +30,6 @@ class DateEdit : public ParsedEdit {
   QString complaint() const override;
   bool takes(QChar character) const override;
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
-  bool isDropDownOpen() const override;
 
  private:
   void take(QDate date);

@@ -9,10 +9,10 @@ class DropDown : public QFrame {
   /// keyTarget gets the keys while it is open; null leaves them to content.
   DropDown(QWidget* box, QWidget* content, QWidget* keyTarget, bool sizeable);
 
+  /// The user draws it to another size by its lower right corner.
+  void drawTo(QSize size);
   /// Opens under the box, or above it when there is no room below. size: logical pixels of the content.
   void openUnder(QSize size);
-  /// The size that the user has drawn it to; invalid when he has not.
-  QSize chosenSize() const { return chosenSize_; }
   /// A click on the arrow closed it just now and is not to open it again.
   bool hasJustClosed() const;
 
@@ -21,15 +21,13 @@ class DropDown : public QFrame {
 
  protected:
   bool event(QEvent* event) override;
-  bool eventFilter(QObject* watched, QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
-  void mousePressEvent(QMouseEvent* event) override;
 
  private:
-  friend class DropDownGrip;
   QWidget* box_;
   QWidget* content_;
   QWidget* keyTarget_;
-  QSize chosenSize_;
+  bool sizeable_;
+  bool drawn_ = false;  ///< the user has drawn it to a size, which it keeps
   quint64 closedAt_ = 0;
 };

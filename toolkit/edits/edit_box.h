@@ -70,7 +70,7 @@ class EditBox : public EditFrame {
   void textChanged(const QString& text);
   /// The user changed the text.
   void textEdited(const QString& text);
-  /// The focus came; the focus left for another control (not for a menu or another window).
+  /// The focus came; the focus left for another control (not for its drop-down, a menu or another window).
   void entered();
   void left();
 
@@ -89,8 +89,6 @@ class EditBox : public EditFrame {
   /// Before entered() and left() are told.
   virtual void entering() {}
   virtual void leaving() {}
-  /// A drop-down of this box has the keyboard: the focus is still ours.
-  virtual bool isDropDownOpen() const { return false; }
 
   QWidget* inner() const override { return line_; }
   void changeEvent(QEvent* event) override;

@@ -25,7 +25,7 @@ class LookupEdit : public EditBox {
 
   void dropDown();
   void closeUp();
-  bool isDropDownOpen() const override;
+  bool isDropDownOpen() const;
 
   void setText(const QString& text) override;
   /// Empty with no selection.

@@ -18,4 +18,7 @@ class MaskEdit : public EditBox {
 
  protected:
   void leaving() override;
+
+ private:
+  QString marks_;  ///< what the mask shows with no place filled
 };

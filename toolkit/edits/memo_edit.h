@@ -13,7 +13,7 @@ class MemoEdit : public EditFrame {
   explicit MemoEdit(QWidget* parent = nullptr);
 
   void setCaption(const QString& caption);
-  /// Lines end in "\n".
+  /// As it was set, as long as the user changed nothing; after that its line ends are those of the set text, else "\n".
   QString text() const;
   void setText(const QString& text);
   void setReadOnly(bool readOnly);

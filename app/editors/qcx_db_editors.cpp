@@ -1,0 +1,61 @@
+#include "app/editors/qcx_db_editors.h"
+
+#include "app/guard.h"
+
+
+FieldLink::FieldLink(EditBox& box) : box_(box) {}
+
+FieldLink::~FieldLink() {
+  if (query_) query_->removeListener(this);
+}
+
+void FieldLink::bind(TMyQuery* query, const QString& fieldName) {
+  if (query_) query_->removeListener(this);
+  query_ = query;
+  fieldName_ = fieldName;
+  if (query_) query_->addListener(this);
+  refresh();
+}
+
+void FieldLink::refresh() {
+  if (writing_) return;
+  const bool hasRow = query_ && query_->Active() && query_->RecNo() >= 0;
+  box_.setEnabled(hasRow);
+  box_.setEditValue(hasRow ? query_->FieldByName(fieldName_).value() : Value());
+  changed_ = false;
+}
+
+void FieldLink::updateRecord() {
+  if (!changed_ || !query_ || !query_->Active() || query_->RecNo() < 0) return;
+  const Value entered = box_.editValue();
+  writing_ = true;
+  try {
+    if (query_->state() == QueryState::Browse) query_->Edit();
+    query_->FieldByName(fieldName_).set(entered);
+  } catch (...) {
+    writing_ = false;
+    throw;
+  }
+  writing_ = false;
+  changed_ = false;
+}
+
+void FieldLink::queryReset() { refresh(); }
+void FieldLink::rowChanged(int row) {
+  if (row == query_->RecNo()) refresh();
+}
+void FieldLink::rowInserted(int) { refresh(); }
+void FieldLink::rowRemoved(int) { refresh(); }
+
+namespace {
+
+void follow(EditBox* box, FieldLink& link) {
+  connectGuarded(box, &EditBox::textEdited, box, [&link] { link.markChanged(); });
+  connectGuarded(box, &EditBox::left, box, [&link] { link.updateRecord(); });
+}
+
+}  // namespace
+
+qcxDBTextEdit::qcxDBTextEdit(QWidget* parent) : qcxTextEdit(parent), link_(*this) { follow(this, link_); }
+qcxDBButtonEdit::qcxDBButtonEdit(QWidget* parent) : qcxButtonEdit(parent), link_(*this) { follow(this, link_); }
+qcxDBCurrencyEdit::qcxDBCurrencyEdit(QWidget* parent) : qcxCurrencyEdit(parent), link_(*this) { follow(this, link_); }

@@ -1,0 +1,128 @@
+#include "toolkit/edits/currency_edit.h"
+
+#include "app/exceptions.h"
+#include "app/guard.h"
+#include "app/number_text.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
+
+QString complaintAbout(const QString& text) { return u"\"%1\" geçerli bir sayı değil."_s.arg(text); }
+
+}  // namespace
+
+CurrencyEdit::CurrencyEdit(QWidget* parent) : EditBox(parent), displayFormat_(u",0.00;-,0.00"_s) {
+  line()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  connectGuarded(line(), &QLineEdit::textChanged, this, [this] {
+    if (!showing_) typed_ = true;
+  });
+}
+
+void CurrencyEdit::setDisplayFormat(const QString& format) {
+  displayFormat_ = format;
+  if (!typed_) show();
+}
+
+double CurrencyEdit::value() const { return editValue().toDouble(); }
+
+void CurrencyEdit::setValue(double value) {
+  value_ = value;
+  typed_ = false;
+  show();
+}
+
+bool CurrencyEdit::isEmpty() const { return text().trimmed().isEmpty(); }
+
+void CurrencyEdit::clear() {
+  value_.reset();
+  typed_ = false;
+  show();
+}
+
+int CurrencyEdit::digitCount() const {
+  const QString shown = text();
+  return int(std::count_if(shown.begin(), shown.end(), isDigit));
+}
+
+void CurrencyEdit::setText(const QString& text) {
+  EditBox::setText(text);
+  readText();
+}
+
+Value CurrencyEdit::editValue() const {
+  if (!typed_) return value_ ? Value(*value_) : Value();
+  if (isEmpty()) return {};
+  const auto number = NumberText::toDouble(text());
+  if (!number) throw EConvertError(complaintAbout(text()));
+  return *number;
+}
+
+void CurrencyEdit::setEditValue(const Value& value) {
+  if (value.isNull())
+    clear();
+  else
+    setValue(value.toDouble());
+}
+
+void CurrencyEdit::resetEdit(int) {
+  setValue(0);
+  setErrorText({});
+}
+
+/// The untouched value as it is shown: plain with the focus, by the display format without.
+void CurrencyEdit::show() {
+  showing_ = true;
+  if (!value_)
+    line()->setText({});
+  else if (line()->hasFocus() && !isReadOnly())
+    line()->setText(NumberText::fromDouble(*value_));
+  else
+    line()->setText(NumberText::formatted(displayFormat_, *value_));
+  showing_ = false;
+}
+
+/// Takes the typed text over as the value; a text that is no number stays and is marked.
+void CurrencyEdit::readText() {
+  if (!typed_) return;
+  if (const auto number = NumberText::toDouble(text()); number || isEmpty()) {
+    value_ = number;
+    typed_ = false;
+    show();
+  } else {
+    setErrorText(complaintAbout(text()));
+  }
+}
+
+void CurrencyEdit::keyPress(QString& characters) {
+  EditBox::keyPress(characters);
+  characters.removeIf([](QChar c) { return !isDigit(c) && !u",.-"_s.contains(c); });
+  if (characters.isEmpty()) return;
+  const int start = line()->hasSelectedText() ? line()->selectionStart() : line()->cursorPosition();
+  QString whole = text();
+  whole.replace(start, line()->selectedText().size(), characters);
+  const qsizetype minus = whole.lastIndexOf(u'-');
+  const qsizetype comma = whole.indexOf(u',');
+  const bool tooFine = comma >= 0 && start > comma && whole.size() - comma - 1 > decimalPlaces_;
+  if (minus > 0 || comma != whole.lastIndexOf(u',') || tooFine) characters.clear();
+}
+
+QString CurrencyEdit::pasteRefusal(const QString&, const QString& whole) const {
+  return NumberText::toDouble(whole) ? QString() : complaintAbout(whole);
+}
+
+void CurrencyEdit::entering() {
+  valueAtEntry_ = value_;
+  if (!typed_) show();
+}
+
+void CurrencyEdit::leaving() {
+  readText();
+  if (typed_) return;
+  show();
+  if (value_ != valueAtEntry_) Q_EMIT valueChanged();
+}

@@ -1,0 +1,98 @@
+#include "toolkit/edits/date_edit.h"
+
+#include "app/date_text.h"
+#include "app/environment.h"
+#include "app/guard.h"
+#include "toolkit/edits/drop_down.h"
+
+#include <QCalendarWidget>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QTextCharFormat>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+DateEdit::DateEdit(QWidget* parent) : ParsedEdit(parent) {
+  auto arrow = arrowButton();
+  arrow.hint = u"Takvimi Aç"_s;
+  addButton(arrow);
+  connectGuarded(this, &EditBox::buttonClicked, this, [this](int index) {
+    if (index == 0) dropDown();
+  });
+}
+
+QDate DateEdit::date() const { return editValue().toDate(); }
+
+void DateEdit::setDate(QDate date) { setText(DateText::date(date)); }
+
+void DateEdit::setEditValue(const Value& value) { setDate(value.toDate()); }
+
+Value DateEdit::parsed(const QString& text) const { return DateText::toDate(text).value_or(QDate()); }
+
+QString DateEdit::shown(const Value& value) const { return DateText::date(value.toDate()); }
+
+QString DateEdit::complaint() const { return u"\"%1\" geçerli bir tarih değil."_s.arg(text()); }
+
+bool DateEdit::takes(QChar character) const { return (character >= u'0' && character <= u'9') || u"./-"_s.contains(character); }
+
+void DateEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
+  if (key == Qt::Key_F4 || (key == Qt::Key_Down && modifiers.testFlag(Qt::AltModifier))) {
+    key = 0;
+    dropDown();
+    return;
+  }
+  ParsedEdit::keyDown(key, modifiers);
+}
+
+bool DateEdit::isDropDownOpen() const { return dropDown_ && dropDown_->isVisible(); }
+
+void DateEdit::dropDown() {
+  if (isReadOnly() || !isEnabled()) return;
+  if (!dropDown_) buildCalendar();
+  if (isDropDownOpen()) return dropDown_->hide();
+  if (dropDown_->hasJustClosed()) return;
+  setFocus(Qt::OtherFocusReason);
+  const QDate typed = DateText::toDate(text()).value_or(QDate());
+  calendar_->setSelectedDate(typed.isValid() ? typed : environment().today());
+  dropDown_->openUnder(dropDown_->sizeHint());
+  calendar_->setFocus(Qt::PopupFocusReason);
+}
+
+void DateEdit::buildCalendar() {
+  auto* content = new QWidget;
+  calendar_ = new QCalendarWidget(content);
+  calendar_->setLocale(QLocale(QLocale::Turkish, QLocale::Turkey));
+  calendar_->setFirstDayOfWeek(Qt::Monday);
+  calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+  calendar_->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+  calendar_->setDateEditEnabled(false);
+  calendar_->setAccessibleName(u"Takvim"_s);
+  auto* today = new QPushButton(u"Bugün"_s, content);
+  auto* empty = new QPushButton(u"Temizle"_s, content);
+
+  auto* column = new QVBoxLayout(content);
+  column->setContentsMargins(4, 4, 4, 4);
+  column->addWidget(calendar_);
+  auto* row = new QHBoxLayout;
+  row->addWidget(today);
+  row->addWidget(empty);
+  column->addLayout(row);
+  content->setFocusProxy(calendar_);
+
+  dropDown_ = new DropDown(this, content, nullptr, false);
+  connectGuarded(calendar_, &QCalendarWidget::clicked, this, [this](QDate date) { take(date); });
+  connectGuarded(calendar_, &QCalendarWidget::activated, this, [this](QDate date) { take(date); });
+  connectGuarded(today, &QPushButton::clicked, this, [this] { take(environment().today()); });
+  connectGuarded(empty, &QPushButton::clicked, this, [this] { take({}); });
+}
+
+/// A click tells of itself twice (clicked, activated): the second finds the calendar closed.
+void DateEdit::take(QDate date) {
+  if (!isDropDownOpen()) return;
+  dropDown_->hide();
+  setDate(date);
+  line()->selectAll();
+  Q_EMIT textEdited(text());
+  Q_EMIT dateTaken(date);
+}

@@ -1,0 +1,97 @@
+#include "toolkit/edits/edit_button.h"
+
+#include "toolkit/edits/edit_frame.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QColor blended(const QColor& base, const QColor& tint, double share) {
+  return QColor::fromRgbF(float(base.redF() + (tint.redF() - base.redF()) * share),
+                          float(base.greenF() + (tint.greenF() - base.greenF()) * share),
+                          float(base.blueF() + (tint.blueF() - base.blueF()) * share));
+}
+
+}  // namespace
+
+EditButton labelButton(const QString& caption) {
+  return {caption, {}, {}, EditFrame::captionWidth, EditButton::Left, true};
+}
+
+EditButton ellipsisButton(const QString& hint) { return {u"…"_s, {}, hint, 22, EditButton::Right, false}; }
+
+EditButton arrowButton() { return {u"▾"_s, {}, u"Listeyi Aç"_s, 20, EditButton::Right, false}; }
+
+EditSideButton::EditSideButton(const EditButton& description, QWidget* parent)
+    : QToolButton(parent), isLabel_(description.isLabel), width_(description.width), isArrow_(description.caption == u"▾"_s) {
+  setFocusPolicy(Qt::NoFocus);
+  setAutoRaise(true);
+  setIcon(description.icon);
+  setToolTip(description.hint);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+  setCursor(Qt::ArrowCursor);
+  setCaption(description.caption);
+}
+
+void EditSideButton::setCaption(const QString& caption) {
+  setText(caption);
+  const QString name = isLabel_ || toolTip().isEmpty() ? caption.trimmed() : toolTip();
+  setAccessibleName(name);
+  updateGeometry();
+  update();
+}
+
+QSize EditSideButton::sizeHint() const {
+  const int content = icon().isNull() ? fontMetrics().horizontalAdvance(text()) : iconSize().width();
+  return {width_ > 0 ? width_ : content + 10, fontMetrics().height()};
+}
+
+/// Captions are capitals with leading blanks; a narrower cut of the font, and then a smaller one, keeps all of it in view.
+QFont EditSideButton::captionFont() const {
+  QFont font = this->font();
+  const int room = width() - 4;
+  for (const int stretch : {100, 90, 80}) {
+    font.setStretch(stretch);
+    if (QFontMetrics(font).horizontalAdvance(text()) <= room) return font;
+  }
+  for (double size = font.pointSizeF() - 0.5; size > 5; size -= 0.5) {
+    font.setPointSizeF(size);
+    if (QFontMetrics(font).horizontalAdvance(text()) <= room) break;
+  }
+  return font;
+}
+
+void EditSideButton::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QColor tint = palette().color(QPalette::Highlight);
+  const QColor ground = palette().color(QPalette::Button);
+  double share = isLabel_ ? 0.10 : 0.0;
+  if (isEnabled() && underMouse()) share += 0.12;
+  if (isDown()) share += 0.15;
+  painter.fillRect(rect(), blended(ground, tint, share));
+
+  const bool atLeft = isLabel_;
+  painter.setPen(palette().color(QPalette::Mid));
+  const int edge = atLeft ? width() - 1 : 0;
+  painter.drawLine(edge, 0, edge, height() - 1);
+
+  const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+  painter.setPen(palette().color(group, QPalette::ButtonText));
+  if (!icon().isNull()) {
+    icon().paint(&painter, rect().adjusted(2, 2, -2, -2), Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  } else if (isArrow_) {
+    QStyleOption option;
+    option.initFrom(this);
+    option.rect = QRect(0, 0, 10, 10);
+    option.rect.moveCenter(rect().center());
+    style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter, this);
+  } else {
+    painter.setFont(captionFont());
+    const int alignment = isLabel_ ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter;
+    painter.drawText(rect().adjusted(1, 0, -2, 0), alignment | Qt::TextSingleLine, text());
+  }
+}

@@ -1,0 +1,51 @@
+#include "toolkit/edits/edit_frame.h"
+
+#include "app/turkish_text.h"
+
+#include <QApplication>
+#include <QPainter>
+
+QString inCase(CharCase charCase, const QString& text) {
+  switch (charCase) {
+    case CharCase::Upper:
+      return TurkishText::upper(text);
+    case CharCase::Lower:
+      return TurkishText::lower(text);
+    case CharCase::Normal:
+      break;
+  }
+  return text;
+}
+
+EditFrame::EditFrame(QWidget* parent) : QFrame(parent) { setFrameShape(QFrame::NoFrame); }
+
+void EditFrame::setErrorText(const QString& text) {
+  if (text == errorText_) return;
+  if (errorText_.isEmpty()) plainHint_ = toolTip();
+  errorText_ = text;
+  setToolTip(text.isEmpty() ? plainHint_ : text);
+  inner()->setAccessibleDescription(text);
+  update();
+}
+
+int EditFrame::oneLineHeight() const { return fontMetrics().height() + 8; }
+
+void EditFrame::nameBy(const QString& caption) {
+  setAccessibleName(caption.trimmed());
+  inner()->setAccessibleName(caption.trimmed());
+}
+
+void EditFrame::paintEvent(QPaintEvent*) {
+  const bool focused = inner()->hasFocus();
+  QColor border = palette().color(QPalette::Mid);
+  if (focused) border = palette().color(QPalette::Highlight);
+  if (hasError()) border = QColor(0xC6, 0x28, 0x28);
+  const qreal width = focused || hasError() ? 2 : 1;
+  const auto group = isEnabled() ? QPalette::Active : QPalette::Disabled;
+
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(border, width));
+  painter.setBrush(palette().brush(group, isEnabled() ? QPalette::Base : QPalette::Window));
+  painter.drawRoundedRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2), 2, 2);
+}

@@ -1,0 +1,163 @@
+#include "toolkit/edits/edit_line.h"
+
+#include "app/guard.h"
+#include "toolkit/edits/balloon.h"
+#include "toolkit/edits/edit_box.h"
+#include "toolkit/edits/edit_menu.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// One line of it: a line break at the end falls away, those within become blanks.
+QString asOneLine(QString text) {
+  text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\t', u' ');
+  while (text.endsWith(u'\n')) text.chop(1);
+  return text.replace(u'\n', u' ');
+}
+
+bool isPrintable(const QString& text) {
+  return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c.isPrint() || c.isSurrogate(); });
+}
+
+}  // namespace
+
+EditLine::EditLine(EditBox* box) : QLineEdit(box), box_(box) {
+  setFrame(false);
+  setAttribute(Qt::WA_MacShowFocusRect, false);
+}
+
+bool EditLine::event(QEvent* event) {
+  if (event->type() != QEvent::KeyPress || !box_) return QLineEdit::event(event);
+  bool done = false;
+  guarded(this, [&] {
+    auto* press = static_cast<QKeyEvent*>(event);
+    if (box_->keyFilter_ && box_->keyFilter_(*press)) {
+      done = true;
+      return;
+    }
+    int key = press->key();
+    box_->keyDown(key, press->modifiers());
+    if (key == press->key()) return;
+    done = true;
+    if (key == Qt::Key_Tab) focusNextPrevChild(true);
+  });
+  if (!done) return QLineEdit::event(event);
+  event->accept();
+  return true;
+}
+
+void EditLine::keyPressEvent(QKeyEvent* event) {
+  guarded(this, [&] {
+    if (event->matches(QKeySequence::Paste)) {
+      pasteText(QApplication::clipboard()->text());
+      event->accept();
+    } else if (isPrintable(event->text()) && !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier))) {
+      typeText(event->text());
+      event->accept();
+    } else {
+      QLineEdit::keyPressEvent(event);
+    }
+  });
+}
+
+void EditLine::typeText(QString characters) {
+  box_->keyPress(characters);
+  if (characters.isEmpty() || isReadOnly()) return;
+  characters = inCase(box_->charCase(), characters);
+  if (hasRoomFor(characters.size())) insert(characters);
+}
+
+bool EditLine::hasRoomFor(qsizetype length) const {
+  return box_->maxLength() == 0 || text().size() - selectedText().size() + length <= box_->maxLength();
+}
+
+void EditLine::pasteText(const QString& pasted) {
+  if (isReadOnly() || pasted.isEmpty() || !box_) return;
+  const QString text = inCase(box_->charCase(), asOneLine(pasted));
+  QString whole = this->text();
+  const int place = hasSelectedText() ? selectionStart() : cursorPosition();
+  whole.replace(place, selectedText().size(), text);
+
+  QString refusal;
+  if (!isPrintable(text))
+    refusal = u"Yapıştırılan metin kullanılamayan karakterler içeriyor."_s;
+  else if (!hasRoomFor(text.size()))
+    refusal = u"Bu alana en çok %1 karakter girilebilir, metin eklenmedi."_s.arg(box_->maxLength());
+  else
+    refusal = box_->pasteRefusal(text, whole);
+  if (refusal.isEmpty())
+    insert(text);
+  else
+    refusalBalloon().showAt(box_, refusal);
+}
+
+void EditLine::inputMethodEvent(QInputMethodEvent* event) {
+  guarded(this, [&] {
+    if (!box_ || event->commitString().isEmpty()) return QLineEdit::inputMethodEvent(event);
+    const QString committed = event->commitString();
+    QInputMethodEvent finished;
+    QLineEdit::inputMethodEvent(&finished);
+    if (isPrintable(committed)) typeText(committed);
+    event->accept();
+  });
+}
+
+void EditLine::contextMenuEvent(QContextMenuEvent* event) {
+  guarded(this, [&] { showEditMenu(this, event->globalPos()); });
+}
+
+void EditLine::mousePressEvent(QMouseEvent* event) {
+  QLineEdit::mousePressEvent(event);
+  guarded(this, [&] {
+    if (box_ && event->button() == Qt::LeftButton) box_->lineClicked();
+  });
+}
+
+void EditLine::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::MiddleButton || !QApplication::clipboard()->supportsSelection())
+    return QLineEdit::mouseReleaseEvent(event);
+  guarded(this, [&] {
+    const QString selection = QApplication::clipboard()->text(QClipboard::Selection);
+    setCursorPosition(cursorPositionAt(event->pos()));
+    pasteText(selection);
+  });
+}
+
+void EditLine::dropEvent(QDropEvent* event) {
+  guarded(this, [&] {
+    if (event->source() == this || !event->mimeData()->hasText()) return QLineEdit::dropEvent(event);
+    setCursorPosition(cursorPositionAt(event->position().toPoint()));
+    pasteText(event->mimeData()->text());
+    event->acceptProposedAction();
+  });
+}
+
+void EditLine::wheelEvent(QWheelEvent* event) {
+  event->ignore();
+  guarded(this, [&] {
+    const int steps = event->angleDelta().y() / 120;
+    if (box_ && hasFocus() && steps != 0 && !box_->isReadOnly()) event->setAccepted(box_->wheelSteps(steps));
+  });
+}
+
+void EditLine::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  if (box_) guarded(this, [&] { box_->focusCame(event->reason()); });
+}
+
+void EditLine::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  if (box_) guarded(this, [&] { box_->focusWent(event->reason()); });
+}

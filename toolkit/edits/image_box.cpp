@@ -1,0 +1,83 @@
+#include "toolkit/edits/image_box.h"
+
+#include "app/exceptions.h"
+#include "app/guard.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPainter>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Longest side that is kept decoded; more than any screen shows of it.
+constexpr int longestSide = 2560;
+
+QImage decoded(const QByteArray& bytes) {
+  QBuffer buffer;
+  buffer.setData(bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer);
+  reader.setAutoTransform(true);
+  const QSize size = reader.size();
+  if (size.isValid() && std::max(size.width(), size.height()) > longestSide)
+    reader.setScaledSize(size.scaled(longestSide, longestSide, Qt::KeepAspectRatio));
+  const QImage image = reader.read();
+  if (image.isNull()) throw Exception(u"Resim bozuk veya türü bilinmiyor."_s);
+  return image;
+}
+
+}  // namespace
+
+ImageBox::ImageBox(QWidget* parent) : QFrame(parent) { setFrameStyle(QFrame::StyledPanel | QFrame::Sunken); }
+
+void ImageBox::setImageBytes(const QByteArray& bytes) {
+  if (bytes.isEmpty()) return clearImage();
+  image_ = decoded(bytes);
+  bytes_ = bytes;
+  update();
+}
+
+void ImageBox::clearImage() {
+  bytes_.clear();
+  image_ = {};
+  update();
+}
+
+void ImageBox::setEmptyText(const QString& text) {
+  emptyText_ = text;
+  update();
+}
+
+Value ImageBox::editValue() const { return bytes_.isEmpty() ? Value() : Value(bytes_); }
+
+void ImageBox::setEditValue(const Value& value) {
+  const auto* bytes = std::get_if<QByteArray>(&value.data());
+  if (!bytes && !value.isNull()) throw EConvertError(u"Değer bir resim değil."_s);
+  setImageBytes(bytes ? *bytes : QByteArray());
+}
+
+void ImageBox::resetEdit(int) { clearImage(); }
+
+QSize ImageBox::sizeHint() const { return {320, 240}; }
+
+void ImageBox::paintEvent(QPaintEvent* event) {
+  QFrame::paintEvent(event);
+  guarded(this, [&] {
+    QPainter painter(this);
+    const QRect room = contentsRect();
+    painter.fillRect(room, palette().base());
+    if (image_.isNull()) {
+      painter.setPen(palette().color(QPalette::PlaceholderText));
+      painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
+      return;
+    }
+    QRect place(QPoint(), image_.size().scaled(room.size(), Qt::KeepAspectRatio).boundedTo(image_.size()));
+    place.moveCenter(room.center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawImage(place, image_);
+  });
+}

@@ -1,0 +1,194 @@
+#include "toolkit/edits/lookup_edit.h"
+
+#include "app/guard.h"
+#include "app/turkish_text.h"
+#include "toolkit/edits/drop_down.h"
+#include "toolkit/edits/lookup_model.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QTableView>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int shownRows = 12;
+
+}  // namespace
+
+LookupEdit::LookupEdit(QWidget* parent) : EditBox(parent), model_(new LookupModel(this)) {
+  setEnterMovesOn(true);
+  addButton(arrowButton());
+  connectGuarded(this, &EditBox::buttonClicked, this, [this](int index) {
+    if (index == 0) dropDown();
+  });
+  connectGuarded(line(), &QLineEdit::textEdited, this, [this](const QString& typed) {
+    if (typed.isEmpty())
+      settle();
+    else
+      open(typed);
+  });
+}
+
+LookupEdit::~LookupEdit() = default;
+
+void LookupEdit::setSource(const LookupSource* source) {
+  closeUp();
+  source_ = source;
+  model_->setSource(source);
+}
+
+void LookupEdit::sourceChanged() { setSource(source_); }
+
+int LookupEdit::findEntry(const QString& text) const {
+  if (!source_ || text.isEmpty()) return -1;
+  const QString wanted = TurkishText::fold(text);
+  for (int row = 0; row < source_->rowCount(); ++row)
+    if (TurkishText::fold(source_->text(row, 0)) == wanted) return row;
+  return -1;
+}
+
+bool LookupEdit::isDropDownOpen() const { return dropDown_ && dropDown_->isVisible(); }
+
+void LookupEdit::dropDown() {
+  if (isReadOnly() || !isEnabled()) return;
+  if (isDropDownOpen()) return closeUp();
+  if (dropDown_ && dropDown_->hasJustClosed()) return;
+  setFocus(Qt::OtherFocusReason);
+  open({});
+}
+
+void LookupEdit::closeUp() {
+  if (isDropDownOpen()) dropDown_->hide();
+}
+
+void LookupEdit::setText(const QString& text) {
+  EditBox::setText(text);
+  settledText_ = text;
+}
+
+void LookupEdit::resetEdit(int maximumLength) {
+  closeUp();
+  EditBox::resetEdit(maximumLength);
+}
+
+void LookupEdit::buildDropDown() {
+  table_ = new QTableView;
+  table_->setModel(model_);
+  table_->setFocusPolicy(Qt::NoFocus);
+  table_->setFrameShape(QFrame::NoFrame);
+  table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+  table_->setSelectionMode(QAbstractItemView::SingleSelection);
+  table_->setShowGrid(false);
+  table_->setAlternatingRowColors(true);
+  table_->setWordWrap(false);
+  table_->setCornerButtonEnabled(false);
+  table_->verticalHeader()->hide();
+  table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  table_->verticalHeader()->setMinimumSectionSize(1);
+  table_->horizontalHeader()->setHighlightSections(false);
+  table_->horizontalHeader()->setStretchLastSection(true);
+  dropDown_ = new DropDown(this, table_, line(), true);
+  connectGuarded(table_, &QTableView::clicked, this, [this](const QModelIndex& index) { take(model_->sourceRow(index.row())); });
+}
+
+/// Shows the entries that fit filter. Only an entry that equals the text is marked: marking the first one would make
+/// ENTER replace a new text by a longer known one.
+void LookupEdit::open(const QString& filter) {
+  if (!source_ || isReadOnly()) return;
+  if (!dropDown_) buildDropDown();
+  model_->setFilter(filter);
+  if (model_->rowCount() == 0) return closeUp();
+
+  const int rowHeight = fontMetrics().height() + 4;
+  table_->verticalHeader()->setDefaultSectionSize(rowHeight);
+  table_->setAccessibleName(accessibleName());
+  int width = table_->verticalScrollBar()->sizeHint().width() + 2;
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    if (!isDropDownOpen()) table_->setColumnWidth(column, source_->width(column));
+    width += source_->width(column);
+  }
+  if (!isDropDownOpen())
+    dropDown_->openUnder({width, rowHeight * shownRows + table_->horizontalHeader()->sizeHint().height() + 2});
+  const int equal = model_->rowOf(findEntry(text()));
+  if (equal >= 0)
+    table_->selectRow(equal);
+  else
+    table_->setCurrentIndex({});
+  if (equal >= 0) table_->scrollTo(model_->index(equal, 0), QAbstractItemView::PositionAtCenter);
+}
+
+void LookupEdit::take(int row) {
+  closeUp();
+  setText(source_->text(row, 0));
+  line()->end(false);
+  Q_EMIT textEdited(text());
+  Q_EMIT entryTaken(row);
+}
+
+void LookupEdit::moveHighlight(int by) {
+  const int now = table_->currentIndex().isValid() ? table_->currentIndex().row() : -1;
+  const int next = std::clamp(now < 0 && by < 0 ? model_->rowCount() - 1 : now + by, 0, model_->rowCount() - 1);
+  table_->selectRow(next);
+  table_->scrollTo(model_->index(next, 0));
+}
+
+void LookupEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
+  const bool alt = modifiers.testFlag(Qt::AltModifier);
+  if (key == Qt::Key_F4 || (alt && (key == Qt::Key_Down || key == Qt::Key_Up))) {
+    key = 0;
+    return dropDown();
+  }
+  if (!isDropDownOpen()) {
+    if (key != Qt::Key_Down || modifiers.testFlag(Qt::ShiftModifier)) return EditBox::keyDown(key, modifiers);
+    key = 0;
+    return dropDown();
+  }
+  const int page = std::max(1, table_->viewport()->height() / table_->verticalHeader()->defaultSectionSize() - 1);
+  switch (key) {
+    case Qt::Key_Up:
+      moveHighlight(-1);
+      break;
+    case Qt::Key_Down:
+      moveHighlight(1);
+      break;
+    case Qt::Key_PageUp:
+      moveHighlight(-page);
+      break;
+    case Qt::Key_PageDown:
+      moveHighlight(page);
+      break;
+    case Qt::Key_Escape:
+      closeUp();
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+      if (table_->currentIndex().isValid()) {
+        take(model_->sourceRow(table_->currentIndex().row()));
+        if (key == Qt::Key_Tab) return;
+        break;
+      }
+      closeUp();
+      return EditBox::keyDown(key, modifiers);
+    default:
+      return EditBox::keyDown(key, modifiers);
+  }
+  key = 0;
+}
+
+/// Tells once what a text typed by the user amounts to.
+void LookupEdit::settle() {
+  closeUp();
+  if (text() == settledText_) return;
+  settledText_ = text();
+  if (const int row = findEntry(text()); row >= 0)
+    Q_EMIT entryTaken(row);
+  else
+    Q_EMIT entryDropped();
+}
+
+void LookupEdit::leaving() { settle(); }

@@ -1,0 +1,24 @@
+#include "toolkit/edits/time_edit.h"
+
+#include "app/date_text.h"
+
+using namespace Qt::StringLiterals;
+
+TimeEdit::TimeEdit(QWidget* parent) : ParsedEdit(parent) {}
+
+QTime TimeEdit::time() const { return editValue().toTime(); }
+
+void TimeEdit::setTime(QTime time) { setText(time.isValid() ? shown(time) : QString()); }
+
+void TimeEdit::setEditValue(const Value& value) { setTime(value.toTime()); }
+
+Value TimeEdit::parsed(const QString& text) const { return DateText::toTime(text).value_or(QTime()); }
+
+QString TimeEdit::shown(const Value& value) const {
+  const QTime time = value.toTime();
+  return time.second() == 0 ? time.toString(u"HH:mm"_s) : DateText::time(time);
+}
+
+QString TimeEdit::complaint() const { return u"\"%1\" geçerli bir saat değil."_s.arg(text()); }
+
+bool TimeEdit::takes(QChar character) const { return (character >= u'0' && character <= u'9') || u":."_s.contains(character); }
