@@ -1,0 +1,103 @@
+-- Plausible data in a repeatable way: every choice comes from the row's number, none from chance or the clock.
+-- @N@ slips, @CUSTOMERS@ customers, @CONTRACTS@ contracts, @CALLS@ calls; each behind what is there already.
+
+SET NAMES utf8mb4;
+SET SESSION sql_mode = 'NO_ENGINE_SUBSTITUTION';
+
+SET @customers = (SELECT COALESCE(MAX(CA_ID), 0) FROM cari);
+SET @devices = (SELECT COALESCE(MAX(CH_ID), 0) FROM caricihaz);
+SET @slips = (SELECT COALESCE(MAX(TS_ID), 0) FROM teknikservis);
+SET @number = (SELECT GREATEST(99, COALESCE(MAX(TS_NO + 0), 0)) FROM teknikservis);
+SET @contracts = (SELECT COALESCE(MAX(SOZ_ID), 0) FROM sozlesme);
+
+CREATE TEMPORARY TABLE ad (NO INT PRIMARY KEY AUTO_INCREMENT, AD VARCHAR(20)) CHARSET=latin5;
+INSERT INTO ad (AD) VALUES ('AYŞE'),('MEHMET'),('FATMA'),('MUSTAFA'),('EMİNE'),('AHMET'),('HATİCE'),('ALİ'),('ZEYNEP'),('HÜSEYİN'),
+  ('ELİF'),('HASAN'),('MERYEM'),('İBRAHİM'),('ŞERİFE'),('İSMAİL'),('ZEHRA'),('OSMAN'),('SULTAN'),('YUSUF'),('HANİFE'),('MURAT'),
+  ('MERVE'),('ÖMER'),('HAVVA'),('RAMAZAN'),('ÖZLEM'),('HALİL'),('YASEMİN'),('SÜLEYMAN'),('TUĞBA'),('ABDULLAH'),('ÇİĞDEM'),('MAHMUT'),
+  ('GÜLŞEN'),('RECEP'),('IŞIL'),('SALİH'),('ÜMRAN'),('FATİH');
+CREATE TEMPORARY TABLE soyad (NO INT PRIMARY KEY AUTO_INCREMENT, AD VARCHAR(20)) CHARSET=latin5;
+INSERT INTO soyad (AD) VALUES ('YILMAZ'),('KAYA'),('DEMİR'),('ŞAHİN'),('ÇELİK'),('YILDIZ'),('YILDIRIM'),('ÖZTÜRK'),('AYDIN'),('ÖZDEMİR'),
+  ('ARSLAN'),('DOĞAN'),('KILIÇ'),('ASLAN'),('ÇETİN'),('KARA'),('KOÇ'),('KURT'),('ÖZKAN'),('ŞİMŞEK'),('POLAT'),('KORKMAZ'),('ÇAKIR'),
+  ('ERDOĞAN'),('IŞIK'),('ÜNAL'),('TEKİN'),('GÜNEŞ'),('BULUT'),('KESKİN'),('AVCI'),('TURAN'),('ATEŞ'),('GÜLER'),('YAVUZ'),('CAN'),
+  ('BOZKURT'),('ÖZER'),('SARI'),('DUMAN');
+CREATE TEMPORARY TABLE yer (NO INT PRIMARY KEY AUTO_INCREMENT, ILCE VARCHAR(30)) CHARSET=latin5;
+INSERT INTO yer (ILCE) VALUES ('KADIKÖY / İSTANBUL'),('ÇANKAYA / ANKARA'),('KONAK / İZMİR'),('NİLÜFER / BURSA'),('MURATPAŞA / ANTALYA'),
+  ('ÜSKÜDAR / İSTANBUL'),('BORNOVA / İZMİR'),('SEYHAN / ADANA'),('SELÇUKLU / KONYA'),('ŞİŞLİ / İSTANBUL'),('YENİMAHALLE / ANKARA'),
+  ('İZMİT / KOCAELİ'),('ODUNPAZARI / ESKİŞEHİR'),('ATAKUM / SAMSUN'),('ORTAHİSAR / TRABZON'),('ŞAHİNBEY / GAZİANTEP');
+
+CREATE TEMPORARY TABLE urun (NO INT PRIMARY KEY AUTO_INCREMENT, AD VARCHAR(60), TURU VARCHAR(40), MARKA VARCHAR(30)) CHARSET=latin5;
+INSERT INTO urun (AD, TURU, MARKA) VALUES ('DİZÜSTÜ BİLGİSAYAR','BİLGİSAYAR','TX-500'),('MASAÜSTÜ BİLGİSAYAR','BİLGİSAYAR','PRO 7'),
+  ('LAZER YAZICI','YAZICI','LP-1020'),('FİŞ YAZICI','YAZICI','TM-88'),('BARKOD OKUYUCU','OKUYUCU','BC-22'),('CEP TELEFONU','TELEFON','A12'),
+  ('TABLET','TABLET','TAB 10'),('MONİTÖR','EKRAN','M-24'),('ÇAMAŞIR MAKİNESİ','BEYAZ EŞYA','CM-9'),('BULAŞIK MAKİNESİ','BEYAZ EŞYA','BM-6'),
+  ('BUZDOLABI','BEYAZ EŞYA','BD-450'),('KLİMA','İKLİMLENDİRME','12000 BTU'),('KOMBİ','ISITMA','K-24'),('ELEKTRİKLİ SÜPÜRGE','EV ALETİ','ES-2'),
+  ('YAZARKASA','KASA','YK-300'),('GÜVENLİK KAMERASI','KAMERA','GK-4');
+INSERT INTO cihaz (C_AD, C_TURU, C_MARKA, C_URETICI)
+  SELECT AD, TURU, MARKA, CONCAT('UK', LPAD(NO, 4, '0')) FROM urun WHERE NOT EXISTS (SELECT 1 FROM cihaz) ORDER BY NO;
+INSERT IGNORE INTO servistip (SERVIS_AD) VALUES ('ATÖLYE'),('YERİNDE SERVİS'),('KARGO İLE'),('BAKIM'),('KURULUM');
+INSERT IGNORE INTO disservis (DS_AD, DS_ADRES, DS_ILCE_IL, DS_YETKILI, DS_TEL)
+  SELECT CONCAT(soyad.AD, ' YETKİLİ SERVİS'), 'SANAYİ SİTESİ 12. SOKAK', yer.ILCE, ad.AD, CONCAT('0312', 4000000 + soyad.NO)
+  FROM soyad JOIN yer ON yer.NO = 1 + MOD(soyad.NO, 16) JOIN ad ON ad.NO = soyad.NO WHERE soyad.NO <= 12;
+
+-- A word and a surname each name 1600 people; from there on a number tells them apart.
+INSERT INTO cari (CA_ID, CA_NO, CA_AD, CA_UNVAN, CA_ADRES, CA_ILCE, CA_YETKILI, CA_CEP, CA_TEL, CA_EPOSTA, CA_BAKIYE)
+  SELECT @customers + seq, CONCAT('C', LPAD(@customers + seq, 6, '0')),
+    CONCAT(ad.AD, ' ', soyad.AD, IF(@customers + seq < 1600, '', CONCAT(' ', (@customers + seq) DIV 1600))),
+    IF(MOD(seq, 4) = 0, CONCAT(soyad.AD, ' TİCARET LTD. ŞTİ.'), NULL),
+    CONCAT(ELT(1 + MOD(CRC32(seq), 4), 'ATATÜRK CAD.', 'CUMHURİYET MAH. GÜL SOK.', 'İNÖNÜ BULVARI', 'FEVZİ ÇAKMAK CAD.'), ' NO: ', 1 + MOD(seq, 180)),
+    yer.ILCE, CONCAT(ad.AD, ' ', soyad.AD), CONCAT('05', 30 + MOD(seq, 30), LPAD(MOD(CRC32(CONCAT('cep', seq)), 10000000), 7, '0')),
+    CONCAT('0212', LPAD(MOD(CRC32(CONCAT('tel', seq)), 10000000), 7, '0')),
+    IF(MOD(seq, 3) = 0, CONCAT('musteri', @customers + seq, '@ornek.com.tr'), NULL), 0
+  FROM seq_1_to_@CUSTOMERS@ s
+  JOIN ad ON ad.NO = 1 + MOD(@customers + seq, 40) JOIN soyad ON soyad.NO = 1 + MOD((@customers + seq) DIV 40, 40)
+  JOIN yer ON yer.NO = 1 + MOD(CRC32(CONCAT('yer', seq)), 16);
+
+INSERT INTO caricihaz (CH_ID, CH_CA_ID, CH_MODEL, CH_SERI)
+  SELECT @devices + seq, @customers + seq, urun.AD, CONCAT('SR', LPAD(@devices + seq, 8, '0'))
+  FROM seq_1_to_@CUSTOMERS@ s JOIN urun ON urun.NO = 1 + MOD(CRC32(CONCAT('urun', seq)), 16);
+
+-- Slips spread over three years, the newest with the highest number.
+INSERT INTO teknikservis (TS_ID, TS_NO, TS_TARIH, TS_SAAT, TS_TESLIM_TARIH, TS_SERVIS_TIP, TS_HIZMET_TIP, TS_TURU, TS_ACIKLAMA,
+    TS_TEKNISYEN, TS_MUSTERI, TS_UNVAN, TS_M_NO, TS_ADRES, TS_ILCE, TS_YETKILI, TS_TEL, TS_CEP, TS_EPOSTA, TS_C_SERINO, TS_C_RAFNO,
+    TS_C_AD, TS_C_MARKA, TS_C_TURU, TS_C_EKPARCA, TS_C_SIKAYET, TS_C_TEKNISYEN_NOT, TS_MALIYET, TS_SERVIS_TUTAR, TS_ISCILIK_TUTAR,
+    TS_PARCA_TUTAR, TS_TUTAR, TS_ODEME_SEKLI, TS_DISSERVIS, TS_DISSERVIS_CIKIS, TS_DISSERVIS_TESLIM_SURE, TS_HATIRLATMA_TARIH,
+    TS_HATIRLATMA_SAAT, TS_HATIRLATMA_NOTU, TS_USER, TS_USER_TIME)
+  SELECT @slips + seq, @number + seq, d.TARIH, SEC_TO_TIME(28800 + MOD(h, 36000)), IF(durum.NO >= 14, d.TARIH + INTERVAL 5 DAY, NULL),
+    ELT(1 + MOD(h, 5), 'ATÖLYE', 'YERİNDE SERVİS', 'KARGO İLE', 'BAKIM', 'KURULUM'), ELT(1 + MOD(h, 4), 'VAR', 'YOK', 'BELİRSİZ', NULL),
+    durum.AD, IF(MOD(h, 7) = 0, 'ACİL', NULL), ELT(1 + MOD(h, 4), 'KEMAL USTA', 'SERAP HANIM', 'TARIK', 'İSMAİL'),
+    c.CA_AD, c.CA_UNVAN, c.CA_NO, c.CA_ADRES, c.CA_ILCE, c.CA_YETKILI, c.CA_TEL, c.CA_CEP, c.CA_EPOSTA,
+    CONCAT('SN', LPAD(MOD(h, 4000000), 7, '0')), IF(MOD(h, 3) = 0, CONCAT('SR', LPAD(c.CA_ID, 8, '0')), NULL),
+    urun.AD, urun.MARKA, urun.TURU, ELT(1 + MOD(h, 4), 'ŞARJ ALETİ', 'ÇANTA', 'KABLO, KUTU', NULL),
+    ELT(1 + MOD(h, 6), 'AÇILMIYOR', 'SES GELMİYOR', 'ISINIYOR, KAPANIYOR', 'EKRAN KIRIK', 'ÇOK GÜRÜLTÜLÜ ÇALIŞIYOR', 'ŞARJ OLMUYOR'),
+    IF(durum.NO >= 13, ELT(1 + MOD(h, 3), 'ANAKART ONARILDI', 'PARÇA DEĞİŞTİ', 'TEMİZLİK YAPILDI'), NULL),
+    MOD(h, 500), 100 + MOD(h, 9) * 50, MOD(h, 11) * 25, MOD(h, 13) * 12.5, 100 + MOD(h, 9) * 50 + MOD(h, 11) * 25 + MOD(h, 13) * 12.5,
+    ELT(1 + MOD(h, 4), 'Nakit', 'Kredi Kartı', 'Cari Hesap', NULL), IF(durum.NO = 7, 'KAYA YETKİLİ SERVİS', NULL),
+    IF(durum.NO = 7, d.TARIH + INTERVAL 1 DAY, NULL), IF(durum.NO = 7, 7 + MOD(h, 14), NULL), IF(MOD(h, 25) = 0, d.TARIH + INTERVAL 30 DAY, NULL),
+    IF(MOD(h, 25) = 0, '10:00:00', NULL), IF(MOD(h, 25) = 0, 'MÜŞTERİYİ ARA', NULL), 'QUEND', d.TARIH + INTERVAL 9 HOUR
+  FROM (SELECT seq, CRC32(CONCAT('fiş', @slips + seq)) h FROM seq_1_to_@N@) s
+  JOIN (SELECT seq AS SIRA, DATE('2024-01-01') + INTERVAL (seq * 1050 DIV @N@) DAY AS TARIH FROM seq_1_to_@N@) d ON d.SIRA = s.seq
+  JOIN cari c ON c.CA_ID = @customers + 1 + MOD(s.h, @CUSTOMERS@)
+  JOIN urun ON urun.NO = 1 + MOD(s.h, 16)
+  JOIN (SELECT 0 NO, 'ARIZA KABUL' AD UNION ALL SELECT 1, 'SIRA BEKLİYOR' UNION ALL SELECT 2, 'PARÇA BEKLİYOR'
+    UNION ALL SELECT 3, 'İŞLEM YAPILMADI' UNION ALL SELECT 4, 'İADE EDİLDİ' UNION ALL SELECT 5, 'SERVİSE ALINDI'
+    UNION ALL SELECT 6, 'ONARILIYOR' UNION ALL SELECT 7, 'DIŞ SERVİSTE' UNION ALL SELECT 8, 'FABRİKA İADESİ BEKLENİYOR'
+    UNION ALL SELECT 9, 'FABRİKA DEĞİŞİM BEKLENİYOR' UNION ALL SELECT 10, 'MÜŞTERİ ONAYI BEKLENİYOR'
+    UNION ALL SELECT 11, 'MÜŞTERİ ONAY VERDİ' UNION ALL SELECT 12, 'MÜŞTERİ ONAYLAMADI' UNION ALL SELECT 13, 'TAMAMLANDI'
+    UNION ALL SELECT 14, 'FATURALANDI' UNION ALL SELECT 15, 'TESLİM EDİLDİ') durum ON durum.NO = IF(MOD(s.h, 3) > 0, 15, MOD(s.h DIV 3, 16));
+
+INSERT INTO malzeme (TS_NO_REF, MZ_SIRANO, MZ_PARCA_ADI, MZ_ADET, MZ_TUTAR)
+  SELECT TS_ID, satir.seq, ELT(1 + MOD(CRC32(CONCAT(TS_ID, satir.seq)), 5), 'ŞARJ SOKETİ', 'FAN', 'ANAKART', 'EKRAN PANELİ', 'İŞÇİLİK PAKETİ'),
+    1 + MOD(TS_ID, 3), 50 + MOD(TS_ID, 20) * 12.5
+  FROM teknikservis JOIN seq_1_to_3 satir ON satir.seq <= MOD(TS_ID, 4) WHERE TS_ID > @slips ORDER BY TS_ID, satir.seq;
+
+UPDATE notlar SET SF_NOT = CONCAT('MÜŞTERİ ARANDI, BİLGİ VERİLDİ. FİŞ ', SF_TS_ID) WHERE SF_TS_ID > @slips AND MOD(SF_TS_ID, 5) = 0;
+
+INSERT INTO sozlesme (SOZ_NO, SOZ_AD, SOZ_CA_ID_REF, SOZ_BAS_TARIH, SOZ_BIT_TARIH, SOZ_TUTAR, SOZ_MESAFE, SOZ_HATIRLA_TARIH,
+    SOZ_HATIRLA_SAAT, SOZ_HATIRLA_MESAJ, SOZ_HATIRLA_DONEM, SOZ_STATU)
+  SELECT 1000 + @contracts + seq, 'YILLIK BAKIM SÖZLEŞMESİ', @customers + 1 + MOD(seq * 7, @CUSTOMERS@), '2026-01-01', '2026-12-31',
+    1000 + MOD(seq, 20) * 250, MOD(seq * 3, 90), '2026-01-15', '10:00:00', 'PERİYODİK BAKIM', 1 + 2 * MOD(seq, 15),
+    ELT(1 + MOD(seq, 5), 'AKTİF', 'AKTİF', 'AKTİF', 'PASİF', 'BİTTİ')
+  FROM seq_1_to_@CONTRACTS@;
+
+INSERT INTO callerid (cid_tarih, cid_saat, cid_hat, cid_telefon)
+  SELECT DATE('2026-01-01') + INTERVAL MOD(seq, 330) DAY, SEC_TO_TIME(28800 + MOD(CRC32(seq), 36000)), 1 + MOD(seq, 2), c.CA_CEP
+  FROM seq_1_to_@CALLS@ s JOIN cari c ON c.CA_ID = @customers + 1 + MOD(s.seq, @CUSTOMERS@);
