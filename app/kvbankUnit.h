@@ -45,6 +45,10 @@ class TfKvb : public QMainWindow {
   /// The slip with that id in a window of its own.
   void openSlip(qint64 id);
 
+ Q_SIGNALS:
+  /// The main window has closed, after its child windows; the program is to end.
+  void closed();
+
  protected:
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
@@ -56,7 +60,7 @@ class TfKvb : public QMainWindow {
   void addTrayIcon();
   void chooseSlips();
   void timer1Timer();
-  void startHelper();
+  void startVigil();
 
   Ribbon* ribbon_;
   ChildWindows* children_;

@@ -1,0 +1,209 @@
+#include "app/kvbankUnit.h"
+
+#include "app/about_box.h"
+#include "app/date_text.h"
+#include "app/dmUnit.h"
+#include "app/environment.h"
+#include "app/guard.h"
+#include "app/log_file.h"
+#include "app/exceptions.h"
+#include "app/platform/shell_open.h"
+#include "app/process_end.h"
+#include "app/program_paths.h"
+#include "app/quendUtils.h"
+#include "app/Unit14.h"
+#include "toolkit/edits/button_edit.h"
+#include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/child_tab_strip.h"
+#include "toolkit/shell/child_windows.h"
+#include "toolkit/shell/key_state_panel.h"
+#include "toolkit/shell/ribbon.h"
+#include "toolkit/shell/window_place.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QSystemTrayIcon>
+#include <QTimer>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+TfKvb* fKvb = nullptr;
+
+namespace {
+constexpr QSize LargestDefault(1600, 1000);
+constexpr QSize Smallest(640, 480);
+constexpr int StartDelayMs = 50;
+constexpr int DefaultPort = 8091;
+
+/// The port that the first argument tells; the default when it tells 0 or no number.
+int portOf(const QString& argument) {
+  try {
+    const int port = QuendUtil->VarToInt(Value(argument));
+    return port != 0 ? port : DefaultPort;
+  } catch (const EConvertError&) {
+    return DefaultPort;
+  }
+}
+
+/// Remembered place of the main window: in the current folder, not beside the program.
+WindowPlace formSize1() { return {u"./KvbFORM.INI"_s, u"fKvb"_s, QuendUtil->BilgisayarAdi()}; }
+}  // namespace
+
+TfKvb::TfKvb(const QStringList& arguments)
+    : Timer1(new QTimer(this)),
+      ribbon_(new Ribbon(u"Teknik Servis Menü"_s, this)),
+      children_(new ChildWindows(this)) {
+  fKvb = this;
+  setObjectName(u"fKvb"_s);
+  ribbon_->setObjectName(u"ribbon"_s);
+  children_->tabStrip()->setObjectName(u"AdvOfficeMDITabSet1"_s);
+  Timer1->setInterval(StartDelayMs);
+  Timer1->setSingleShot(true);
+  setMenuWidget(ribbon_);
+  setCentralWidget(children_);
+  commands_ = buildWorkspaceCommands(*ribbon_, this);
+  ribbon_->applicationButton()->setIcon(QApplication::windowIcon());
+  ribbon_->applicationButton()->setAccessibleName(u"Program Hakkında"_s);
+  ribbon_->applicationButton()->setToolTip(u"Program Hakkında"_s);
+  buildStatusBar();
+  connectCommands();
+  addTrayIcon();
+  connectGuarded(Timer1, &QTimer::timeout, this, [this] { timer1Timer(); });
+  formCreate(arguments);
+  formSize1().restore(this);
+}
+
+TfKvb::~TfKvb() {
+  QuendUtil = nullptr;
+  fKvb = nullptr;
+}
+
+void TfKvb::formCreate(const QStringList& arguments) {
+  setMinimumSize(Smallest);
+  const QRect desktop = screen()->availableGeometry();
+  QRect place(QPoint(), LargestDefault.boundedTo(desktop.size()));
+  place.moveBottomRight(desktop.bottomRight());
+  setGeometry(place);
+
+  utilities_ = std::make_unique<TQuendUtil>(programFile());
+  QuendUtil = utilities_.get();
+  setWindowTitle(QApplication::applicationName() + u" v"_s + QuendUtil->GetBuildInfoAsString());
+  QuendUtil->port = portOf(arguments.value(1));
+}
+
+void TfKvb::buildStatusBar() {
+  const auto panel = [this](const QString& objectName, const QString& hint) {
+    auto* label = new QLabel(this);
+    label->setObjectName(objectName);
+    label->setToolTip(hint);
+    label->setAccessibleName(hint);
+    label->setContentsMargins(10, 0, 10, 0);
+    auto* border = new QFrame(this);
+    border->setFrameStyle(QFrame::VLine | QFrame::Plain);
+    border->setForegroundRole(QPalette::Mid);
+    statusBar()->addPermanentWidget(border);
+    statusBar()->addPermanentWidget(label);
+    return label;
+  };
+  statusText_ = new QLabel(this);
+  statusText_->setObjectName(u"statusText"_s);
+  statusText_->setContentsMargins(8, 0, 8, 0);
+  statusBar()->addWidget(statusText_, 1);
+  dxBarStatic1 = panel(u"dxBarStatic1"_s, u"Kullanıcı Adı"_s);
+  dxBarStatic2 = panel(u"dxBarStatic2"_s, u"Sunucu Adı"_s);
+  panel(u"dateBox"_s, u"Tarih"_s)->setText(DateText::date(environment().today()));
+  statusBar()->addPermanentWidget(new KeyStatePanel(this));
+}
+
+void TfKvb::connectCommands() {
+  const auto on = [this](const QString& objectName, auto work) {
+    connectGuarded(command(objectName), &QAction::triggered, this, work);
+  };
+  on(u"tileRows"_s, [this] { children_->tileRows(); });
+  on(u"tileColumns"_s, [this] { children_->tileColumns(); });
+  on(u"cascade"_s, [this] { children_->cascade(); });
+  on(u"maximizeAll"_s, [this] { children_->maximizeAll(); });
+  on(u"minimizeAll"_s, [this] { children_->minimizeAll(); });
+  on(u"restoreAll"_s, [this] { children_->restoreAll(); });
+  on(u"closeProgram"_s, [this] { close(); });
+  connectGuarded(ribbon_->applicationButton(), &QToolButton::clicked, this, [] { fAbout->Giris(); });
+
+  const auto enableForChildren = [this](int count) {
+    command(u"maximizeAll"_s)->setEnabled(count > 0);
+    command(u"restoreAll"_s)->setEnabled(count > 0);
+  };
+  connectGuarded(children_, &ChildWindows::countChanged, this, enableForChildren);
+  enableForChildren(0);
+
+  auto* next = new QShortcut(Qt::CTRL | Qt::Key_Tab, this);
+  connectGuarded(next, &QShortcut::activated, this, [this] { children_->activateNext(); });
+  auto* previous = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, this);
+  connectGuarded(previous, &QShortcut::activated, this, [this] { children_->activatePrevious(); });
+}
+
+void TfKvb::addTrayIcon() {
+  if (!QSystemTrayIcon::isSystemTrayAvailable()) return;
+  RzTrayIcon1 = new QSystemTrayIcon(QApplication::windowIcon(), this);
+  RzTrayIcon1->setToolTip(QApplication::applicationName());
+  RzTrayIcon1->show();
+}
+
+QMdiSubWindow* TfKvb::addChildWindow(QWidget* editor) { return children_->add(editor); }
+
+void TfKvb::setChildCaption(QWidget* editor, const QString& caption) { children_->setCaption(editor, caption); }
+
+QList<QWidget*> TfKvb::childWindows() const { return children_->contents(); }
+
+void TfKvb::setStatusText(const QString& text) { statusText_->setText(text); }
+
+void TfKvb::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  if (!event->spontaneous()) Timer1->start();
+}
+
+void TfKvb::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  guarded(this, [&] {
+    if (!children_->closeAll()) return;
+    if (!formSize1().store(this))
+      LogFile::append(logFileName(), LogFile::messageEntry(environment().now(),
+                                                           u"Pencere yeri KvbFORM.INI dosyasına yazılamadı."_s, nullptr));
+    event->accept();
+    Q_EMIT closed();
+  });
+}
+
+/// The start sequence. An error ends it where it stands; it is not tried again.
+void TfKvb::timer1Timer() {
+  Timer1->stop();
+  startVigil();
+  Login_Form->Kullanici->setText(u"quend"_s);
+  Login_Form->parola->setText(u"quend"_s);
+  if (Login_Form->ShowModal() == TLogin_Form::GivenUp) {
+    DM->MySQL.Close();
+    endProcess(0);
+    return;
+  }
+  // "trloc.ini" is not read: the toolkit's own texts come from its Turkish translation, loaded at the program's start.
+  const QString picture = programFolder() + u"masaustu.png"_s;
+  if (QFileInfo::exists(picture)) children_->clientArea()->setPicture(QPixmap(picture));
+  dxBarStatic1->setText(Login_Form->Kullanici->text());
+  dxBarStatic2->setText(Login_Form->eSunucu->text());
+  setStatusText(u"Hazır"_s);
+}
+
+/// Starts the helper program that may stand beside this one; where there is none, nobody is told.
+void TfKvb::startVigil() {
+  if (QuendUtil->processExists(u"Vigil.Exe"_s)) return;
+  startHelper(programFolder() + u"Vigil.Exe"_s);
+  QCoreApplication::processEvents();
+  activateWindow();
+}

@@ -1,0 +1,198 @@
+#include "app/dmUnit.h"
+#include "app/kvbankUnit.h"
+#include "app/platform/machine.h"
+#include "app/process_end.h"
+#include "app/program_paths.h"
+#include "app/quendUtils.h"
+#include "app/Unit14.h"
+#include "toolkit/edits/button_edit.h"
+#include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/child_windows.h"
+#include "toolkit/shell/ribbon.h"
+#include "toolkit/shell/ribbon_button.h"
+
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Runs in a folder of its own, since the geometry file stands in the current one.
+class WorkspaceTest : public testing::Test {
+ protected:
+  WorkspaceTest() : before_(QDir::currentPath()), end_(setProcessEnd([this](int code) { ended = code; })) {
+    QDir::setCurrent(folder.path());
+    machine().processFiles = [] { return QStringList{u"/opt/kvtk/VIGIL.EXE"_s}; };
+  }
+  ~WorkspaceTest() override {
+    machine() = machine_;
+    setProcessEnd(end_);
+    QDir::setCurrent(before_);
+  }
+
+  /// Shows the workspace and answers the login form with a result.
+  void start(TfKvb& workspace, int loginResult) {
+    QTimer::singleShot(300, &workspace, [loginResult] { Login_Form->done(loginResult); });
+    workspace.show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.has_value() || !workspace.dxBarStatic1->text().isEmpty(); }, 3000));
+  }
+
+  QTemporaryDir folder;
+  std::optional<int> ended;
+
+ private:
+  QString before_;
+  std::function<void(int)> end_;
+  Machine machine_ = machine();
+};
+
+QStringList captions(const QList<QAction*>& actions) {
+  QStringList texts;
+  for (const QAction* action : actions) texts.append(action->text());
+  return texts;
+}
+
+TEST_F(WorkspaceTest, RibbonHoldsTheCommandTable) {
+  TfKvb workspace;
+  const QList<std::pair<QString, QStringList>> table{
+      {u"Fişler"_s, {u"Yeni Servis Fişi"_s, u"Servis Fişleri"_s, u"Bakım Sözleşmesi"_s, u"Kartlar"_s}},
+      {u"Pencereler"_s,
+       {u"Alt Alta"_s, u"Yan Yana"_s, u"Basamakla"_s, u"Tam Ekran"_s, u"Hepsini Gizle"_s, u"Hepsini Göster"_s}},
+      {u"İşlemler"_s, {u"Gelen Aramalar"_s, u"Hatırlatma"_s, u"Ayarlar"_s}},
+      {u"Çıkış"_s, {u"Programı Kapat"_s}}};
+  ASSERT_EQ(workspace.ribbon()->groups().size(), table.size());
+  for (qsizetype i = 0; i < table.size(); ++i) {
+    const RibbonGroup* group = workspace.ribbon()->groups()[i];
+    QList<QAction*> actions;
+    for (const RibbonButton* button : group->buttons()) actions.append(button->defaultAction());
+    EXPECT_EQ(group->caption(), table[i].first);
+    EXPECT_EQ(captions(actions), table[i].second);
+  }
+  EXPECT_EQ(captions(workspace.command(u"dxBarSubItem7"_s)->menu()->actions()),
+            (QStringList{u"Müşteri Kartları"_s, u"Cihaz Kartları"_s, u"Dış Servis Kartları"_s, u"Servis Tipleri"_s}));
+  const QList<QAction*> settings = workspace.command(u"dxBarSubItem1"_s)->menu()->actions();
+  EXPECT_EQ(captions(settings), (QStringList{u"Döviz Kurları"_s, u"Şirket Bilgileri"_s, u"Parametreler"_s,
+                                             u"SMS Tanımları"_s, u"E-POSTA Tanımları"_s}));
+  EXPECT_FALSE(settings[0]->isVisible());
+  EXPECT_EQ(captions(workspace.ribbon()->quickAccess()),
+            (QStringList{u"Yeni Servis Fişi"_s, u"Servis Fişleri"_s, u"Kartlar"_s, u"Hatırlatma"_s, u"Ayarlar"_s,
+                         u"Programı Kapat"_s}));
+  const QList<std::pair<QString, QString>> named{
+      {u"dxBarLargeButton1"_s, u"Yeni Servis Fişi"_s}, {u"dxBarLargeButton2"_s, u"Servis Fişleri"_s},
+      {u"dxBarButton16"_s, u"Müşteri Kartları"_s},     {u"dxBarButton17"_s, u"Cihaz Kartları"_s},
+      {u"dxBarButton18"_s, u"Dış Servis Kartları"_s},  {u"dxBarButton22"_s, u"Servis Tipleri"_s}};
+  for (const auto& [objectName, caption] : named) EXPECT_EQ(workspace.command(objectName)->text(), caption);
+}
+
+TEST_F(WorkspaceTest, FirstArgumentIsThePort) {
+  const QList<std::pair<QStringList, int>> cases{
+      {{u"kvtk"_s}, 8091}, {{u"kvtk"_s, u"0"_s}, 8091}, {{u"kvtk"_s, u""_s}, 8091}, {{u"kvtk"_s, u"abc"_s}, 8091}, {{u"kvtk"_s, u"9000"_s}, 9000}};
+  for (const auto& [arguments, port] : cases) {
+    const TfKvb workspace(arguments);
+    EXPECT_EQ(QuendUtil->port, port);
+    EXPECT_TRUE(workspace.windowTitle().endsWith(u" v"_s + QuendUtil->GetBuildInfoAsString()));
+  }
+}
+
+/// A child window's content that may refuse to close.
+class Editor : public QWidget {
+ public:
+  bool refuses = false;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override { event->setAccepted(!refuses); }
+};
+
+TEST_F(WorkspaceTest, ChildWindowsEnableTheirCommandsAndMayKeepTheProgramOpen) {
+  TfKvb workspace;
+  const auto enabled = [&] {
+    return workspace.command(u"maximizeAll"_s)->isEnabled() && workspace.command(u"restoreAll"_s)->isEnabled();
+  };
+  EXPECT_FALSE(workspace.command(u"maximizeAll"_s)->isEnabled() || workspace.command(u"restoreAll"_s)->isEnabled());
+  auto* editor = new Editor;
+  workspace.addChildWindow(editor);
+  workspace.setChildCaption(editor, u"(100) Servis Fişi"_s);
+  EXPECT_TRUE(enabled());
+  editor->refuses = true;
+  EXPECT_FALSE(workspace.close());
+  editor->refuses = false;
+  EXPECT_TRUE(workspace.close());
+  EXPECT_TRUE(workspace.childWindows().isEmpty());
+  EXPECT_FALSE(enabled());
+  EXPECT_TRUE(QFile::exists(u"KvbFORM.INI"_s));
+}
+
+TEST_F(WorkspaceTest, AFolderThatCannotBeWrittenLeavesOneLineInTheLog) {
+  const auto logSize = [] {
+    QFile log(logFileName());
+    return log.open(QFile::ReadOnly) ? log.readAll().count('\n') : 0;
+  };
+  TfKvb workspace;
+  const auto lines = logSize();
+  QDir::setCurrent(u"/proc"_s);
+  EXPECT_TRUE(workspace.close());
+  EXPECT_EQ(logSize(), lines + 1);
+}
+
+TEST_F(WorkspaceTest, ACancelledLoginEndsTheProcessWithoutAnotherStep) {
+  TfKvb workspace;
+  TDM data;
+  TLogin_Form login;
+  start(workspace, 2);
+  EXPECT_EQ(ended, 0);
+  EXPECT_TRUE(workspace.dxBarStatic1->text().isEmpty());
+  EXPECT_FALSE(data.MySQL.Connected());
+}
+
+TEST_F(WorkspaceTest, ALoginFillsPanelsAndShowsThePictureBesideTheProgram) {
+  const QString picture = programFolder() + u"masaustu.png"_s;
+  QImage image(40, 30, QImage::Format_RGB32);
+  image.fill(Qt::green);
+  ASSERT_TRUE(image.save(picture));
+  TfKvb workspace;
+  TDM data;
+  TLogin_Form login;
+  start(workspace, 6);
+  QFile::remove(picture);
+  EXPECT_FALSE(ended.has_value());
+  EXPECT_FALSE(workspace.Timer1->isActive());
+  EXPECT_EQ(workspace.dxBarStatic1->text(), login.Kullanici->text());
+  EXPECT_EQ(workspace.dxBarStatic2->text(), login.eSunucu->text());
+  EXPECT_EQ(workspace.childArea()->clientArea()->picture().size(), QSize(40, 30));
+}
+
+TEST_F(WorkspaceTest, TheHelperIsStartedUnlessItRuns) {
+  const QString helper = programFolder() + u"Vigil.Exe"_s;
+  const QString trace = folder.filePath(u"started"_s);
+  QFile script(helper);
+  ASSERT_TRUE(script.open(QFile::WriteOnly));
+  script.write("#!/bin/sh\ntouch '" + trace.toUtf8() + "'\n");
+  script.close();
+  script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  for (const bool running : {true, false}) {
+    ended.reset();
+    machine().processFiles = [running] {
+      return running ? QStringList{u"/usr/bin/other"_s, u"/opt/kvtk/vigil.exe"_s} : QStringList{u"/usr/bin/other"_s};
+    };
+    TfKvb workspace;
+    TDM data;
+    TLogin_Form login;
+    start(workspace, 2);
+    EXPECT_EQ(QTest::qWaitFor([&] { return QFile::exists(trace); }, running ? 300 : 3000), !running);
+  }
+  script.remove();
+}
+
+}  // namespace
