@@ -1,7 +1,6 @@
 #include "app/kvbankUnit.h"
 
 #include "app/about_box.h"
-#include "app/date_text.h"
 #include "app/dmUnit.h"
 #include "app/environment.h"
 #include "app/guard.h"
@@ -13,6 +12,7 @@
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "toolkit/edits/button_edit.h"
+#include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/shell/child_tab_strip.h"
 #include "toolkit/shell/child_windows.h"
@@ -119,7 +119,13 @@ void TfKvb::buildStatusBar() {
   statusBar()->addWidget(statusText_, 1);
   dxBarStatic1 = panel(u"dxBarStatic1"_s, u"Kullanıcı Adı"_s);
   dxBarStatic2 = panel(u"dxBarStatic2"_s, u"Sunucu Adı"_s);
-  panel(u"dateBox"_s, u"Tarih"_s)->setText(DateText::date(environment().today()));
+  auto* dateBox = new DateEdit(this);
+  dateBox->setObjectName(u"dateBox"_s);
+  dateBox->setAccessibleName(u"Tarih"_s);
+  dateBox->setToolTip(u"Tarih"_s);
+  dateBox->setDate(environment().today());
+  dateBox->setFixedWidth(110);
+  statusBar()->addPermanentWidget(dateBox);
   statusBar()->addPermanentWidget(new KeyStatePanel(this));
 }
 
