@@ -1,20 +1,108 @@
 #pragma once
 
+#include "service/slip_store.h"
+#include "toolkit/edits/balloon.h"
+
 #include <QWidget>
 
-#include <memory>
+class MemoEdit;
+class QAction;
+class QTabWidget;
+class QToolButton;
+class QueryTable;
+class SlipFieldsPage;
+class SlipLookUps;
+class SlipPicturePage;
 
 /// Editor of one service slip; several may be open at once as child windows of the workspace.
 class TfServisFis : public QWidget {
   Q_OBJECT
  public:
+  /// Works on DM's connection.
   explicit TfServisFis(QWidget* parent = nullptr);
   ~TfServisFis() override;
 
+  enum class Mode { Browse, Edit, Insert };
+  enum Page { FieldsPage, LinesPage, NotesPage, PicturePage, SerialHistoryPage, CustomerHistoryPage };
+
   /// Opens a new slip: empty controls, proposed number, today's date. Throws EDatabaseError.
   void Insert();
-  /// Opens the slip with that key; a slip that is gone is told, and the window closes. Throws EDatabaseError.
+  /// Opens the slip with that key; a slip that is gone is told, and the window closes. Throws EDatabaseError, and
+  /// Exception for a picture that cannot be read, everything else being shown then.
   void Edit(qint64 TS_ID);
+
+  /// Shows a balloon beside control; nothing happens while one is up. column: of a table, unused by other controls.
+  void QuendHint(QWidget* control, int column, const QString& text);
+
+  QSize sizeHint() const override;
+
+  Mode EditorMode = Mode::Browse;
+  TMyQuery qServis;
+  TMyQuery qMalzeme;
+  TMyQuery qCari;
+  TMyQuery qCihaz;
+  TMyQuery qServisTip;
+  TMyQuery qDetay;
+  TMyQuery qSeri;
+
+  QAction* aKaydet;
+  QAction* aVazgec;
+  QAction* aSil;
+  QAction* aYazdir;
+  QAction* aHatirlat;
+  QAction* aCikis;
+  QAction* MakbuzBask1;
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  QAction* addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key);
+  void buildCommands();
+  void buildPages();
+  QWidget* buildLinesPage();
+  QWidget* buildNotesPage();
+  QWidget* buildHistoryPage(const QString& caption);
+  void connectFields();
+
+  void setMode(Mode mode);
+  void setHistoryVisible(bool visible);
+  void setTitle(TfServisFis* editor, const QString& title);
+  void resetFields();
+  void proposeNumber();
+  void fillSerial();
+  void findDevice();
+  void loadHistory(int page);
+  void openFromHistory(int row);
+  void closeWindow();
+
+  void save();
+  bool isReadyToSave();
+  bool showFieldMessage(const std::optional<FieldMessage>& message);
+  std::vector<SlipText> textsToSave() const;
+  SlipExtras extrasToSave() const;
+  void fillRow();
+  void saveNew();
+  void saveExisting();
+  void saveDone();
+  void updateDeleteException(const SaveFailure& failure);
+  void saveOverOthers();
+  void deleteSlip();
+
+  SlipStore store_;
+  Balloon balloon_;
+  OutsideService outsideService_;
+  bool closed_ = false;
+  QString refusedLine_;  ///< why the table of lines took back what was typed last; empty when it did not
+
+  QToolButton* saveButton_ = nullptr;
+  QTabWidget* pages_ = nullptr;
+  SlipFieldsPage* fields_ = nullptr;
+  SlipLookUps* lookUps_ = nullptr;
+  QueryTable* lines_ = nullptr;
+  MemoEdit* note_ = nullptr;
+  SlipPicturePage* picture_ = nullptr;
 };
 
 /// The newest editor that is open; null when there is none.

@@ -2,6 +2,7 @@
 
 #include "app/data/latin5.h"
 #include "app/environment.h"
+#include "app/text_tools.h"
 
 #include <algorithm>
 
@@ -52,8 +53,8 @@ std::optional<FieldMessage> validate(const std::vector<SlipText>& texts) {
   return std::nullopt;
 }
 
-QString proposedNumber(const QString& highest, const QString& typed, const std::function<QString(const QString&)>& increment) {
-  if (!highest.isEmpty() && highest != u"0"_s) return increment(highest);
+QString proposedNumber(const QString& highest, const QString& typed) {
+  if (!highest.isEmpty() && highest != u"0"_s) return TextTools::Numarator(highest);
   return typed.isEmpty() ? u"100"_s : typed;
 }
 

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <QDate>
 #include <QString>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -47,7 +45,7 @@ std::optional<FieldMessage> validate(const std::vector<SlipText>& texts);
 
 /// Number for TS_NO: the increment of the highest one found, "100" when there is none and nothing was typed, otherwise
 /// what was typed. highest: as the server gave it, empty for none.
-QString proposedNumber(const QString& highest, const QString& typed, const std::function<QString(const QString&)>& increment);
+QString proposedNumber(const QString& highest, const QString& typed);
 
 /// A new serial number: two letters (never I, O or Z) and the seconds since 1970.
 QString generatedSerial();

@@ -1,0 +1,30 @@
+#include "service/ffoto_unit.h"
+
+#include <QBoxLayout>
+#include <QLabel>
+#include <QPixmap>
+#include <QScreen>
+
+using namespace Qt::StringLiterals;
+
+TfFoto::TfFoto(QWidget* parent) : QDialog(parent), URUN_FOTO(new QLabel(this)) {
+  setObjectName(u"fFoto"_s);
+  URUN_FOTO->setObjectName(u"URUN_FOTO"_s);
+  URUN_FOTO->setAccessibleName(u"Cihaz Fotoğrafı"_s);
+  URUN_FOTO->setScaledContents(true);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(URUN_FOTO);
+}
+
+void TfFoto::Giris(const QString& title, const QByteArray& picture) {
+  setWindowTitle(title);
+  QPixmap pixmap;
+  pixmap.loadFromData(picture);
+  URUN_FOTO->setPixmap(pixmap);
+  // A picture larger than the screen is shown as large as there is room.
+  const QSize room = screen()->availableSize() * 9 / 10;
+  const bool fits = pixmap.width() <= room.width() && pixmap.height() <= room.height();
+  setFixedSize(fits ? pixmap.size() : pixmap.size().scaled(room, Qt::KeepAspectRatio));
+  exec();
+}

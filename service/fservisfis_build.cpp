@@ -1,0 +1,165 @@
+// Commands and pages of the slip editor.
+#include "app/dmUnit.h"
+#include "app/guard.h"
+#include "service/fservisfis_unit.h"
+#include "service/slip_fields_page.h"
+#include "service/slip_look_ups.h"
+#include "service/slip_picture_page.h"
+#include "service/slip_tables.h"
+#include "toolkit/edits/memo_edit.h"
+#include "toolkit/grid/query_table.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QMenu>
+#include <QScrollArea>
+#include <QShortcut>
+#include <QTabWidget>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+QAction* TfServisFis::addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key) {
+  auto* command = new QAction(QIcon::fromTheme(icon), caption, this);
+  command->setObjectName(name);
+  command->setShortcut(key);
+  command->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  command->setToolTip(caption);
+  addAction(command);
+  return command;
+}
+
+void TfServisFis::buildCommands() {
+  aKaydet = addCommand(u"aKaydet"_s, u"F2 » Kaydet"_s, u"document-save"_s, Qt::Key_F2);
+  aVazgec = addCommand(u"aVazgec"_s, u"F3 » Vazgeç"_s, u"dialog-cancel"_s, Qt::Key_F3);
+  aSil = addCommand(u"aSil"_s, u"F6 » Fiş Sil"_s, u"edit-delete"_s, Qt::Key_F6);
+  aYazdir = addCommand(u"aYazdir"_s, u"Yazdır/Tasarla"_s, u"document-print"_s, {});
+  aHatirlat = addCommand(u"aHatirlat"_s, u"Hatırlatma Ekle"_s, u"appointment-new"_s, {});
+  // Has a key and does nothing: meant.
+  aCikis = addCommand(u"aCikis"_s, u"ESC » Çıkış"_s, u"window-close"_s, Qt::Key_Escape);
+  connectGuarded(aKaydet, &QAction::triggered, this, [this] { save(); });
+  connectGuarded(aVazgec, &QAction::triggered, this, [this] { closeWindow(); });
+  connectGuarded(aSil, &QAction::triggered, this, [this] { deleteSlip(); });
+
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(6, 6, 6, 6);
+  column->setSpacing(6);
+  auto* bar = new QHBoxLayout;
+  bar->setSpacing(4);
+  column->addLayout(bar);
+  for (QAction* command : {aKaydet, aVazgec, aSil, aYazdir, aHatirlat}) {
+    auto* button = new QToolButton(this);
+    button->setDefaultAction(command);
+    button->setObjectName(command->objectName() + u"Button"_s);
+    button->setAccessibleName(command->text());
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setIconSize(QSize(22, 22));
+    button->setFocusPolicy(Qt::StrongFocus);
+    bar->addWidget(button);
+    if (command == aKaydet) saveButton_ = button;
+    if (command == aYazdir) button->setPopupMode(QToolButton::InstantPopup);
+  }
+  bar->addStretch(1);
+  auto* menu = new QMenu(this);
+  MakbuzBask1 = menu->addAction(QIcon::fromTheme(u"document-print"_s), u"Makbuz Baskı"_s);
+  MakbuzBask1->setObjectName(u"MakbuzBask1"_s);
+  MakbuzBask1->setEnabled(false);
+  menu->addAction(QIcon::fromTheme(u"document-edit"_s), u"Makbuz Tasarla"_s)->setObjectName(u"MakbuzDzenle1"_s);
+  aYazdir->setMenu(menu);
+}
+
+void TfServisFis::buildPages() {
+  pages_ = new QTabWidget(this);
+  pages_->setObjectName(u"pages"_s);
+  pages_->setDocumentMode(true);
+  layout()->addWidget(pages_);
+  auto* scroller = new QScrollArea(pages_);
+  scroller->setFrameShape(QFrame::NoFrame);
+  scroller->setWidgetResizable(true);
+  scroller->setFocusPolicy(Qt::NoFocus);
+  fields_ = new SlipFieldsPage(scroller);
+  scroller->setWidget(fields_);
+  lookUps_ = new SlipLookUps(*fields_, qCari, qCihaz, qServisTip);
+  picture_ = new SlipPicturePage([this] { return fields_->text(u"TS_C_AD"_s); }, pages_);
+
+  pages_->addTab(scroller, u"Fiş Bilgileri"_s);
+  pages_->addTab(buildLinesPage(), u"Malzemeler"_s);
+  pages_->addTab(buildNotesPage(), u"Notlar"_s);
+  pages_->addTab(picture_, u"Fotoğraf"_s);
+  pages_->addTab(buildHistoryPage(u"Seri No Geçmişi"_s), u"Seri No Geçmişi"_s);
+  pages_->addTab(buildHistoryPage(u"Müşteri Geçmişi"_s), u"Müşteri Geçmişi"_s);
+  connectGuarded(pages_, &QTabWidget::currentChanged, this, [this](int page) { loadHistory(page); });
+
+  const auto turnPage = [this](QKeySequence key, int by) {
+    auto* shortcut = new QShortcut(key, this);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    connectGuarded(shortcut, &QShortcut::activated, this, [this, by] {
+      const int page = pages_->currentIndex() + by;
+      if (page < 0 || page >= pages_->count() || !pages_->isTabVisible(page)) return;
+      pages_->setCurrentIndex(page);
+      if (QWidget* first = pages_->currentWidget()->nextInFocusChain()) first->setFocus();
+    });
+  };
+  turnPage(Qt::CTRL | Qt::Key_PageDown, 1);
+  turnPage(Qt::CTRL | Qt::Key_PageUp, -1);
+}
+
+QWidget* TfServisFis::buildLinesPage() {
+  auto* page = new QWidget(pages_);
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(8, 8, 8, 8);
+  lines_ = new QueryTable(qMalzeme, SlipTables::lineColumns(), u"Malzemeler"_s, page);
+  lines_->setObjectName(u"lines"_s);
+  lines_->setEditable();
+  column->addWidget(lines_);
+  connectGuarded(lines_, &QueryTable::rejected, this, [this](const QString& message) {
+    refusedLine_ = message;
+    QuendHint(lines_, 0, message);
+  });
+  return page;
+}
+
+QWidget* TfServisFis::buildNotesPage() {
+  auto* page = new QWidget(pages_);
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(8, 8, 8, 8);
+  note_ = new MemoEdit(page);
+  note_->setObjectName(u"SF_NOT"_s);
+  note_->setAccessibleName(u"Notlar"_s);
+  note_->editor()->setAccessibleName(u"Notlar"_s);
+  column->addWidget(note_);
+  return page;
+}
+
+QWidget* TfServisFis::buildHistoryPage(const QString& caption) {
+  auto* page = new QWidget(pages_);
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins(8, 8, 8, 8);
+  auto* table = new QueryTable(qSeri, SlipTables::slipColumns(), caption, page);
+  table->setEmptyText(u"<Kayıt yok!>"_s);
+  column->addWidget(table);
+  connectGuarded(table, &QueryTable::rowChosen, this, [this](int row) { openFromHistory(row); });
+  return page;
+}
+
+void TfServisFis::connectFields() {
+  const auto onButton = [this](const QString& column, int button, auto work) {
+    connectGuarded(fields_->edit<EditBox>(column), &EditBox::buttonClicked, this, [button, work](int index) {
+      if (index == button) work();
+    });
+  };
+  onButton(u"TS_NO"_s, 1, [this] { proposeNumber(); });
+  onButton(u"TS_C_RAFNO"_s, 1, [this] { findDevice(); });
+
+  auto* serial = fields_->edit<EditBox>(u"TS_C_SERINO"_s);
+  auto* menu = new QMenu(serial);
+  menu->addAction(QIcon::fromTheme(u"document-print"_s), u"Barkod Yazdır"_s);
+  menu->addAction(QIcon::fromTheme(u"document-edit"_s), u"Barkod Düzenle"_s);
+  QAction* newSerial = menu->addAction(QIcon::fromTheme(u"list-add"_s), u"Yeni Seri No"_s);
+  newSerial->setObjectName(u"YeniSeriNo1"_s);
+  connectGuarded(newSerial, &QAction::triggered, this, [this] { fillSerial(); });
+  onButton(u"TS_C_SERINO"_s, 1, [serial, menu] {
+    const QToolButton* button = serial->button(1);
+    menu->popup(button->mapToGlobal(QPoint(0, button->height())));
+  });
+}

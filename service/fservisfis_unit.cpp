@@ -1,0 +1,216 @@
+#include "service/fservisfis_unit.h"
+
+#include "app/date_text.h"
+#include "app/dmUnit.h"
+#include "app/environment.h"
+#include "app/guard.h"
+#include "app/kvbankUnit.h"
+#include "app/quendUtils.h"
+#include "app/Unit14.h"
+#include "service/slip_fields.h"
+#include "service/slip_fields_page.h"
+#include "service/slip_look_ups.h"
+#include "service/slip_message.h"
+#include "service/slip_picture_page.h"
+#include "toolkit/edits/combo_edit.h"
+#include "toolkit/edits/currency_edit.h"
+#include "toolkit/edits/date_edit.h"
+#include "toolkit/edits/memo_edit.h"
+#include "toolkit/edits/text_edit.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QTabWidget>
+
+#include <exception>
+
+using namespace Qt::StringLiterals;
+
+TfServisFis* fServisFis = nullptr;
+
+namespace {
+
+constexpr int goneSlipMessageMs = 8000;
+
+/// All editors that are open, oldest first.
+QList<TfServisFis*>& openEditors() {
+  static QList<TfServisFis*> editors;
+  return editors;
+}
+
+}  // namespace
+
+TfServisFis::TfServisFis(QWidget* parent)
+    : QWidget(parent),
+      qServis(DM->MySQL, u"qServis"_s),
+      qMalzeme(DM->MySQL, u"qMalzeme"_s),
+      qCari(DM->MySQL, u"qCari"_s),
+      qCihaz(DM->MySQL, u"qCihaz"_s),
+      qServisTip(DM->MySQL, u"qServisTip"_s),
+      qDetay(DM->MySQL, u"qDetay"_s),
+      qSeri(DM->MySQL, u"qSeri"_s),
+      store_(DM->MySQL, qServis, qMalzeme, DM->pGetQ) {
+  setObjectName(u"fServisFis"_s);
+  buildCommands();
+  buildPages();
+  connectFields();
+  setMode(Mode::Browse);
+  openEditors().append(this);
+  fServisFis = this;
+}
+
+TfServisFis::~TfServisFis() {
+  openEditors().removeAll(this);
+  fServisFis = openEditors().isEmpty() ? nullptr : openEditors().last();
+  // The pages look at the queries, which end before the base class would take the pages down.
+  delete pages_;
+}
+
+QSize TfServisFis::sizeHint() const { return {fields_->minimumWidth() + 24, fields_->minimumHeight() + 96}; }
+
+void TfServisFis::setMode(Mode mode) {
+  EditorMode = mode;
+  aKaydet->setEnabled(mode != Mode::Browse);
+  aVazgec->setEnabled(mode != Mode::Browse);
+  aSil->setEnabled(mode == Mode::Edit);
+}
+
+void TfServisFis::setHistoryVisible(bool visible) {
+  pages_->setTabVisible(SerialHistoryPage, visible);
+  pages_->setTabVisible(CustomerHistoryPage, visible);
+}
+
+void TfServisFis::setTitle(TfServisFis* editor, const QString& title) {
+  if (fKvb == nullptr) {
+    editor->setWindowTitle(title);
+    return;
+  }
+  fKvb->addChildWindow(editor);
+  fKvb->setChildCaption(editor, title);
+}
+
+void TfServisFis::resetFields() {
+  QuendUtil->EkranReset(*this, qServis);
+  outsideService_ = {};
+  note_->setText({});
+  auto* status = fields_->edit<ComboEdit>(u"TS_TURU"_s);
+  status->setToolTip({});
+}
+
+void TfServisFis::Insert() {
+  setHistoryVisible(false);
+  for (const QString& column : {u"TS_MALIYET"_s, u"TS_SERVIS_TUTAR"_s, u"TS_ISCILIK_TUTAR"_s, u"TS_PARCA_TUTAR"_s})
+    fields_->edit<CurrencyEdit>(column)->setDisplayFormat(amountFormat());
+  store_.openEmpty();
+  resetFields();
+  lookUps_->open();
+  setMode(Mode::Insert);
+
+  fields_->edit<DateEdit>(u"TS_TARIH"_s)->setDate(environment().today());
+  for (const QString& column : {u"TS_TURU"_s, u"TS_SERVIS_TIP"_s, u"TS_HIZMET_TIP"_s}) {
+    auto* list = fields_->edit<ComboEdit>(column);
+    if (list->itemCount() > 0) list->setItemIndex(0);
+  }
+  proposeNumber();
+  fields_->setText(u"TS_USER"_s, Login_Form->Kullanici->text());
+  fields_->setText(u"TS_USER_TIME"_s, DateText::dateTime(environment().now()));
+  setTitle(this, SlipRules::newSlipTitle());
+  picture_->clear();
+  fields_->fillStatuses();
+  fields_->edit<EditBox>(u"TS_NO"_s)->line()->setFocus();
+}
+
+void TfServisFis::Edit(qint64 TS_ID) {
+  const bool isFirst = EditorMode == Mode::Browse;
+  setHistoryVisible(true);
+  MakbuzBask1->setEnabled(true);
+  setMode(Mode::Edit);
+  lookUps_->open();
+  if (!store_.open(TS_ID)) {
+    QuendUtil->mesajTimeOut(this, u"Silinmiş bir fişe ulaşmaya çalışıyorsunuz."_s, goneSlipMessageMs);
+    closeWindow();
+    return;
+  }
+  resetFields();
+  QuendUtil->AlanlardanEkrana(*this, qServis);
+  auto* number = fields_->edit<EditBox>(u"TS_NO"_s)->line();
+  if (isFirst) number->setFocus();
+  number->selectAll();
+  outsideService_ = store_.outsideService();
+  if (!outsideService_.firm.isEmpty()) fields_->frame(u"TS_TURU"_s)->setToolTip(SlipRules::outsideServiceHint(outsideService_));
+  // Goes to the newest editor, whichever runs: meant.
+  setTitle(fServisFis, SlipRules::slipTitle(fields_->text(u"TS_NO"_s)));
+
+  std::exception_ptr unreadablePicture;
+  picture_->clear();
+  const QByteArray picture = store_.picture(TS_ID);
+  try {
+    picture_->setBytes(picture);
+  } catch (...) {
+    // The note still has to come: a later save would write an empty one over it.
+    unreadablePicture = std::current_exception();
+  }
+  if (const auto note = store_.note(TS_ID)) note_->setText(*note);
+  fields_->fillStatuses();
+  if (unreadablePicture) std::rethrow_exception(unreadablePicture);
+}
+
+void TfServisFis::proposeNumber() {
+  auto* number = fields_->edit<EditBox>(u"TS_NO"_s);
+  number->setText(SlipRules::proposedNumber(store_.highestNumber(qDetay, number->text()), number->text()));
+  number->line()->selectAll();
+}
+
+void TfServisFis::fillSerial() {
+  auto* serial = fields_->edit<EditBox>(u"TS_C_SERINO"_s);
+  serial->setText(SlipRules::generatedSerial());
+  serial->line()->end(false);
+}
+
+void TfServisFis::findDevice() {
+  const auto device = store_.deviceBySerial(fields_->text(u"TS_C_RAFNO"_s));
+  if (device)
+    lookUps_->takeDevice(*device);
+  else
+    QuendHint(fields_->frame(u"TS_C_RAFNO"_s), 0, u"Kayıtlı \"İç Seri No\" bulunamadı!"_s);
+}
+
+void TfServisFis::loadHistory(int page) {
+  if (EditorMode != Mode::Edit) return;
+  if (page == SerialHistoryPage) store_.openSerialHistory(qSeri, fields_->text(u"TS_C_SERINO"_s));
+  if (page == CustomerHistoryPage) store_.openCustomerHistory(qSeri, fields_->text(u"TS_MUSTERI"_s));
+}
+
+void TfServisFis::openFromHistory(int row) {
+  if (fKvb != nullptr) fKvb->openSlip(qSeri.valueAt(row, qSeri.fieldIndex(u"TS_ID"_s)).toInteger());
+}
+
+void TfServisFis::QuendHint(QWidget* control, int, const QString& text) { balloon_.showAt(control, text); }
+
+void TfServisFis::closeWindow() {
+  if (auto* window = qobject_cast<QMdiSubWindow*>(parentWidget()))
+    window->close();
+  else
+    close();
+}
+
+bool TfServisFis::event(QEvent* event) {
+  if (event->type() != SlipSavedMessage::eventType()) return QWidget::event(event);
+  guarded(this, [&] {
+    if (closed_) return;
+    if (qSeri.Active()) qSeri.Refresh();
+    Edit(static_cast<SlipSavedMessage*>(event)->id());
+  });
+  return true;
+}
+
+void TfServisFis::closeEvent(QCloseEvent* event) {
+  guarded(this, [&] {
+    closed_ = true;
+    balloon_.hide();
+    for (TMyQuery* query : {&qServis, &qMalzeme, &qSeri}) query->Close();
+    lookUps_->close();
+  });
+  event->accept();
+}

@@ -1,0 +1,169 @@
+#include "service/slip_fields_page.h"
+
+#include "app/environment.h"
+#include "app/exceptions.h"
+#include "app/guard.h"
+#include "app/platform/shell_open.h"
+#include "service/slip_fields.h"
+#include "service/slip_lists.h"
+#include "toolkit/edits/combo_edit.h"
+#include "toolkit/edits/currency_edit.h"
+#include "toolkit/edits/date_edit.h"
+#include "toolkit/edits/memo_edit.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int boxWidth = 225;
+constexpr int gap = 6;
+/// A box over two columns; also the width of a box that widens while it has the focus.
+constexpr int wideBox = 2 * boxWidth + gap;
+constexpr int inset = 10;
+constexpr int margin = 8;
+constexpr int rowGap = 4;
+constexpr int halfWidth = wideBox + 2 * inset;
+constexpr int sideWidth = boxWidth + 2 * inset;
+constexpr int widestSide = 360;
+
+}  // namespace
+
+SlipFieldsPage::SlipFieldsPage(QWidget* parent) : QWidget(parent) {
+  for (const SlipField& field : slipFields()) {
+    Group& group = groups_[field.group];
+    if (group.box == nullptr) group.box = new QGroupBox(groupCaption(field.group), this);
+    group.fields.push_back(&field);
+    frames_.insert(field.column, createSlipEditor(field, group.box));
+  }
+  fillLists();
+  connectAids();
+  const int height = margin + groupHeight(6) + margin + groupHeight(5) + margin;
+  setMinimumSize(margin + 2 * halfWidth + margin + margin + sideWidth + margin, height);
+}
+
+void SlipFieldsPage::fillLists() {
+  edit<ComboEdit>(u"TS_HIZMET_TIP"_s)->setItems(SlipLists::warrantyStates());
+  edit<ComboEdit>(u"TS_ODEME_SEKLI"_s)->setItems(SlipLists::paymentWays());
+  fillStatuses();
+}
+
+void SlipFieldsPage::fillStatuses() {
+  auto* status = edit<ComboEdit>(u"TS_TURU"_s);
+  const QString shown = status->text();
+  status->setItems(SlipLists::statuses());
+  status->setText(shown);
+}
+
+QString SlipFieldsPage::text(const QString& column) const {
+  if (const auto* memo = edit<MemoEdit>(column)) return memo->text();
+  return edit<EditBox>(column)->text();
+}
+
+void SlipFieldsPage::setText(const QString& column, const QString& text) {
+  if (auto* memo = edit<MemoEdit>(column))
+    memo->setText(text);
+  else
+    edit<EditBox>(column)->setText(text);
+}
+
+std::vector<SlipText> SlipFieldsPage::texts() const {
+  std::vector<SlipText> texts;
+  for (const SlipField& field : slipFields())
+    if (field.editor != SlipEditor::Date && field.editor != SlipEditor::Currency && field.editor != SlipEditor::ReadOnlyText)
+      texts.push_back({field.column, field.caption.trimmed(), text(field.column), field.maximumLength});
+  return texts;
+}
+
+std::optional<FieldMessage> SlipFieldsPage::unreadableField() const {
+  for (const SlipField& field : slipFields()) {
+    try {
+      frame(field.column)->editValue();
+    } catch (const EConvertError& error) {
+      return FieldMessage{field.column, error.message()};
+    }
+  }
+  return std::nullopt;
+}
+
+int SlipFieldsPage::rowStep() const { return frames_[u"TS_NO"_s]->oneLineHeight() + rowGap; }
+
+int SlipFieldsPage::groupHeight(int rows) const { return fontMetrics().height() + inset + rows * rowStep() + inset; }
+
+void SlipFieldsPage::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  guarded(this, [&] { arrange(); });
+}
+
+void SlipFieldsPage::arrange() {
+  const int top = groupHeight(6);
+  const int lowerTop = margin + top + margin;
+  const int lower = std::max(groupHeight(5), std::min(height() - lowerTop - margin, groupHeight(9)));
+  const int left = margin + 2 * halfWidth + 2 * margin;
+  const int side = std::clamp(width() - left - margin, sideWidth, widestSide);
+  placeGroup(groups_[SlipGroup::Slip], {margin, margin, halfWidth, top}, boxWidth);
+  placeGroup(groups_[SlipGroup::Customer], {2 * margin + halfWidth, margin, halfWidth, top}, boxWidth);
+  placeGroup(groups_[SlipGroup::Device], {margin, lowerTop, 2 * halfWidth + margin, lower}, boxWidth);
+  placeGroup(groups_[SlipGroup::Amounts], {left, margin, side, top}, side - 2 * inset);
+  placeGroup(groups_[SlipGroup::Record], {left, lowerTop, side, lower}, side - 2 * inset);
+}
+
+void SlipFieldsPage::placeGroup(const Group& group, QRect place, int width) {
+  group.box->setGeometry(place);
+  const int top = fontMetrics().height() + inset;
+  const int memoStep = (place.height() - top - inset + rowGap) / 3;
+  for (const SlipField* field : group.fields) {
+    // The columns behind the second one belong to the next half of the page.
+    const int half = field->gridColumn / 2 * (halfWidth + margin);
+    const int x = inset + half + field->gridColumn % 2 * (boxWidth + gap);
+    const int step = field->editor == SlipEditor::Memo ? memoStep : rowStep();
+    const int boxPlace = field->gridSpan == 1 ? width : wideBox;
+    frames_[field->column]->setGeometry(x, top + field->gridRow * step, boxPlace, step - rowGap);
+  }
+}
+
+void SlipFieldsPage::connectAids() {
+  for (const QString& column : {u"TS_ACIKLAMA"_s, u"TS_TEKNISYEN"_s, u"TS_UNVAN"_s}) {
+    auto* box = edit<EditBox>(column);
+    connectGuarded(box, &EditBox::entered, this, [box] {
+      box->resize(wideBox, box->height());
+      box->raise();
+    });
+    connectGuarded(box, &EditBox::left, this, [box] { box->resize(boxWidth, box->height()); });
+  }
+
+  const auto spaceSetsToday = [this](const QString& pressedIn, const QString& set) {
+    auto* date = edit<DateEdit>(set);
+    edit<DateEdit>(pressedIn)->setKeyFilter([date](const QKeyEvent& key) {
+      if (key.key() != Qt::Key_Space) return false;
+      date->setDate(environment().today());
+      return true;
+    });
+  };
+  spaceSetsToday(u"TS_TARIH"_s, u"TS_TARIH"_s);
+  // In the appointment's box the space bar sets the slip's date: meant.
+  spaceSetsToday(u"TS_RANDEVU"_s, u"TS_TARIH"_s);
+  spaceSetsToday(u"TS_TESLIM_TARIH"_s, u"TS_TESLIM_TARIH"_s);
+
+  auto* status = edit<ComboEdit>(u"TS_TURU"_s);
+  connectGuarded(status, &ComboEdit::itemChanged, this, [this, status](int index) {
+    // Goes by the place in the list, whatever status stands there: meant.
+    if (index == status->itemCount() - 1) edit<DateEdit>(u"TS_TESLIM_TARIH"_s)->setDate(environment().today());
+  });
+
+  const auto amount = [this](const QString& column) { return edit<CurrencyEdit>(column); };
+  for (const QString& column : {u"TS_SERVIS_TUTAR"_s, u"TS_ISCILIK_TUTAR"_s, u"TS_PARCA_TUTAR"_s})
+    connectGuarded(amount(column), &EditBox::left, this, [amount] {
+      amount(u"TS_TUTAR"_s)
+          ->setValue(SlipRules::total(amount(u"TS_SERVIS_TUTAR"_s)->value(), amount(u"TS_ISCILIK_TUTAR"_s)->value(),
+                                      amount(u"TS_PARCA_TUTAR"_s)->value()));
+    });
+
+  auto* mail = edit<EditBox>(u"TS_EPOSTA"_s);
+  connectGuarded(mail, &EditBox::buttonClicked, this, [mail](int index) {
+    if (index == 1 && !mail->text().isEmpty()) shellOpen(u"mailto:"_s + mail->text());
+  });
+}

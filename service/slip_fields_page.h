@@ -1,0 +1,53 @@
+#pragma once
+
+#include "service/slip_rules.h"
+#include "toolkit/edits/edit_box.h"
+
+#include <QGroupBox>
+#include <QHash>
+
+#include <map>
+
+enum class SlipGroup;
+struct SlipField;
+
+/// The page "Fiş Bilgileri": the controls of the field table on one grid, and the aids that stand between them.
+class SlipFieldsPage : public QWidget {
+  Q_OBJECT
+ public:
+  explicit SlipFieldsPage(QWidget* parent = nullptr);
+
+  /// Control of a column; it must be one of the field table.
+  EditFrame* frame(const QString& column) const { return frames_.value(column); }
+  template <class Edit>
+  Edit* edit(const QString& column) const {
+    return dynamic_cast<Edit*>(frame(column));
+  }
+  QString text(const QString& column) const;
+  void setText(const QString& column, const QString& text);
+  /// All texts that a user can type, with what is known of them; lengths are the table's.
+  std::vector<SlipText> texts() const;
+  /// The first control whose text is no value of its kind; nothing when all are.
+  std::optional<FieldMessage> unreadableField() const;
+
+  /// Fills the status list anew; the text that is shown stays.
+  void fillStatuses();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  struct Group {
+    QGroupBox* box;
+    std::vector<const SlipField*> fields;
+  };
+  void placeGroup(const Group& group, QRect place, int boxWidth);
+  int rowStep() const;
+  int groupHeight(int rows) const;
+  void arrange();
+  void connectAids();
+  void fillLists();
+
+  QHash<QString, EditFrame*> frames_;
+  std::map<SlipGroup, Group> groups_;
+};
