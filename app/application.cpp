@@ -6,6 +6,7 @@
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/Unit14.h"
+#include "service/fservisfissecUnit.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -46,6 +47,7 @@ int runProgram(int argc, char** argv) {
   // The order is fixed; the screens are destroyed the other way round.
   TfKvb workspace(QCoreApplication::arguments());
   TDM dataModule;
+  TfservisfisSec browser;
   TLogin_Form login;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {
     Login_Form->ApplicationEvents1Exception(sender, error);

@@ -10,7 +10,10 @@
 #include "app/process_end.h"
 #include "app/program_paths.h"
 #include "app/quendUtils.h"
+#include "app/slip_frame.h"
 #include "app/Unit14.h"
+#include "service/fservisfis_unit.h"
+#include "service/fservisfissecUnit.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/text_edit.h"
@@ -133,6 +136,8 @@ void TfKvb::connectCommands() {
   const auto on = [this](const QString& objectName, auto work) {
     connectGuarded(command(objectName), &QAction::triggered, this, work);
   };
+  on(u"dxBarLargeButton1"_s, [this] { newSlip(); });
+  on(u"dxBarLargeButton2"_s, [this] { chooseSlips(); });
   on(u"tileRows"_s, [this] { children_->tileRows(); });
   on(u"tileColumns"_s, [this] { children_->tileColumns(); });
   on(u"cascade"_s, [this] { children_->cascade(); });
@@ -169,6 +174,29 @@ void TfKvb::setChildCaption(QWidget* editor, const QString& caption) { children_
 QList<QWidget*> TfKvb::childWindows() const { return children_->contents(); }
 
 void TfKvb::setStatusText(const QString& text) { statusText_->setText(text); }
+
+void TfKvb::newSlip() {
+  TfServisFis* slip = nullptr;
+  {
+    const SlipFrame frame(*ribbon_, children_->redrawLock());
+    slip = new TfServisFis;
+    addChildWindow(slip);
+  }
+  slip->Insert();
+}
+
+void TfKvb::openSlip(qint64 id) {
+  const SlipFrame frame(*ribbon_, children_->redrawLock());
+  auto* slip = new TfServisFis;
+  addChildWindow(slip);
+  slip->Edit(id);
+}
+
+void TfKvb::chooseSlips() {
+  std::vector<QString> ids;
+  fservisfisSec->Giris(ids);
+  for (const QString& id : ids) openSlip(id.toLongLong());
+}
 
 void TfKvb::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
