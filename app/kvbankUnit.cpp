@@ -95,6 +95,7 @@ void TfKvb::formCreate(const QStringList& arguments) {
   QRect place(QPoint(), LargestDefault.boundedTo(desktop.size()));
   place.moveBottomRight(desktop.bottomRight());
   setGeometry(place);
+  if (place == desktop) setWindowState(Qt::WindowMaximized);  // its title bar would stand above the desktop
 
   utilities_ = std::make_unique<TQuendUtil>(programFile());
   QuendUtil = utilities_.get();

@@ -10,6 +10,10 @@
 #include <algorithm>
 #include <cmath>
 
+namespace {
+constexpr int CascadeStep = 26;  ///< from one new window to the next, in device-independent pixels
+}  // namespace
+
 ChildWindow::ChildWindow(QWidget* content) {
   setWidget(content);
   setAttribute(Qt::WA_DeleteOnClose);
@@ -77,12 +81,14 @@ QMdiSubWindow* ChildWindows::add(QWidget* content) {
   });
   connectGuarded(window, &ChildWindow::closed, this, [this, window] { forget(window); });
   area_->addSubWindow(window);
-  const QSize room = area_->viewport()->size();
-  const QSize wanted = window->sizeHint();
-  if (wanted.width() > room.width() || wanted.height() > room.height())
+  const QSize spare = area_->viewport()->size() - window->sizeHint();
+  if (spare.width() < 0 || spare.height() < 0) {
     window->showMaximized();
-  else
+  } else {
+    const int offset = CascadeStep * (count() - 1);
+    window->setGeometry(QRect({offset % (spare.width() + 1), offset % (spare.height() + 1)}, window->sizeHint()));
     window->show();
+  }
   Q_EMIT countChanged(count());
   return window;
 }
