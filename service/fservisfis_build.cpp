@@ -79,7 +79,7 @@ void TfServisFis::buildPages() {
   scroller->setFocusPolicy(Qt::NoFocus);
   fields_ = new SlipFieldsPage(scroller);
   scroller->setWidget(fields_);
-  lookUps_ = new SlipLookUps(*fields_, qCari, qCihaz, qServisTip);
+  lookUps_ = std::make_unique<SlipLookUps>(*fields_, qCari, qCihaz, qServisTip);
   picture_ = new SlipPicturePage([this] { return fields_->text(u"TS_C_AD"_s); }, pages_);
 
   pages_->addTab(scroller, u"Fiş Bilgileri"_s);

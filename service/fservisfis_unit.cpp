@@ -64,6 +64,7 @@ TfServisFis::~TfServisFis() {
   openEditors().removeAll(this);
   fServisFis = openEditors().isEmpty() ? nullptr : openEditors().last();
   // The pages look at the queries, which end before the base class would take the pages down.
+  lookUps_.reset();
   delete pages_;
 }
 

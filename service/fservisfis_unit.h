@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+#include <memory>
+
 class MemoEdit;
 class QAction;
 class QTabWidget;
@@ -99,7 +101,7 @@ class TfServisFis : public QWidget {
   QToolButton* saveButton_ = nullptr;
   QTabWidget* pages_ = nullptr;
   SlipFieldsPage* fields_ = nullptr;
-  SlipLookUps* lookUps_ = nullptr;
+  std::unique_ptr<SlipLookUps> lookUps_;
   QueryTable* lines_ = nullptr;
   MemoEdit* note_ = nullptr;
   SlipPicturePage* picture_ = nullptr;

@@ -51,7 +51,15 @@ void setUpAmount(qcxCurrencyEdit& amount, const SlipField& field) {
   amount.setDataSize(13);
   // The service fee keeps the usual two places: meant.
   if (field.column != u"TS_SERVIS_TUTAR"_s) amount.setDecimalPlaces(5);
-  if (field.column == u"TS_TUTAR"_s) amount.setEnabled(false);
+  if (field.column != u"TS_TUTAR"_s) return;
+  amount.setEnabled(false);
+  // Computed, yet what everyone looks for: as readable as a typed amount.
+  QPalette palette = amount.line()->palette();
+  palette.setColor(QPalette::Disabled, QPalette::Text, palette.color(QPalette::Active, QPalette::Text));
+  amount.line()->setPalette(palette);
+  QFont font = amount.line()->font();
+  font.setBold(true);
+  amount.line()->setFont(font);
 }
 
 }  // namespace

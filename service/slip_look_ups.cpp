@@ -13,8 +13,7 @@ QString QueryLookup::textOf(int row, const QString& field) const {
 }
 
 SlipLookUps::SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz, TMyQuery& qServisTip)
-    : QObject(&page),
-      page_(page),
+    : page_(page),
       qCari_(qCari),
       qCihaz_(qCihaz),
       qServisTip_(qServisTip),
@@ -29,8 +28,7 @@ SlipLookUps::SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz
 }
 
 SlipLookUps::~SlipLookUps() {
-  for (const QString& column : {u"TS_MUSTERI"_s, u"TS_C_AD"_s})
-    if (auto* box = page_.edit<LookupEdit>(column)) box->setSource(nullptr);
+  for (const QString& column : {u"TS_MUSTERI"_s, u"TS_C_AD"_s}) page_.edit<LookupEdit>(column)->setSource(nullptr);
 }
 
 const SlipLookUps::Copies& SlipLookUps::customerCopies() {

@@ -35,7 +35,7 @@ class QueryLookup : public LookupSource {
 class SlipLookUps : public QObject {
   Q_OBJECT
  public:
-  /// The queries must outlive this object, which belongs to the page.
+  /// Page and queries must outlive this object.
   SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz, TMyQuery& qServisTip);
   ~SlipLookUps() override;
 

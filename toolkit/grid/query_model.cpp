@@ -38,9 +38,8 @@ bool QueryModel::isNumber(int column) const {
 }
 
 double QueryModel::sum(int column) const {
-  double total = 0;
-  for (int row = 0; row < rows_; ++row) total += valueAt(row, column).toDouble();
-  return total;
+  const int field = query_.fieldIndex(columns_[size_t(column)].field);
+  return field < 0 ? 0 : query_.sumOf(field);
 }
 
 QVariant QueryModel::data(const QModelIndex& index, int role) const {
@@ -57,7 +56,7 @@ QVariant QueryModel::data(const QModelIndex& index, int role) const {
 QVariant QueryModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
   if (role == Qt::DisplayRole) return columns_[size_t(section)].caption;
-  if (role == Qt::TextAlignmentRole) return int(Qt::AlignLeft | Qt::AlignVCenter);
+  if (role == Qt::TextAlignmentRole) return int((isNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   return {};
 }
 

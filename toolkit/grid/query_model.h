@@ -13,6 +13,7 @@ struct QueryColumn {
   int width = 100;        ///< pixels at 100 %
   QString displayFormat;  ///< of numbers; empty shows the value as it is
   QString footerFormat;   ///< of the column's sum in the footer; empty for none
+  bool stretches = false; ///< takes the room that is left
 };
 
 /// The rows of a query as a table model. With appending on, one more row stands below them; what is typed there becomes

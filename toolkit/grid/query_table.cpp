@@ -66,8 +66,14 @@ QueryTableView::QueryTableView(QueryModel* model, QWidget* parent) : QTableView(
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
   horizontalHeader()->setHighlightSections(false);
-  horizontalHeader()->setStretchLastSection(true);
-  for (int column = 0; column < model->columnCount(); ++column) setColumnWidth(column, model->columns()[size_t(column)].width);
+  bool anyStretches = false;
+  for (int column = 0; column < model->columnCount(); ++column) {
+    const QueryColumn& description = model->columns()[size_t(column)];
+    setColumnWidth(column, description.width);
+    if (description.stretches) horizontalHeader()->setSectionResizeMode(column, QHeaderView::Stretch);
+    anyStretches = anyStretches || description.stretches;
+  }
+  horizontalHeader()->setStretchLastSection(!anyStretches);
 }
 
 void QueryTableView::paintEvent(QPaintEvent* event) {
