@@ -42,6 +42,13 @@ class WaitCursor {
   WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
+/// What a failed connection is told with. A character of the password is not shown, though the error names it.
+QString failureText(const std::exception& error, const QString& passwordCaption) {
+  const auto* unstorable = dynamic_cast<const EUnstorableValue*>(&error);
+  if (unstorable == nullptr || unstorable->field() != passwordCaption) return LogFile::messageOf(error);
+  return u"\"%1\" alanında veritabanında saklanamayan bir karakter var."_s.arg(passwordCaption);
+}
+
 LogFile::Context context() {
   const QWidget* form = QApplication::activeWindow();
   const QWidget* control = QApplication::focusWidget();
@@ -156,9 +163,11 @@ void TLogin_Form::connectToServer() {
     const WaitCursor waiting;
     DM->MySQL.Connect();
   } catch (const std::exception& error) {
+    DM->MySQL.Password.clear();
     connectionFailed(error);
     return;
   }
+  DM->MySQL.Password.clear();  // nothing connects a second time, so that it is kept nowhere
   try {
     SettingsStore::write(settingsPath, settingsSection, Kullanici->objectName(), Kullanici->text());
     SettingsStore::write(settingsPath, settingsSection, eSunucu->objectName(), eSunucu->text());
@@ -171,11 +180,14 @@ void TLogin_Form::connectToServer() {
 /// The first two failures are shown to nobody, so that a mistyped word costs no click; they are logged.
 void TLogin_Form::connectionFailed(const std::exception& error) {
   ++failedAttempts_;
-  // The server's text names the account, so that only its number goes to the log.
+  // An error's text may hold a part of what was typed, so that only its kind goes to the log.
   const auto* refusal = dynamic_cast<const EMyError*>(&error);
-  Log(u"Bağlantı kurulamadı: %1"_s.arg(refusal != nullptr ? QString::number(refusal->code()) : LogFile::messageOf(error)));
+  const auto* own = dynamic_cast<const Exception*>(&error);
+  Log(u"Bağlantı kurulamadı: %1"_s.arg(refusal != nullptr ? QString::number(refusal->code())
+                                       : own != nullptr   ? own->className()
+                                                          : QString()));
   if (failedAttempts_ < allowedAttempts) return;
-  QuendUtil->ErrorMesaj(this, LogFile::messageOf(error));
+  QuendUtil->ErrorMesaj(this, failureText(error, parola->accessibleName()));
   endProcess(0);
 }
 

@@ -6,8 +6,13 @@ using namespace Qt::StringLiterals;
 
 TDM* DM = nullptr;
 
+namespace {
+/// Short, so that the check and the connection's own time-out together stay bearable.
+constexpr int answerTimeoutMs = 3000;
+}  // namespace
+
 int ServerControl::serviceStatus([[maybe_unused]] const QString& serviceName) const {
-  return serverAnswers(connection_.Server, connection_.Port, connection_.ConnectTimeoutSeconds * 1000) ? Running : Stopped;
+  return serverAnswers(connection_.Server, connection_.Port, answerTimeoutMs) ? Running : Stopped;
 }
 
 TDM::TDM() : pGetQ(MySQL, u"pGetQ"_s), MyServerControl1(MySQL) { DM = this; }

@@ -10,7 +10,7 @@ class ServerControl {
   static constexpr int Running = 3;
   static constexpr int Stopped = 1;
   /// 3 when the service runs. On a system without a service manager: when a server answers at the port on the server's
-  /// address; blocks for the connect time-out at most.
+  /// address; blocks for three seconds at most.
   int serviceStatus(const QString& serviceName) const;
 
  private:

@@ -74,21 +74,27 @@ void reset(QWidget& control, const FieldInfo& field) {
     text->clear();
 }
 
+/// Visits every field that has a control; what does not convert is told with the control's caption.
 template <class Visit>
 void eachBound(QWidget& form, TMyQuery& dataset, Visit visit) {
-  for (int i = 0; i < dataset.fieldCount(); ++i)
-    if (auto* control = form.findChild<QWidget*>(dataset.fieldInfo(i).name)) visit(*control, dataset.field(i));
+  for (int i = 0; i < dataset.fieldCount(); ++i) {
+    const QString name = dataset.fieldInfo(i).name;
+    auto* control = form.findChild<QWidget*>(name);
+    if (control == nullptr) continue;
+    try {
+      visit(*control, dataset.field(i));
+    } catch (const EConvertError& error) {
+      const QString caption = control->accessibleName();
+      throw EConvertError(u"%1: %2"_s.arg(caption.isEmpty() ? name : caption, error.message()));
+    }
+  }
 }
 
 }  // namespace
 
 void FieldBinding::controlsToFields(QWidget& form, TMyQuery& dataset) {
   eachBound(form, dataset, [](QWidget& control, const Field& field) {
-    try {
-      if (const auto value = valueOf(control)) field.set(*value);
-    } catch (const EConvertError& error) {
-      throw EConvertError(u"\"%1\": %2"_s.arg(control.accessibleName(), error.message()));
-    }
+    if (const auto value = valueOf(control)) field.set(*value);
   });
 }
 

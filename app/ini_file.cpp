@@ -3,23 +3,27 @@
 #include "app/exceptions.h"
 
 #include <QFile>
+#include <QList>
 #include <QSaveFile>
-#include <QStringList>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QStringList linesOf(const QString& name) {
-  QFile file(name);
-  if (!file.open(QIODevice::ReadOnly)) return {};
-  QString text = QString::fromUtf8(file.readAll());
-  text.remove(u'\r');
-  if (text.endsWith(u'\n')) text.chop(1);
-  return text.isEmpty() ? QStringList() : text.split(u'\n');
+/// Lines as they stand in the file, without their breaks. Bytes, so that a line of another encoding survives a write.
+using Lines = QList<QByteArray>;
+
+Lines linesOf(QFile& file) {
+  QByteArray text = file.readAll();
+  if (text.startsWith("\xEF\xBB\xBF")) text.remove(0, 3);
+  text.replace("\r\n", "\n");
+  if (text.endsWith('\n')) text.chop(1);
+  return text.isEmpty() ? Lines() : text.split('\n');
 }
 
-bool sameName(QStringView left, QStringView right) { return left.trimmed().compare(right.trimmed(), Qt::CaseInsensitive) == 0; }
+bool sameName(const QByteArray& left, const QString& right) {
+  return QString::fromUtf8(left).trimmed().compare(right.trimmed(), Qt::CaseInsensitive) == 0;
+}
 
 /// Line number of the section's header, and of the key in it; end is the first line behind the section.
 struct Place {
@@ -28,18 +32,19 @@ struct Place {
   qsizetype end = -1;
 };
 
-Place find(const QStringList& lines, const QString& section, const QString& key) {
+Place find(const Lines& lines, const QString& section, const QString& key) {
   Place place;
   for (qsizetype i = 0; i < lines.size(); ++i) {
-    const QStringView line = QStringView(lines[i]).trimmed();
-    if (line.startsWith(u'[') && line.endsWith(u']')) {
+    const QByteArray line = lines[i].trimmed();
+    if (line.startsWith('[') && line.endsWith(']')) {
       if (place.header >= 0) break;
       if (sameName(line.mid(1, line.size() - 2), section)) place.header = i;
     } else if (place.header >= 0 && place.key < 0) {
-      const qsizetype mark = line.indexOf(u'=');
+      const qsizetype mark = line.indexOf('=');
       if (mark > 0 && sameName(line.left(mark), key)) place.key = i;
     }
-    if (place.header >= 0) place.end = i + 1;
+    // A new key goes before the blank lines that part two sections.
+    if (place.header >= 0 && !line.isEmpty()) place.end = i + 1;
   }
   return place;
 }
@@ -47,26 +52,34 @@ Place find(const QStringList& lines, const QString& section, const QString& key)
 }  // namespace
 
 QString IniFile::read(const QString& file, const QString& section, const QString& key, const QString& fallback) {
-  const QStringList lines = linesOf(file);
+  QFile in(file);
+  if (!in.open(QIODevice::ReadOnly)) return fallback;
+  const Lines lines = linesOf(in);
   const Place place = find(lines, section, key);
   if (place.key < 0) return fallback;
-  return lines[place.key].section(u'=', 1).trimmed();
+  const QByteArray& line = lines[place.key];
+  return QString::fromUtf8(line.mid(line.indexOf('=') + 1)).trimmed();
 }
 
 void IniFile::write(const QString& file, const QString& section, const QString& key, const QString& value) {
-  QStringList lines = linesOf(file);
+  const auto fail = [&file](const QString& reason) { throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, reason)); };
+  QFile in(file);
+  // A file that is there but cannot be read must not be replaced by one with this key alone.
+  if (in.exists() && !in.open(QIODevice::ReadOnly)) fail(in.errorString());
+  Lines lines = in.isOpen() ? linesOf(in) : Lines();
+  in.close();
+
   const Place place = find(lines, section, key);
-  const QString line = key + u'=' + QString(value).replace(u'\n', u' ').remove(u'\r');
+  const QByteArray line = (key + u'=' + QString(value).remove(u'\r').replace(u'\n', u' ')).toUtf8();
   if (place.key >= 0) {
     lines[place.key] = line;
   } else if (place.header >= 0) {
     lines.insert(place.end, line);
   } else {
-    lines += u'[' + section + u']';
+    lines += (u'[' + section + u']').toUtf8();
     lines += line;
   }
   QSaveFile out(file);
-  const QByteArray bytes = lines.join(u"\r\n"_s).toUtf8() + "\r\n";
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
-    throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, out.errorString()));
+  const QByteArray bytes = lines.join("\r\n") + "\r\n";
+  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit()) fail(out.errorString());
 }

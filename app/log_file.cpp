@@ -31,8 +31,9 @@ QString LogFile::markerEntry(const Context& context, const QString& labelName, c
 }
 
 QString LogFile::messageEntry(const QDateTime& now, const QString& message, const std::exception* error) {
-  const QString line = DateText::dateTime(now) + u"->"_s + message;
-  return error != nullptr ? line + u" ("_s + messageOf(*error) + u')' : line;
+  QString line = DateText::dateTime(now) + u"->"_s + message;
+  if (error != nullptr) line += u" ("_s + messageOf(*error) + u')';
+  return line.replace(u"\r\n"_s, u" "_s).replace(u'\n', u' ').replace(u'\r', u' ');
 }
 
 bool LogFile::append(const QString& file, const QString& entry) {

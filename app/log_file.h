@@ -20,7 +20,7 @@ struct Context {
 QString errorEntry(const Context& context, const std::exception& error);
 /// Entry for a refused command: name and caption of the label that marks it.
 QString markerEntry(const Context& context, const QString& labelName, const QString& labelCaption);
-/// Line of a message with the error that goes with it, if any.
+/// Line of a message with the error that goes with it, if any; line breaks become blanks, as an entry is one line.
 QString messageEntry(const QDateTime& now, const QString& message, const std::exception* error);
 
 /// Message of any error, as the user may be shown it.

@@ -12,7 +12,7 @@ const QString suffix = u"@Kp-7H4n"_s;
 
 QString orTickCounter(const QString& typed) { return typed.isEmpty() ? QString::number(environment().tickCount()) : typed; }
 
-/// Capitals of the ASCII letters only; the master word has no others that matter.
+/// Capitals of the ASCII letters only.
 QString plainUpper(QString text) {
   for (QChar& letter : text)
     if (letter >= u'a' && letter <= u'z') letter = QChar(letter.unicode() - u'a' + u'A');
@@ -30,7 +30,7 @@ QString LoginRules::password(const QString& typedPassword) {
 }
 
 QString LoginRules::server(const QString& typedServer, const QString& computerName) {
-  const QString trimmed = typedServer.trimmed();
-  const bool own = trimmed.isEmpty() || trimmed.compare("localhost"_L1, Qt::CaseInsensitive) == 0 || trimmed == "127.0.0.1"_L1;
+  const QString upper = plainUpper(typedServer);
+  const bool own = typedServer.trimmed().isEmpty() || upper == "LOCALHOST"_L1 || upper == "127.0.0.1"_L1;
   return own ? computerName : typedServer;
 }

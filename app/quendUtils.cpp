@@ -12,7 +12,6 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QUuid>
 
 using namespace Qt::StringLiterals;
 
@@ -82,7 +81,10 @@ bool TQuendUtil::WindowExists(const QString& windowClass) const { return machine
 QString TQuendUtil::GetOSVersion() const { return machine().osVersion(); }
 
 QString TQuendUtil::GetRandomAddress() const {
-  return QString::fromLatin1(QUuid::createUuid().toRfc4122().right(6).toHex().toUpper());
+  // The last six bytes of a GUID are nothing but random.
+  QByteArray bytes(6, '\0');
+  for (char& byte : bytes) byte = char(environment().randomBelow(256));
+  return QString::fromLatin1(bytes.toHex().toUpper());
 }
 
 QString TQuendUtil::GetBuildInfoAsString() const { return buildVersion(); }
@@ -94,7 +96,11 @@ QDateTime TQuendUtil::FileLastModified(const QString& file) const {
   return info.lastModified();
 }
 
-int TQuendUtil::VarToInt(const Value& value) const { return int(value.toInteger()); }
+int TQuendUtil::VarToInt(const Value& value) const {
+  const qint64 number = value.toInteger();
+  if (number != int(number)) throw EConvertError(u"\"%1\" geçerli bir tam sayı değil."_s.arg(number));
+  return int(number);
+}
 
 QChar TQuendUtil::BuyukHarf(QChar letter) const { return TextTools::BuyukHarf(letter); }
 QString TQuendUtil::LoginTrBuyukHarf(const QString& text) const { return TextTools::LoginTrBuyukHarf(text); }

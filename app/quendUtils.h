@@ -33,13 +33,13 @@ class TQuendUtil {
   bool processExists(const QString& name) const;
   bool WindowExists(const QString& windowClass) const;
   QString GetOSVersion() const;
-  /// Twelve capital hexadecimal digits: the last six bytes of a fresh GUID.
+  /// Twelve capital hexadecimal digits, new each time, as the last six bytes of a fresh GUID.
   QString GetRandomAddress() const;
   QString GetBuildInfoAsString() const;
   QString FileVersionInfo(const QString& file, const QString& key) const;
   /// Throws EInOutError for a missing file and for a folder.
   QDateTime FileLastModified(const QString& file) const;
-  /// NULL and empty text give 0. Throws EConvertError for a text that is no whole number.
+  /// NULL and empty text give 0. Throws EConvertError for a text that is no whole number, or one beyond 32 bits.
   int VarToInt(const Value& value) const;
 
   QChar BuyukHarf(QChar letter) const;

@@ -82,7 +82,8 @@ QString TextTools::StrToFloat_Universal(const QString& text) {
 
 QString TextTools::GetValue(const QString& text, int index) {
   const QStringList fields = text.split(u'|');
-  // Every field is closed by its "|", so that what follows the last one is no field.
+  const bool unclosed = index == fields.size() && !fields.last().isEmpty();
+  if (unclosed) return {};  // meant: a field counts only when its "|" closes it
   if (index < 1 || index >= fields.size()) return u"XXXXXXXXXX"_s;
   return fields[index - 1].trimmed();
 }

@@ -8,7 +8,7 @@ namespace SettingsStore {
 
 /// fallback when the value is missing or cannot be read.
 QString read(const QString& path, const QString& section, const QString& key, const QString& fallback = {});
-/// Throws EInOutError.
+/// Any text comes back as it was written. Throws EInOutError.
 void write(const QString& path, const QString& section, const QString& key, const QString& value);
 
 }  // namespace SettingsStore

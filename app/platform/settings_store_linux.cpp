@@ -23,6 +23,28 @@ QString storeFile() {
 
 QString sectionName(const QString& path, const QString& section) { return path + u'\\' + section; }
 
+/// A value on one line, in quotes, so that blanks at its ends and line breaks come back as they were.
+QString quoted(const QString& value) {
+  QString text = value;
+  text.replace(u'\\', u"\\\\"_s).replace(u'\n', u"\\n"_s).replace(u'\r', u"\\r"_s);
+  return u'"' + text + u'"';
+}
+
+QString unquoted(const QString& stored) {
+  if (stored.size() < 2 || !stored.startsWith(u'"') || !stored.endsWith(u'"')) return stored;
+  QString value;
+  bool escaped = false;
+  for (const QChar c : QStringView(stored).mid(1, stored.size() - 2)) {
+    if (!escaped && c == u'\\') {
+      escaped = true;
+      continue;
+    }
+    value += !escaped ? c : c == u'n' ? QChar(u'\n') : c == u'r' ? QChar(u'\r') : c;
+    escaped = false;
+  }
+  return value;
+}
+
 /// Makes the file with mode 0600 before anything is in it: it holds passwords.
 void ensurePrivate(const QString& file) {
   QDir().mkpath(QFileInfo(file).absolutePath());
@@ -36,12 +58,12 @@ void ensurePrivate(const QString& file) {
 }  // namespace
 
 QString SettingsStore::read(const QString& path, const QString& section, const QString& key, const QString& fallback) {
-  return IniFile::read(storeFile(), sectionName(path, section), key, fallback);
+  return unquoted(IniFile::read(storeFile(), sectionName(path, section), key, fallback));
 }
 
 void SettingsStore::write(const QString& path, const QString& section, const QString& key, const QString& value) {
   const QString file = storeFile();
   ensurePrivate(file);
   // The new file takes the mode of the one that it replaces.
-  IniFile::write(file, sectionName(path, section), key, value);
+  IniFile::write(file, sectionName(path, section), key, quoted(value));
 }
