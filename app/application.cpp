@@ -32,7 +32,7 @@ class Application : public QApplication {
 };
 }  // namespace
 
-int runProgram(int argc, char** argv) {
+int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   Application application(argc, argv);
   QCoreApplication::setApplicationName(u"Torvane Teknik Servis Takip"_s);
   applyLook(application);
@@ -57,6 +57,7 @@ int runProgram(int argc, char** argv) {
 
   connectGuarded(&workspace, &TfKvb::closed, &workspace, [] { QCoreApplication::exit(0); });  // whatever else is open
   workspace.show();
+  if (beforeLoop) beforeLoop();
   const int exitCode = QApplication::exec();
   setUnhandledHandler({});
   return exitCode;

@@ -1,0 +1,145 @@
+#include "demo/road.h"
+
+#include "app/data/my_query.h"
+#include "app/dmUnit.h"
+#include "app/kvbankUnit.h"
+#include "demo/screen_hands.h"
+#include "service/fservisfis_unit.h"
+
+#include <QApplication>
+#include <QLabel>
+
+#include <cstdio>
+#include <set>
+#include <utility>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the customer at the counter brings, by column.
+const std::vector<std::pair<QString, QString>> deviceTakenIn = {
+    {u"TS_MUSTERI"_s, u"ayşe ışık"_s},           {u"TS_CEP"_s, u"5321234567"_s},
+    {u"TS_ILCE"_s, u"kadıköy / istanbul"_s},     {u"TS_ADRES"_s, u"moda caddesi 12"_s},
+    {u"TS_C_AD"_s, u"dizüstü bilgisayar"_s},     {u"TS_C_MARKA"_s, u"tx-500"_s},
+    {u"TS_C_SERINO"_s, u"sn00471"_s},            {u"TS_C_EKPARCA"_s, u"şarj aleti"_s},
+    {u"TS_C_SIKAYET"_s, u"açılmıyor, fan sesi"_s}, {u"TS_SERVIS_TUTAR"_s, u"250"_s},
+    {u"TS_ISCILIK_TUTAR"_s, u"120,50"_s},
+};
+
+/// Object name of the control that has the keyboard, or of the nearest named one around it.
+QString focusedControl() {
+  for (const QWidget* widget = QApplication::focusWidget(); widget != nullptr; widget = widget->parentWidget())
+    if (widget->objectName().startsWith(u"TS_")) return widget->objectName();
+  return {};
+}
+
+/// The title of the slip window in front; empty when there is none.
+QString slipTitle() {
+  const QWidgetList windows = fKvb->childWindows();
+  return windows.isEmpty() ? QString() : windows.back()->windowTitle();
+}
+
+bool showsText(const QString& text) {
+  for (const QWidget* widget : QApplication::allWidgets()) {
+    const auto* label = qobject_cast<const QLabel*>(widget);
+    if (label != nullptr && label->isVisible() && label->text().contains(text)) return true;
+  }
+  return false;
+}
+
+QString scalar(const QString& statement) {
+  TMyQuery query(DM->MySQL, u"qDemo"_s);
+  query.SQL.setText(statement);
+  query.Open();
+  return query.IsEmpty() ? QString() : query.field(0).asText();
+}
+
+/// Fills the form by the keyboard alone, moving on with Enter as a user would.
+void fillByKeyboard(ScreenHands& hands) {
+  std::set<QString> filled;
+  for (int stop = 0; stop < 60 && filled.size() < deviceTakenIn.size(); ++stop) {
+    const QString control = hands.ask<QString>(focusedControl);
+    for (const auto& [column, text] : deviceTakenIn)
+      if (column == control && filled.insert(column).second) hands.type(text);
+    hands.press({control == u"TS_C_EKPARCA" || control == u"TS_C_SIKAYET" || control == u"TS_C_TEKNISYEN_NOT" ? u"Tab"_s : u"Return"_s});
+    ScreenHands::pause(40);
+  }
+  if (filled.size() < deviceTakenIn.size()) throw StationMissed("not every field was reached by the keyboard");
+}
+
+void printSavedRow() {
+  TMyQuery query(DM->MySQL, u"qDemo"_s);
+  query.SQL.setText(u"select * from teknikservis"_s);
+  query.Open();
+  for (int i = 0; i < query.fieldCount(); ++i)
+    if (!query.field(i).isNull())
+      std::printf("%-26s %s\n", query.fieldInfo(i).name.toUtf8().constData(), query.field(i).asText().toUtf8().constData());
+}
+
+void walk(ScreenHands& hands) {
+  hands.waitFor(u"login form"_s, [] { return visibleWidget(u"Tamam_Button"_s) != nullptr; });
+  hands.picture(u"oturum"_s);
+  hands.press({u"Return"_s});
+  hands.waitFor(u"workspace"_s, [] {
+    const QWidget* active = QApplication::activeWindow();
+    return DM->MySQL.Connected() && active == fKvb && QApplication::activeModalWidget() == nullptr;
+  });
+  hands.picture(u"calisma-alani"_s);
+
+  hands.click(u"dxBarLargeButton1"_s);
+  hands.waitFor(u"new slip"_s, [] { return slipTitle() == u"Yeni Servis Fişi"_s && focusedControl() == u"TS_NO"_s; });
+  hands.picture(u"yeni-fis"_s);
+  fillByKeyboard(hands);
+  hands.picture(u"doldurulmus-fis"_s);
+  hands.press({u"F2"_s});
+  hands.waitFor(u"balloon"_s, [] { return showsText(u"Servis fiş kaydı tamamlandı."_s); });
+  hands.picture(u"kayit-tamamlandi"_s);
+  hands.waitFor(u"saved slip's title"_s, [] { return slipTitle() == u"(100) Servis Fişi"_s; });
+  hands.press({u"F3"_s});
+  hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
+  hands.picture(u"fis-kapandi"_s);
+
+  hands.click(u"dxBarLargeButton2"_s);
+  hands.waitFor(u"slip list"_s, [] {
+    const QWidget* dialog = QApplication::activeModalWidget();
+    return dialog != nullptr && dialog->windowTitle() == u"Servis Fişleri"_s;
+  });
+  hands.picture(u"servis-fisleri"_s);
+  hands.press({u"Return"_s});
+  hands.waitFor(u"slip reopened"_s, [] { return slipTitle() == u"(100) Servis Fişi"_s; });
+  hands.click(u"TS_ACIKLAMA"_s);
+  hands.type(u"müşteri akşam uğrayacak"_s);
+  hands.picture(u"degistirilmis-fis"_s);
+  hands.press({u"F2"_s});
+  hands.waitFor(u"change saved"_s, [] {
+    return scalar(u"select TS_ACIKLAMA from teknikservis where TS_NO = '100'"_s) == u"MÜŞTERİ AKŞAM UĞRAYACAK"_s;
+  });
+  hands.ask<bool>([] {
+    printSavedRow();
+    return true;
+  });
+  hands.press({u"F6"_s});
+  hands.waitFor(u"question before deleting"_s, [] { return showsText(u"Fiş silinecek onaylıyor musunuz"_s); });
+  hands.picture(u"silme-sorusu"_s);
+  hands.press({u"Return"_s});
+  hands.waitFor(u"slip deleted"_s, [] {
+    return fKvb->childWindows().isEmpty() && scalar(u"select count(*) from teknikservis"_s) == u"0"_s;
+  });
+  hands.picture(u"silindi"_s);
+}
+
+}  // namespace
+
+int walkTheRoad(const QString& pictureFolder) {
+  ScreenHands hands(pictureFolder);
+  try {
+    walk(hands);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "demo: %s\n", error.what());
+    return 1;
+  }
+  std::puts("demo: every station reached");
+  return 0;
+}

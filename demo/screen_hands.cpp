@@ -1,0 +1,76 @@
+#include "demo/screen_hands.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QPixmap>
+#include <QProcess>
+#include <QScreen>
+#include <QThread>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Widgets go by their own name, buttons of a command by the command's.
+bool goesBy(const QWidget& widget, const QString& objectName) {
+  const auto* button = qobject_cast<const QToolButton*>(&widget);
+  const QAction* command = button != nullptr ? button->defaultAction() : nullptr;
+  return widget.objectName() == objectName || (command != nullptr && command->objectName() == objectName);
+}
+
+}  // namespace
+
+QWidget* visibleWidget(const QString& objectName) {
+  for (QWidget* widget : QApplication::allWidgets())
+    if (goesBy(*widget, objectName) && widget->isVisible() && !widget->visibleRegion().isEmpty()) return widget;
+  return nullptr;
+}
+
+ScreenHands::ScreenHands(QString pictureFolder) : pictureFolder_(std::move(pictureFolder)) {}
+
+void ScreenHands::onMainThread(const std::function<void()>& work) {
+  QMetaObject::invokeMethod(qApp, work, Qt::BlockingQueuedConnection);
+}
+
+void ScreenHands::waitFor(const QString& station, const std::function<bool()>& question, int seconds) {
+  QElapsedTimer timer;
+  timer.start();
+  while (!ask<bool>(question)) {
+    if (timer.elapsed() > seconds * 1000) {
+      picture(u"missed"_s);
+      throw StationMissed("station not reached: " + station.toStdString());
+    }
+    pause(30);
+  }
+}
+
+void ScreenHands::tool(const QStringList& arguments) {
+  QProcess process;
+  process.start(u"xdotool"_s, arguments);
+  if (!process.waitForFinished(60000) || process.exitCode() != 0) throw StationMissed("xdotool failed");
+}
+
+void ScreenHands::press(const QStringList& keys) { tool(QStringList{u"key"_s, u"--delay"_s, u"15"_s} + keys); }
+
+void ScreenHands::type(const QString& text) { tool({u"type"_s, u"--delay"_s, u"12"_s, u"--"_s, text}); }
+
+void ScreenHands::click(const QString& objectName) {
+  waitFor(u"control "_s + objectName, [&] { return visibleWidget(objectName) != nullptr; });
+  const QPoint place = ask<QPoint>([&] {
+    const QWidget* widget = visibleWidget(objectName);
+    return widget->mapToGlobal(widget->rect().center()) * widget->devicePixelRatio();
+  });
+  tool({u"mousemove"_s, QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});
+}
+
+void ScreenHands::picture(const QString& name) {
+  pause(150);
+  const QString file = QDir(pictureFolder_).filePath(u"%1-%2.png"_s.arg(++pictures_, 2, 10, QChar(u'0')).arg(name));
+  if (!ask<bool>([&] { return QApplication::primaryScreen()->grabWindow(0).save(file); }))
+    throw StationMissed("picture not written: " + file.toStdString());
+}
+
+void ScreenHands::pause(int milliseconds) { QThread::msleep(ulong(milliseconds)); }
