@@ -17,7 +17,11 @@ int main(int argc, char** argv) {
   int programArguments = 1;
   const int result = runProgram(programArguments, argv, [folder] {
     // The program's own end is not part of the walk: the process leaves with the walk's result.
-    QThread::create([folder] { std::_Exit(walkTheRoad(folder)); })->start();
+    QThread::create([folder] {
+      const int walked = walkTheRoad(folder);
+      std::fflush(nullptr);
+      std::_Exit(walked);
+    })->start();
   });
   return result == 0 ? 1 : result;
 }
