@@ -183,14 +183,25 @@ void TfKvb::newSlip() {
     slip = new TfServisFis;
     addChildWindow(slip);
   }
-  slip->Insert();
+  try {
+    slip->Insert();
+  } catch (...) {
+    slip->parentWidget()->close();
+    throw;
+  }
 }
 
 void TfKvb::openSlip(qint64 id) {
   const SlipFrame frame(*ribbon_, children_->redrawLock());
   auto* slip = new TfServisFis;
   addChildWindow(slip);
-  slip->Edit(id);
+  try {
+    slip->Edit(id);
+  } catch (...) {
+    // A slip that could not be read would stand there as an empty form; one whose picture is damaged stays.
+    if (slip->qServis.IsEmpty()) slip->parentWidget()->close();
+    throw;
+  }
 }
 
 void TfKvb::chooseSlips() {

@@ -48,12 +48,22 @@ class Bubble : public QWidget {
     const int left = std::clamp(wanted, screen.left(), std::max(screen.left(), screen.right() - whole.width()));
     setGeometry(QRect(QPoint(left, top), whole));
     label_->setGeometry(QRect(QPoint(10, (below_ ? tipHeight : 0) + 6), size));
+    // Where no compositor runs, what the outline leaves free would be black.
+    setMask(QRegion(outline().toFillPolygon().toPolygon()).united(QRegion(outline().translated(0.5, 0.5).toFillPolygon().toPolygon())));
   }
 
  protected:
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor(0xB0, 0x95, 0x30));
+    painter.setBrush(QColor(0xFF, 0xF8, 0xDC));
+    painter.drawPath(outline());
+  }
+  void mousePressEvent(QMouseEvent*) override { hide(); }
+
+ private:
+  QPainterPath outline() const {
     QRectF field = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     (below_ ? field.setTop(field.top() + tipHeight) : field.setBottom(field.bottom() - tipHeight));
     const qreal edge = below_ ? field.top() : field.bottom();
@@ -64,13 +74,9 @@ class Bubble : public QWidget {
     tip.lineTo(tipPlace, below_ ? 0.5 : height() - 0.5);
     tip.lineTo(tipPlace + 7, edge);
     tip.closeSubpath();
-    painter.setPen(QColor(0xB0, 0x95, 0x30));
-    painter.setBrush(QColor(0xFF, 0xF8, 0xDC));
-    painter.drawPath(body.united(tip));
+    return body.united(tip);
   }
-  void mousePressEvent(QMouseEvent*) override { hide(); }
 
- private:
   QLabel* label_;
   bool below_ = true;
 };
