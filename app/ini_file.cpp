@@ -3,6 +3,7 @@
 #include "app/exceptions.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QList>
 #include <QSaveFile>
 
@@ -53,7 +54,7 @@ Place find(const Lines& lines, const QString& section, const QString& key) {
 
 QString IniFile::read(const QString& file, const QString& section, const QString& key, const QString& fallback) {
   QFile in(file);
-  if (!in.open(QIODevice::ReadOnly)) return fallback;
+  if (!QFileInfo(file).isFile() || !in.open(QIODevice::ReadOnly)) return fallback;
   const Lines lines = linesOf(in);
   const Place place = find(lines, section, key);
   if (place.key < 0) return fallback;
@@ -65,7 +66,7 @@ void IniFile::write(const QString& file, const QString& section, const QString& 
   const auto fail = [&file](const QString& reason) { throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, reason)); };
   QFile in(file);
   // A file that is there but cannot be read must not be replaced by one with this key alone.
-  if (in.exists() && !in.open(QIODevice::ReadOnly)) fail(in.errorString());
+  if (in.exists() && (!QFileInfo(file).isFile() || !in.open(QIODevice::ReadOnly))) fail(in.errorString());
   Lines lines = in.isOpen() ? linesOf(in) : Lines();
   in.close();
 
