@@ -36,8 +36,11 @@ int main(int argc, char** argv) {
   try {
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly)) return 1;
-    const QByteArray name = quoted(LoginRules::account(line(input)), u"Kullanıcı Adı"_s);
-    const QByteArray password = quoted(LoginRules::password(line(input)), u"Kullanıcı Parolası"_s);
+    const QString typedName = line(input);
+    const QString typedPassword = line(input);
+    if (typedName.isEmpty() || typedPassword.isEmpty()) throw Exception(u"the name or the password is empty"_s);
+    const QByteArray name = quoted(LoginRules::account(typedName), u"Kullanıcı Adı"_s);
+    const QByteArray password = quoted(LoginRules::password(typedPassword), u"Kullanıcı Parolası"_s);
     std::puts("SET NAMES latin5;");
     for (int i = 1; i < argc; ++i) {
       const QByteArray account = name + '@' + quoted(QString::fromLocal8Bit(argv[i]), u"host"_s);

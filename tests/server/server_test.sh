@@ -1,0 +1,206 @@
+#!/usr/bin/env bash
+# The private instance through its own command: server_test.sh KVTK-SERVER. Each case is a function; a failed check ends it.
+set -uo pipefail
+server=$1
+: "${KVTK_ACCOUNT_TOOL:?the built kvtk-account}"
+address=127.0.0.46
+scratch=$(mktemp -d)
+export KVTK_HOME=$scratch/home KVTK_BIND=$address
+folder=$KVTK_HOME/server
+trap '"$server" stop; rm -rf "$scratch"' EXIT
+
+fail() { echo "    $*" >&2; exit 1; }
+sql() { "$server" sql -N; }
+equal() { [ "$1" = "$2" ] || fail "expected '$2', got '$1'"; }
+# Runs a command that has to be refused with these words.
+refused() {
+  local words=$1
+  shift
+  if "$@" >"$scratch/said" 2>&1 </dev/null; then fail "not refused: $*"; fi
+  grep -qF -- "$words" "$scratch/said" || fail "refused with other words: $(cat "$scratch/said")"
+}
+# All data as one number, but for the moments at which rows were written.
+fingerprint() {
+  "$server" backup "$scratch/fingerprint.sql" || return 1
+  sed -E "/^--/d; s/'[0-9-]{10} [0-9:]{8}\.[0-9]{6}'/NOW/g" "$scratch/fingerprint.sql" | cksum
+}
+# Slips with two parts each, every slip one transaction, until the server is gone.
+write_slips() {
+  local i
+  for i in $(seq 100000); do
+    echo "START TRANSACTION; INSERT INTO teknikservis (TS_NO) VALUES ('$1$i'); SET @slip = LAST_INSERT_ID();
+      INSERT INTO malzeme (TS_NO_REF) VALUES (@slip); INSERT INTO malzeme (TS_NO_REF) VALUES (@slip); COMMIT; SELECT '$1$i';"
+  done | "$server" sql 2>/dev/null
+}
+wait_for_slips() {
+  local i
+  for i in $(seq 100); do [ "$(wc -l <"$1")" -gt 100 ] && return; sleep 0.1; done
+  fail "the writer does not get on"
+}
+broken_slips() {
+  sql <<<"SELECT COUNT(*) FROM teknikservis WHERE 2 <> (SELECT COUNT(*) FROM malzeme WHERE TS_NO_REF = TS_ID) OR
+    1 <> (SELECT COUNT(*) FROM notlar WHERE SF_TS_ID = TS_ID)"
+}
+# Connects as the program does, with what the login form's presets become.
+login() {
+  local file=$scratch/login.cnf
+  printf '[client]\nuser=QUEND\npassword="%s"\n' "$(printf 'quend\n%s\n' "$1" | "$KVTK_ACCOUNT_TOOL" x | sed -n "s/.*IDENTIFIED BY '\(.*\)';/\1/p")" >"$file"
+  mariadb --defaults-file="$file" --host="$address" --port=3313 --protocol=tcp kvtk -N -e "$2"
+}
+
+case_create() {
+  refused "there is no instance" "$server" start
+  "$server" create || fail "create"
+  "$server" start || fail "start"
+  refused "there is an instance in" "$server" create
+  equal "$(sql <<<"SELECT (SELECT COUNT(*) FROM sirket) * 10 + (SELECT COUNT(*) FROM doviz)")" 11
+  equal "$(sql <<<"SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE TABLE_SCHEMA = 'kvtk'
+    AND ENGINE = 'InnoDB' AND TABLE_COLLATION = 'latin5_turkish_ci'")" \
+    callerid,cari,caricihaz,cihaz,disservis,doviz,foto,malzeme,notlar,servistip,sirket,sozlesme,teknikservis
+}
+
+case_listens_on_its_addresses_only() {
+  equal "$(ss -ltnH | awk '$4 ~ /:3313$/ && $4 !~ /^127\./' | wc -l)" 0
+  equal "$(ss -ltnH | awk -v own="$address:3313" '$4 == own' | wc -l)" 1
+  "$server" stop
+  local everywhere
+  for everywhere in 0.0.0.0 '*' :: 0; do refused "no address to listen on" env KVTK_BIND="$everywhere" "$server" start; done
+  "$server" start
+}
+
+case_second_instance_is_refused() {
+  refused "a server is already running on $folder" "$server" start
+  "$server" status >/dev/null || fail "the first one suffered"
+}
+
+case_accounts() {
+  equal "$(login quend "SELECT COUNT(*) FROM sirket")" 1
+  equal "$(login QuEnD "SELECT COUNT(*) FROM sirket")" 1
+  refused "Access denied" login other "SELECT 1"
+  refused "denied" login quend "CREATE TABLE x (a INT)"
+  refused "denied" login quend "SELECT * FROM mysql.global_priv"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.user WHERE User = 'QUEND'")" 127.0.0.1,$address
+  printf "O'Neil \\\\\nğı\n" | "$server" account >/dev/null || fail "account"
+  equal "$(sql <<<"SELECT DISTINCT User FROM mysql.user WHERE User LIKE 'O%'")" "O'NEIL \\\\"
+  refused "empty" "$server" account
+}
+
+case_accounts_follow_the_address() {
+  "$server" stop
+  KVTK_BIND=127.0.0.47 "$server" start || fail "start elsewhere"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.db WHERE User = 'QUEND'")" 127.0.0.1,127.0.0.47
+  "$server" stop
+  "$server" start
+  equal "$(login quend "SELECT 1")" 1
+}
+
+case_network() {
+  mkdir "$scratch/bin"
+  printf '#!/bin/sh\n[ "$1" = -I ] && echo 10.9.8.7 || echo localhost\n' >"$scratch/bin/hostname"
+  chmod +x "$scratch/bin/hostname"
+  export KVTK_HOME=$scratch/second KVTK_BIND=127.0.0.47 PATH=$scratch/bin:$PATH
+  refused "is no network" "$server" create --network 10.9.8
+  refused "is no network" "$server" create --network 10.9.8.0/33
+  refused "no address in the network" "$server" create --network 10.9.9.0/24
+  [ ! -e "$KVTK_HOME/server" ] || fail "a refused create leaves something"
+  "$server" create --network 10.9.8.7/24 && "$server" start || fail "create --network"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.user WHERE User = 'QUEND'")" 10.9.8.0/255.255.255.0,127.0.0.1,127.0.0.47
+  "$server" stop
+}
+
+case_slips_take_their_rows_along() {
+  trap '"$server" sql <<<"DELETE FROM teknikservis"' EXIT
+  "$server" sql <<'SQL' >/dev/null || fail "statements"
+INSERT INTO teknikservis (TS_NO, TS_TURU, TS_DISSERVIS_CIKIS, TS_DISSERVIS_TESLIM_SURE) VALUES ('1', 'DIŞ SERVİSTE', CURDATE() - INTERVAL 9 DAY, 5);
+UPDATE NOTLAR SET SF_NOT = 'ŞÇ' WHERE SF_TS_ID = LAST_INSERT_ID();
+INSERT INTO teknikservis (TS_NO, TS_TURU, TS_DISSERVIS_TESLIM_SURE) VALUES ('2', 'DIŞ SERVİSTE', 5);
+UPDATE teknikservis SET TS_DISSERVIS_CIKIS = CURDATE() - INTERVAL 7 DAY WHERE TS_NO = '2';
+INSERT INTO teknikservis (TS_NO, TS_TURU, TS_DISSERVIS_CIKIS, TS_DISSERVIS_GIRIS, TS_DISSERVIS_TESLIM_SURE)
+  VALUES ('3', 'DIŞ SERVİSTE', CURDATE() - INTERVAL 9 DAY, CURDATE(), 5);
+INSERT INTO malzeme (TS_NO_REF) SELECT TS_ID FROM teknikservis;
+INSERT INTO foto (FT_TS_ID) SELECT TS_ID FROM teknikservis;
+SQL
+  equal "$(sql <<<"SELECT TS_NO, SF_NOT FROM teknikservis JOIN notlar ON SF_TS_ID = TS_ID WHERE SF_NOT IS NOT NULL")" "1	ŞÇ"
+  equal "$(sql <<<'SELECT GROUP_CONCAT(TS_NO ORDER BY DATE_ADD(TS_DISSERVIS_CIKIS, INTERVAL TS_DISSERVIS_TESLIM_SURE DAY)) FROM teknikservis
+    WHERE TS_TURU = "DIŞ SERVİSTE" AND TS_DISSERVIS_TESLIM_SURE <> 0 AND TS_DISSERVIS_GIRIS = "0000-00-00" AND
+    DATE_ADD(TS_DISSERVIS_CIKIS, INTERVAL TS_DISSERVIS_TESLIM_SURE DAY) < CURDATE()')" 1,2
+  equal "$(sql <<<"DELETE FROM teknikservis WHERE TS_NO < '3'; SELECT (SELECT COUNT(*) FROM malzeme) * 100 +
+    (SELECT COUNT(*) FROM foto) * 10 + (SELECT COUNT(*) FROM notlar)")" 111
+}
+
+case_killed_in_mid_write() {
+  write_slips K >"$scratch/written" &
+  local writer=$!
+  wait_for_slips "$scratch/written"
+  kill -9 "$(cat "$folder/mariadb.pid")"
+  wait $writer
+  "$server" status >/dev/null && fail "a killed server counts as running"
+  "$server" start || fail "start after a kill"
+  equal "$(broken_slips)" 0
+  local last
+  last=$(grep '^K' "$scratch/written" | tail -1)
+  equal "$(sql <<<"SELECT COUNT(*) FROM teknikservis WHERE TS_NO = '$last'")" 1
+}
+
+case_backup_while_writing() {
+  write_slips B >"$scratch/written" &
+  local writer=$!
+  wait_for_slips "$scratch/written"
+  "$server" backup "$scratch/live.sql" || fail "backup"
+  "$server" stop
+  wait $writer
+  "$server" start
+  local all
+  all=$(sql <<<"SELECT COUNT(*) FROM teknikservis")
+  "$server" restore "$scratch/live.sql" --yes >/dev/null || fail "restore"
+  equal "$(broken_slips)" 0
+  [ "$(sql <<<"SELECT COUNT(*) FROM teknikservis")" -lt "$all" ] || fail "nothing was written after the backup"
+  equal "$(stat -c %a "$scratch/live.sql")" 600
+  "$server" sql <<<"DELETE FROM teknikservis"
+}
+
+case_sample_is_repeatable_and_a_backup_whole() {
+  "$server" backup "$scratch/empty.sql" && "$server" sample 1000 || fail "sample"
+  local first
+  first=$(fingerprint)
+  "$server" backup "$scratch/full.sql"
+  equal "$(sql <<<"SELECT CONCAT_WS('-', MIN(TS_NO + 0), MAX(TS_NO + 0), COUNT(*)) FROM teknikservis")" 100-1099-1000
+  equal "$(sql <<<"SELECT COUNT(*) FROM (SELECT CA_CEP FROM cari GROUP BY 1 HAVING COUNT(*) > 1) twice")" 0
+  "$server" restore "$scratch/empty.sql" --yes >/dev/null || fail "restore of the empty one"
+  equal "$(sql <<<"SELECT COUNT(*) FROM teknikservis")" 0
+  "$server" sample 1000
+  equal "$(fingerprint)" "$first"
+  "$server" sample 10
+  equal "$(sql <<<"SELECT MAX(TS_NO + 0) FROM teknikservis")" 1109
+  "$server" restore "$scratch/full.sql" --yes >/dev/null || fail "restore of the full one"
+  "$server" backup "$scratch/again.sql"
+  diff <(sed '$d' "$scratch/full.sql") <(sed '$d' "$scratch/again.sql") >"$scratch/difference" || fail "$(head -c 500 "$scratch/difference")"
+}
+
+case_restore_asks_and_puts_back() {
+  local before
+  before=$(fingerprint)
+  refused "nothing was changed" "$server" restore "$scratch/empty.sql"
+  head -c 3000 "$scratch/full.sql" >"$scratch/cut.sql"
+  refused "no complete backup" "$server" restore "$scratch/cut.sql" --yes
+  printf 'CREATE TABLE sirket (a INT);\nNONSENSE;\n-- Dump completed\n' >"$scratch/damaged.sql"
+  refused "the data is as it was before" "$server" restore "$scratch/damaged.sql" --yes
+  printf 'CREATE TABLE sirket (a INT);\n-- Dump completed\n' >"$scratch/foreign.sql"
+  refused "the data is as it was before" "$server" restore "$scratch/foreign.sql" --yes
+  equal "$(fingerprint)" "$before"
+  refused "cannot be written to" "$server" backup "$scratch/nowhere/x.sql"
+  echo yes | "$server" restore "$scratch/empty.sql" >/dev/null || fail "restore after yes"
+  equal "$(sql <<<"SELECT COUNT(*) FROM teknikservis")" 0
+}
+
+tests=0
+failures=0
+for name in create listens_on_its_addresses_only second_instance_is_refused accounts accounts_follow_the_address network \
+  slips_take_their_rows_along killed_in_mid_write backup_while_writing sample_is_repeatable_and_a_backup_whole \
+  restore_asks_and_puts_back; do
+  tests=$((tests + 1))
+  if ("case_$name"); then echo "ok      $name"; else echo "FAILED  $name"; failures=$((failures + 1)); fi
+done
+# Counted together with the other programs' cases.
+[[ ${GTEST_OUTPUT:-} != xml:*/ ]] || echo "<testsuites tests=\"$tests\" failures=\"$failures\"/>" >"${GTEST_OUTPUT#xml:}server_test.xml"
+[ $failures -eq 0 ]
