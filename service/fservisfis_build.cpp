@@ -112,10 +112,7 @@ QWidget* TfServisFis::buildLinesPage() {
   lines_->setObjectName(u"lines"_s);
   lines_->setEditable();
   column->addWidget(lines_);
-  connectGuarded(lines_, &QueryTable::rejected, this, [this](const QString& message) {
-    refusedLine_ = message;
-    QuendHint(lines_, 0, message);
-  });
+  connectGuarded(lines_, &QueryTable::rejected, this, [this](const QString& message) { QuendHint(lines_, 0, message); });
   return page;
 }
 

@@ -44,11 +44,12 @@ void TfServisFis::save() {
 }
 
 bool TfServisFis::isReadyToSave() {
-  refusedLine_.clear();
   pages_->setCurrentIndex(FieldsPage);
   saveButton_->setFocus();  // runs what leaving the current field does
-  if (!refusedLine_.isEmpty()) {
+  if (const QString refusal = lines_->view()->refusal(); !refusal.isEmpty()) {
     pages_->setCurrentIndex(LinesPage);
+    lines_->view()->focusRefusedEditor();
+    QuendHint(lines_, 0, refusal);
     return false;
   }
   return !showFieldMessage(SlipRules::validate(textsToSave())) && !showFieldMessage(fields_->unreadableField());

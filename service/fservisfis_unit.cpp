@@ -50,7 +50,8 @@ TfServisFis::TfServisFis(QWidget* parent)
       qServisTip(DM->MySQL, u"qServisTip"_s),
       qDetay(DM->MySQL, u"qDetay"_s),
       qSeri(DM->MySQL, u"qSeri"_s),
-      store_(DM->MySQL, qServis, qMalzeme, DM->pGetQ) {
+      store_(DM->MySQL, qServis, qMalzeme, DM->pGetQ),
+      balloon_(this) {
   setObjectName(u"fServisFis"_s);
   buildCommands();
   buildPages();

@@ -96,7 +96,6 @@ class TfServisFis : public QWidget {
   Balloon balloon_;
   OutsideService outsideService_;
   bool closed_ = false;
-  QString refusedLine_;  ///< why the table of lines took back what was typed last; empty when it did not
 
   QToolButton* saveButton_ = nullptr;
   QTabWidget* pages_ = nullptr;

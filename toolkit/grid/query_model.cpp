@@ -5,6 +5,18 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// "12,5000" as "12,5", the way it is typed.
+QString withoutTrailingZeros(QString number) {
+  if (!number.contains(u',')) return number;
+  while (number.endsWith(u'0')) number.chop(1);
+  if (number.endsWith(u',')) number.chop(1);
+  return number;
+}
+
+}  // namespace
+
 QueryModel::QueryModel(TMyQuery& query, std::vector<QueryColumn> columns, QObject* parent)
     : QAbstractTableModel(parent), query_(query), columns_(std::move(columns)), rows_(query.Active() ? query.RecordCount() : 0) {
   query_.addListener(this);
@@ -45,11 +57,13 @@ double QueryModel::sum(int column) const {
 QVariant QueryModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == Qt::TextAlignmentRole) return int((isNumber(index.column()) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+  if (index.row() == stillEmptyRow_) return {};
   if (isAppendRow(index.row())) return role == Qt::AccessibleTextRole ? QVariant(appendHint()) : QVariant();
   if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
   const Value value = valueAt(index.row(), index.column());
   const QString& format = columns_[size_t(index.column())].displayFormat;
-  if (role == Qt::EditRole || format.isEmpty() || value.isNull()) return value.toText();
+  if (role == Qt::EditRole) return isNumber(index.column()) ? withoutTrailingZeros(value.toText()) : value.toText();
+  if (format.isEmpty() || value.isNull()) return value.toText();
   return NumberText::formatted(format, value.toDouble());
 }
 
@@ -61,8 +75,9 @@ QVariant QueryModel::headerData(int section, Qt::Orientation orientation, int ro
 }
 
 Qt::ItemFlags QueryModel::flags(const QModelIndex& index) const {
+  if (!index.isValid()) return Qt::NoItemFlags;
   const Qt::ItemFlags plain = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
-  return index.isValid() && editable_ ? plain | Qt::ItemIsEditable : plain;
+  return editable_ ? plain | Qt::ItemIsEditable : plain;
 }
 
 bool QueryModel::setData(const QModelIndex& index, const QVariant& value, int role) {
@@ -73,20 +88,23 @@ bool QueryModel::setData(const QModelIndex& index, const QVariant& value, int ro
     write(index.row(), index.column(), text);
     return true;
   } catch (const Exception& error) {
-    query_.Cancel();
+    if (query_.state() != QueryState::Browse) query_.Cancel();
     Q_EMIT rejected(error.message());
     return false;
   }
 }
 
 void QueryModel::write(int row, int column, const QString& text) {
+  const int field = query_.fieldIndex(columns_[size_t(column)].field);
+  const Value value = text.isEmpty() ? Value() : Value(text);
+  FieldCodec::encode(query_.fieldInfo(field), value);  // throws before a row is begun for nothing
   if (isAppendRow(row)) {
     query_.Insert();
   } else {
     query_.setRecNo(row);
     query_.Edit();
   }
-  query_.FieldByName(columns_[size_t(column)].field).set(text.isEmpty() ? Value() : Value(text));
+  query_.field(field).set(value);
   query_.Post();
 }
 
@@ -109,10 +127,13 @@ void QueryModel::rowChanged(int row) {
 void QueryModel::rowInserted(int row) {
   // A row that comes at the end takes the place of the append row, so that the cell being edited stays its own; the
   // fresh append row is the one that comes in.
-  const int place = row == rows_ && appendShown_ ? row + 1 : row;
+  const bool takesAppendRow = row == rows_ && appendShown_;
+  const int place = takesAppendRow ? row + 1 : row;
   beginInsertRows({}, place, place);
   ++rows_;
+  if (takesAppendRow) stillEmptyRow_ = row;
   endInsertRows();
+  stillEmptyRow_ = -1;
   rowChanged(row);
 }
 

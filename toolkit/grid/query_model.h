@@ -63,6 +63,7 @@ class QueryModel : public QAbstractTableModel, private QueryListener {
   TMyQuery& query_;
   std::vector<QueryColumn> columns_;
   int rows_ = 0;
+  int stillEmptyRow_ = -1;  ///< the append row while it is becoming a row of the query
   bool appendShown_ = false;
   bool editable_ = false;
 };

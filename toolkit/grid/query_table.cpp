@@ -55,6 +55,7 @@ class TableFooter : public QWidget {
 
 QueryTableView::QueryTableView(QueryModel* model, QWidget* parent) : QTableView(parent), model_(model) {
   setModel(model);
+  connectGuarded(model, &QueryModel::rejected, this, [this](const QString& message) { refusal_ = message; });
   setSelectionBehavior(SelectRows);
   setSelectionMode(SingleSelection);
   setEditTriggers(NoEditTriggers);
@@ -117,7 +118,24 @@ void QueryTableView::mouseDoubleClickEvent(QMouseEvent* event) {
   });
 }
 
+void QueryTableView::commitData(QWidget* editor) {
+  refusal_.clear();
+  refusedEditor_ = editor;
+  QTableView::commitData(editor);
+}
+
+void QueryTableView::focusRefusedEditor() {
+  if (refusedEditor_ != nullptr) refusedEditor_->setFocus();
+}
+
+void QueryTableView::reset() {
+  refusal_.clear();
+  QTableView::reset();
+}
+
 void QueryTableView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  if (hint == QAbstractItemDelegate::RevertModelCache) refusal_.clear();
+  if (!refusal_.isEmpty()) return;  // what was typed stays for another try
   QTableView::closeEditor(editor, hint == QAbstractItemDelegate::SubmitModelCache ? QAbstractItemDelegate::EditNextItem : hint);
   viewport()->update();
 }

@@ -2,6 +2,7 @@
 
 #include "toolkit/grid/query_model.h"
 
+#include <QPointer>
 #include <QTableView>
 #include <QWidget>
 
@@ -14,6 +15,11 @@ class QueryTableView : public QTableView {
  public:
   explicit QueryTableView(QueryModel* model, QWidget* parent);
   void setEmptyText(const QString& text) { emptyText_ = text; }
+  /// Why the cell being edited was not taken; empty when none was refused. Its editor stays open with the typed text.
+  const QString& refusal() const { return refusal_; }
+  /// Gives the refused cell's editor the keyboard.
+  void focusRefusedEditor();
+  void reset() override;
 
  Q_SIGNALS:
   /// Enter, or a double click on a row that cannot be edited.
@@ -24,10 +30,13 @@ class QueryTableView : public QTableView {
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void commitData(QWidget* editor) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
  private:
   QueryModel* model_;
+  QString refusal_;
+  QPointer<QWidget> refusedEditor_;
   QString emptyText_;
 };
 

@@ -1,0 +1,92 @@
+#include "tests/service/slip_form_fixture.h"
+
+#include "app/data/latin5.h"
+
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Where a key of the keyboard arrives.
+QWidget* keyTarget() {
+  if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+  if (QApplication::focusWidget() == nullptr) {
+    // The offscreen platform does not give the keyboard back when a popup closes.
+    fKvb->activateWindow();
+    if (!QTest::qWaitFor([] { return QApplication::activeWindow() == fKvb; })) throw std::runtime_error("the workspace is not active");
+  }
+  QWidget* target = QApplication::focusWidget();
+  if (target == nullptr) throw std::runtime_error("nothing has the keyboard");
+  return target;
+}
+
+}  // namespace
+
+void SlipFormTest::run(QStringView statement) {
+  database.connection().execute(Latin5::encode(statement.toString(), u"statement"_s));
+}
+
+QString SlipFormTest::rows(const QString& statement) {
+  TMyQuery query(database.connection(), u"check"_s);
+  query.SQL.setText(statement);
+  query.Open();
+  QStringList all;
+  for (int row = 0; row < query.RecordCount(); ++row) {
+    QStringList cells;
+    for (int field = 0; field < query.fieldCount(); ++field) {
+      const Value value = query.valueAt(row, field);
+      cells.append(value.isNull() ? u"~"_s : value.toText());
+    }
+    all.append(cells.join(u'|'));
+  }
+  return all.join(u';');
+}
+
+TfServisFis* SlipFormTest::newSlip() {
+  workspace.newSlip();
+  return fServisFis;
+}
+
+TfServisFis* SlipFormTest::openSlip(qint64 id) {
+  workspace.openSlip(id);
+  return fServisFis;
+}
+
+TfServisFis* SlipFormTest::filledSlip(const QString& number) {
+  TfServisFis* slip = newSlip();
+  box(slip, u"TS_NO"_s)->setText(number);
+  box(slip, u"TS_MUSTERI"_s)->setText(u"AYŞE YILMAZ"_s);
+  box(slip, u"TS_C_AD"_s)->setText(u"ÇAMAŞIR MAKİNESİ"_s);
+  box(slip, u"TS_C_SERINO"_s)->setText(u"SN1"_s);
+  return slip;
+}
+
+EditBox* SlipFormTest::box(TfServisFis* slip, const QString& column) {
+  auto* found = slip->findChild<EditBox*>(column);
+  if (found == nullptr) throw std::runtime_error("no box " + column.toStdString());
+  return found;
+}
+
+void SlipFormTest::type(const QString& characters) {
+  for (const QChar character : characters)
+    QTest::sendKeyEvent(QTest::Click, keyTarget(), Qt::Key_unknown, QString(character), Qt::NoModifier);
+}
+
+void SlipFormTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+  QTest::keyClick(keyTarget(), key, modifiers);
+  QCoreApplication::processEvents();
+}
+
+void SlipFormTest::enter(TfServisFis* slip, const QString& column, const QString& characters) {
+  box(slip, column)->line()->setFocus();
+  box(slip, column)->line()->selectAll();
+  type(characters);
+}
+
+void SlipFormTest::addLine(TfServisFis* slip, const QString& part, const QString& quantity, const QString& amount) {
+  QueryModel* model = lines(slip)->model();
+  const int row = model->rowCount() - 1;
+  const QString values[] = {QString::number(row + 1), part, quantity, amount};
+  for (int column = 0; column < 4; ++column) ASSERT_TRUE(model->setData(model->index(row, column), values[column], Qt::EditRole));
+}

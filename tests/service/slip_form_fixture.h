@@ -1,0 +1,115 @@
+#pragma once
+
+#include "app/dmUnit.h"
+#include "app/guard.h"
+#include "app/kvbankUnit.h"
+#include "app/Unit14.h"
+#include "service/fservisfis_unit.h"
+#include "tests/support/test_database.h"
+#include "toolkit/edits/balloon.h"
+#include "toolkit/edits/edit_box.h"
+#include "toolkit/edits/memo_edit.h"
+#include "toolkit/edits/task_dialog.h"
+#include "toolkit/edits/text_edit.h"
+#include "toolkit/grid/query_table.h"
+
+#include <gmock/gmock.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QDir>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+/// What the scripted dialogs were asked, and what they answer.
+struct DialogScript {
+  QStringList texts;
+  int answer = 2;
+  QString file;
+};
+
+/// The real workspace with slip windows on the real database, dialogs answered by a script.
+class SlipFormTest : public testing::Test {
+ protected:
+  SlipFormTest() : before_(QDir::currentPath()) { QDir::setCurrent(folder.path()); }
+  ~SlipFormTest() override { QDir::setCurrent(before_); }
+
+  void SetUp() override {
+    login.Kullanici->setText(QStringLiteral("QUEND"));
+    TestDatabase::open(DM->MySQL);
+    database.emptyTables();
+    run(u"INSERT INTO servistip (SERVIS_AD) VALUES ('ATÖLYE'), ('YERİNDE')");
+    setUnhandledHandler([this](QObject*, const std::exception& error) { unhandled.append(QString::fromUtf8(error.what())); });
+    setDialogDriver(std::make_unique<ScriptedDialogs>(dialogs));
+    workspace.show();
+    workspace.Timer1->stop();
+    workspace.resize(1366, 768);
+    workspace.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&workspace));
+  }
+  void TearDown() override {
+    workspace.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    setDialogDriver(nullptr);
+    setUnhandledHandler({});
+    EXPECT_TRUE(unhandled.isEmpty()) << qPrintable(unhandled.join(u'\n'));
+  }
+
+  /// Runs a statement as another workstation.
+  void run(QStringView statement);
+  /// Rows of a statement as another workstation sees them: fields joined by "|", rows by ";", NULL as "~".
+  QString rows(const QString& statement);
+
+  TfServisFis* newSlip();
+  TfServisFis* openSlip(qint64 id);
+  /// A slip that may be saved as it is.
+  TfServisFis* filledSlip(const QString& number);
+  qint64 savedId(const QString& number) { return rows(QStringLiteral("select TS_ID from teknikservis where TS_NO='%1'").arg(number)).toLongLong(); }
+
+  static EditBox* box(TfServisFis* slip, const QString& column);
+  static QString text(TfServisFis* slip, const QString& column) { return box(slip, column)->text(); }
+  static QTabWidget* pages(TfServisFis* slip) { return slip->findChild<QTabWidget*>(QStringLiteral("pages")); }
+  static MemoEdit* note(TfServisFis* slip) { return slip->findChild<MemoEdit*>(QStringLiteral("SF_NOT")); }
+  static QueryTable* lines(TfServisFis* slip) { return slip->findChild<QueryTable*>(QStringLiteral("lines")); }
+  static Balloon* balloon(TfServisFis* slip) { return slip->findChild<Balloon*>(); }
+  /// Sends the characters to whatever has the focus, one key each.
+  static void type(const QString& characters);
+  static void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+  /// Puts the cursor into a box and types over what is there.
+  static void enter(TfServisFis* slip, const QString& column, const QString& characters);
+  void addLine(TfServisFis* slip, const QString& part, const QString& quantity, const QString& amount);
+  void save(TfServisFis* slip) { slip->aKaydet->trigger(); }
+  /// Does the work between the re-read of the slip and its write, once.
+  static void beforeNextPost(TfServisFis* slip, std::function<void()> work) {
+    slip->qServis.BeforePost = [work = std::move(work), isDone = false]() mutable {
+      if (!std::exchange(isDone, true)) work();
+    };
+  }
+
+  QTemporaryDir folder;
+  DialogScript dialogs;
+  QStringList unhandled;
+  TestDatabase database;
+  TfKvb workspace;
+  TDM dataModule;
+  TLogin_Form login;
+
+ private:
+  class ScriptedDialogs : public DialogDriver {
+   public:
+    explicit ScriptedDialogs(DialogScript& script) : script_(script) {}
+    int runTaskDialog(QWidget*, const TaskDialogRequest& request) override {
+      script_.texts.append(request.text);
+      return request.buttons.size() == 1 ? request.buttons.front().id : script_.answer;
+    }
+    QString askOpenFile(QWidget*, const QString&, const QString&, const QString&) override { return script_.file; }
+    QString askSaveFile(QWidget*, const QString&, const QString&, const QString&) override { return script_.file; }
+
+   private:
+    DialogScript& script_;
+  };
+
+  QString before_;
+};

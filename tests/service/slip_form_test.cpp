@@ -1,0 +1,229 @@
+#include "service/fservisfissecUnit.h"
+#include "tests/service/slip_form_fixture.h"
+#include "toolkit/edits/combo_edit.h"
+
+#include <QAbstractItemModelTester>
+#include <QBuffer>
+#include <QImage>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+TEST_F(SlipFormTest, EverySlipWindowTurnsToTheSavedSlip) {
+  for (const QString& number : {u"100"_s, u"101"_s}) {
+    save(filledSlip(number));
+    workspace.childWindows().first()->parentWidget()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  TfServisFis* older = openSlip(savedId(u"100"_s));
+  TfServisFis* newer = openSlip(savedId(u"101"_s));
+  EXPECT_EQ(fServisFis, newer);
+  EXPECT_EQ(newer->windowTitle(), u"(101) Servis Fişi"_s);
+
+  box(older, u"TS_ACIKLAMA"_s)->setText(u"DEĞİŞTİ"_s);
+  save(older);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(text(newer, u"TS_NO"_s), u"100"_s);
+  EXPECT_EQ(text(newer, u"TS_ACIKLAMA"_s), u"DEĞİŞTİ"_s);
+  EXPECT_EQ(newer->windowTitle(), u"(100) Servis Fişi"_s);
+  EXPECT_EQ(rows(u"select TS_ACIKLAMA from teknikservis order by TS_NO"_s), u"DEĞİŞTİ;~"_s);
+}
+
+TEST_F(SlipFormTest, PagesAndCommandsFollowTheMode) {
+  TfServisFis* slip = filledSlip(u"100"_s);
+  const auto pageShown = [&](int page) { return pages(slip)->isTabVisible(page); };
+  EXPECT_EQ(slip->windowTitle(), u"Yeni Servis Fişi"_s);
+  EXPECT_FALSE(pageShown(TfServisFis::SerialHistoryPage) || pageShown(TfServisFis::CustomerHistoryPage));
+  EXPECT_TRUE(slip->aKaydet->isEnabled() && slip->aVazgec->isEnabled() && slip->aYazdir->isEnabled());
+  EXPECT_FALSE(slip->aSil->isEnabled() || slip->MakbuzBask1->isEnabled());
+  save(slip);
+  EXPECT_TRUE(pageShown(TfServisFis::SerialHistoryPage) && pageShown(TfServisFis::CustomerHistoryPage));
+  EXPECT_TRUE(slip->aSil->isEnabled() && slip->MakbuzBask1->isEnabled());
+
+  run(u"INSERT INTO teknikservis (TS_NO, TS_C_SERINO, TS_MUSTERI) VALUES ('7', 'SN1', 'BAŞKA'), ('8', 'X', 'AYŞE YILMAZ')");
+  pages(slip)->setCurrentIndex(TfServisFis::SerialHistoryPage);
+  EXPECT_EQ(slip->qSeri.RecordCount(), 1);
+  EXPECT_EQ(slip->qSeri.FieldByName(u"TS_NO"_s).asText(), u"7"_s);
+  pages(slip)->setCurrentIndex(TfServisFis::CustomerHistoryPage);
+  EXPECT_EQ(slip->qSeri.FieldByName(u"TS_NO"_s).asText(), u"8"_s);
+  auto* view = pages(slip)->currentWidget()->findChild<QueryTableView*>();
+  view->setCurrentIndex(view->model()->index(0, 0));
+  QTest::keyClick(view, Qt::Key_Return);
+  EXPECT_EQ(text(fServisFis, u"TS_NO"_s), u"8"_s);
+
+  dialogs.answer = 2;
+  slip->aSil->trigger();
+  EXPECT_EQ(rows(u"select count(*) from teknikservis where TS_NO = '100'"_s), u"1"_s);
+  dialogs.answer = 100;
+  slip->aSil->trigger();
+  EXPECT_EQ(dialogs.texts, (QStringList{u"Fiş silinecek onaylıyor musunuz"_s, u"Fiş silinecek onaylıyor musunuz"_s}));
+  EXPECT_EQ(rows(u"select TS_NO, (select count(*) from foto), (select count(*) from notlar) from teknikservis order by 1"_s),
+            u"7|0|2;8|0|2"_s);
+  EXPECT_FALSE(workspace.childWindows().contains(slip));
+}
+
+TEST_F(SlipFormTest, CardsAreCopiedAndTakenBack) {
+  run(u"INSERT INTO cari (CA_AD, CA_UNVAN, CA_NO, CA_ADRES, CA_ILCE, CA_YETKILI, CA_TEL, CA_TEL2, CA_CEP, CA_EPOSTA) VALUES "
+      u"('ŞULE IŞIK', 'IŞIK LTD', 'C1', 'CADDE 1', 'KADIKÖY', 'ŞULE', '0216', '0217', '0530', 'S@X.TR')");
+  run(u"INSERT INTO cihaz (C_AD, C_MARKA, C_TURU) VALUES ('FIRIN', 'M1', 'K1')");
+  run(u"INSERT INTO caricihaz (CH_CA_ID, CH_SERI, CH_MODEL) SELECT CA_ID, 'İÇ1', 'OCAK' FROM cari");
+  TfServisFis* slip = newSlip();
+  const QStringList copies{u"TS_UNVAN"_s, u"TS_M_NO"_s, u"TS_ADRES"_s, u"TS_ILCE"_s, u"TS_YETKILI"_s,
+                           u"TS_TEL"_s,   u"TS_TEL2"_s, u"TS_CEP"_s,   u"TS_EPOSTA"_s};
+  const auto shown = [&] {
+    QStringList texts;
+    for (const QString& column : copies) texts.append(text(slip, column));
+    return texts.join(u'|');
+  };
+  const QString card = u"IŞIK LTD|C1|CADDE 1|KADIKÖY|ŞULE|0216|0217|0530|S@X.TR"_s;
+  const QString none = u"||||||||"_s;
+  enter(slip, u"TS_MUSTERI"_s, u"şule ışık"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(shown(), card);
+  enter(slip, u"TS_MUSTERI"_s, u"BİLİNMEYEN"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(text(slip, u"TS_MUSTERI"_s), u"BİLİNMEYEN"_s);
+  EXPECT_EQ(shown(), none);
+
+  enter(slip, u"TS_C_AD"_s, u"fırın"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(text(slip, u"TS_C_MARKA"_s) + text(slip, u"TS_C_TURU"_s), u"M1K1"_s);
+
+  box(slip, u"TS_C_RAFNO"_s)->pressButton(1);
+  EXPECT_EQ(balloon(slip)->text(), u"Kayıtlı \"İç Seri No\" bulunamadı!"_s);
+  box(slip, u"TS_C_RAFNO"_s)->setText(u"İÇ1"_s);
+  box(slip, u"TS_C_RAFNO"_s)->pressButton(1);
+  EXPECT_EQ(text(slip, u"TS_C_AD"_s) + u'|' + text(slip, u"TS_MUSTERI"_s), u"OCAK|ŞULE IŞIK"_s);
+  EXPECT_EQ(shown(), card);
+}
+
+TEST_F(SlipFormTest, TypingAids) {
+  TfServisFis* slip = newSlip();
+  const QString today = text(slip, u"TS_TARIH"_s);
+  enter(slip, u"TS_TARIH"_s, u"01.01.2020"_s);
+  box(slip, u"TS_RANDEVU"_s)->line()->setFocus();
+  press(Qt::Key_Space);
+  EXPECT_EQ(text(slip, u"TS_TARIH"_s), today);
+  EXPECT_EQ(text(slip, u"TS_RANDEVU"_s), QString());
+  box(slip, u"TS_TESLIM_TARIH"_s)->line()->setFocus();
+  press(Qt::Key_Space);
+  EXPECT_EQ(text(slip, u"TS_TESLIM_TARIH"_s), today);
+
+  box(slip, u"TS_TESLIM_TARIH"_s)->setText({});
+  auto* status = slip->findChild<ComboEdit*>(u"TS_TURU"_s);
+  status->setItemIndex(14);
+  status->line()->setFocus();
+  press(Qt::Key_Down);
+  EXPECT_EQ(status->text(), u"TESLİM EDİLDİ"_s);
+  EXPECT_EQ(text(slip, u"TS_TESLIM_TARIH"_s), today);
+
+  for (const QString& column : {u"TS_ACIKLAMA"_s, u"TS_TEKNISYEN"_s, u"TS_UNVAN"_s}) {
+    EXPECT_EQ(box(slip, column)->width(), 225);
+    box(slip, column)->line()->setFocus();
+    EXPECT_EQ(box(slip, column)->width(), 456);
+    slip->setFocus();
+    box(slip, u"TS_NO"_s)->line()->setFocus();
+    EXPECT_EQ(box(slip, column)->width(), 225);
+  }
+
+  slip->findChild<QAction*>(u"YeniSeriNo1"_s)->trigger();
+  EXPECT_TRUE(QRegularExpression(u"^[A-HJ-NP-Y]{2}[0-9]{10}$"_s).match(text(slip, u"TS_C_SERINO"_s)).hasMatch());
+}
+
+TEST_F(SlipFormTest, PictureKeepsItsBytes) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  QImage image(40, 30, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(&buffer, "JPG"));
+  dialogs.file = folder.filePath(u"cihaz.jpg"_s);
+  QFile file(dialogs.file);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+  file.close();
+
+  TfServisFis* slip = filledSlip(u"100"_s);
+  const auto click = [](TfServisFis* editor, const QString& button) { editor->findChild<QAbstractButton*>(button)->click(); };
+  click(slip, u"btnEkle"_s);
+  save(slip);
+  EXPECT_EQ(rows(u"select hex(FT_RESIM) from foto"_s), QString::fromLatin1(bytes.toHex().toUpper()));
+
+  TfServisFis* again = openSlip(savedId(u"100"_s));
+  dialogs.file = folder.filePath(u"kopya.jpg"_s);
+  click(again, u"RzBitBtn1"_s);
+  QFile copy(dialogs.file);
+  ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
+  EXPECT_EQ(copy.readAll(), bytes);
+
+  dialogs.answer = 100;
+  click(again, u"btnSil"_s);
+  save(again);
+  EXPECT_EQ(rows(u"select length(FT_RESIM) from foto"_s), u"0"_s);
+  QCoreApplication::processEvents();
+
+  // A damaged picture is told; note and fields are there all the same.
+  run(u"UPDATE foto SET FT_RESIM = 'bozuk'");
+  run(u"UPDATE notlar SET SF_NOT = 'NOT'");
+  EXPECT_ANY_THROW(again->Edit(savedId(u"100"_s)));
+  EXPECT_EQ(note(again)->text(), u"NOT"_s);
+}
+
+TEST_F(SlipFormTest, LinesAreTypedInTheirTable) {
+  TfServisFis* slip = filledSlip(u"100"_s);
+  auto* table = lines(slip);
+  const QAbstractItemModelTester tester(table->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
+  pages(slip)->setCurrentIndex(TfServisFis::LinesPage);
+  table->view()->setFocus();
+  table->view()->setCurrentIndex(table->model()->index(0, 0));
+  press(Qt::Key_Return);
+  for (const QString& cell : {u"1"_s, u"Şase"_s, u"1,5"_s, u"2.000,25"_s, u"2"_s}) {
+    type(cell);
+    press(Qt::Key_Return);
+  }
+  press(Qt::Key_Escape);
+  EXPECT_EQ(slip->qMalzeme.RecordCount(), 2);
+  EXPECT_EQ(table->model()->index(0, 3).data().toString(), u"2.000,25"_s);
+  EXPECT_EQ(table->model()->sum(2), 1.5);
+  EXPECT_EQ(text(slip, u"TS_PARCA_TUTAR"_s), u"0,00"_s);
+
+  table->view()->setCurrentIndex(table->model()->index(1, 1));
+  press(Qt::Key_Delete);
+  EXPECT_EQ(slip->qMalzeme.RecordCount(), 1);
+  press(Qt::Key_F2);
+  EXPECT_EQ(rows(u"select MZ_SIRANO, MZ_PARCA_ADI, MZ_ADET, MZ_TUTAR from malzeme"_s), u"1|Şase|1,5000|2000,2500"_s);
+}
+
+TEST_F(SlipFormTest, BrowserFindsAndHandsOverSlips) {
+  run(u"INSERT INTO teknikservis (TS_NO, TS_MUSTERI) VALUES ('9', 'İSMAİL'), ('10', '%100 KAHVE'), ('11', 'ISPARTA')");
+  TfservisfisSec browser;
+  std::vector<QString> ids{u"old"_s};
+  const auto giris = [&](auto work) {
+    QTimer::singleShot(0, &browser, work);
+    browser.Giris(ids);
+  };
+  auto* table = browser.findChild<QueryTable*>(u"slips"_s);
+  const auto search = [&](const QString& words) {
+    browser.findChild<EditBox*>(u"search"_s)->setText(words);
+    browser.findChild<QAction*>(u"aGuncelle"_s)->trigger();
+    QStringList numbers;
+    for (int row = 0; row < table->model()->rowCount(); ++row) numbers.append(table->model()->index(row, 0).data().toString());
+    return numbers.join(u' ');
+  };
+  giris([&] {
+    EXPECT_EQ(search({}), u"11 10 9"_s);
+    EXPECT_EQ(search(u"ismail"_s), u"9"_s);
+    EXPECT_EQ(search(u"%"_s), u"10"_s);
+    EXPECT_EQ(search(u"' or 1=1"_s), QString());
+    browser.reject();
+  });
+  EXPECT_TRUE(ids.empty());
+  giris([&] {
+    table->view()->selectAll();
+    browser.findChild<QAction*>(u"aSec"_s)->trigger();
+  });
+  EXPECT_EQ(ids.size(), 3u);
+  giris([&] {
+    table->view()->setCurrentIndex(table->model()->index(1, 0));
+    QTest::keyClick(table->view(), Qt::Key_Return);
+  });
+  EXPECT_EQ(ids, std::vector<QString>{QString::number(savedId(u"10"_s))});
+}

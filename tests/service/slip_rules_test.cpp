@@ -1,0 +1,110 @@
+#include "app/environment.h"
+#include "service/slip_lists.h"
+#include "service/slip_rules.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::vector<SlipText> texts(const QString& number, const QString& customer, const QString& device, const QString& serial) {
+  return {{u"TS_NO"_s, u"FİŞ NO"_s, number, 15},
+          {u"TS_MUSTERI"_s, u"MÜŞTERİ ADI"_s, customer, 100},
+          {u"TS_C_AD"_s, u"CİHAZ TANIMI"_s, device, 100},
+          {u"TS_C_SERINO"_s, u"DIŞ SERİ NO"_s, serial, 30}};
+}
+
+class FixedEnvironment : public Environment {
+ public:
+  explicit FixedEnvironment(std::vector<int> draws) : draws_(std::move(draws)) {}
+  QDateTime now() const override { return QDateTime::fromSecsSinceEpoch(1700000000); }
+  int randomBelow(int bound) override {
+    EXPECT_EQ(bound, 25);
+    return draws_.at(next_++);
+  }
+
+ private:
+  std::vector<int> draws_;
+  size_t next_ = 0;
+};
+
+}  // namespace
+
+TEST(SlipRules, FirstMissingFieldIsTold) {
+  const struct {
+    std::vector<SlipText> texts;
+    QString control;
+    QString message;
+  } cases[] = {
+      {texts(u"  "_s, {}, {}, {}), u"TS_NO"_s, u"\"Fiş No\" alanı için değer girmelisiniz."_s},
+      {texts(u"1"_s, u" "_s, {}, {}), u"TS_MUSTERI"_s, u"\"Müşteri Adı\" alanı için değer girmelisiniz."_s},
+      {texts(u"1"_s, u"A"_s, {}, {}), u"TS_C_AD"_s, u"\"Cihaz Tanımı\" alanı için değer girmelisiniz."_s},
+      {texts(u"1"_s, u"A"_s, u"B"_s, {}), u"TS_C_SERINO"_s, u"\"Seri No\" alanı için değer girmelisiniz."_s},
+      {texts(u"1"_s, u"A"_s, u"B"_s, u" 12 "_s), u"TS_C_SERINO"_s, u"\"Seri No\" alanı için en az 3 karater girmelisiniz."_s},
+      {texts(u"1"_s, u"A☃B"_s, u"B"_s, u"123"_s), u"TS_MUSTERI"_s, u"\"MÜŞTERİ ADI\" alanındaki \"☃\" karakteri kaydedilemez."_s},
+      {texts(u"1"_s, u"A"_s, u"😀"_s, u"123"_s), u"TS_C_AD"_s, u"\"CİHAZ TANIMI\" alanındaki \"😀\" karakteri kaydedilemez."_s},
+      {texts(u"1234567890123456"_s, u"A"_s, u"B"_s, u"123"_s), u"TS_NO"_s, u"\"FİŞ NO\" alanına en fazla 15 karakter girebilirsiniz."_s},
+      // What is missing is told before what does not fit.
+      {texts(u"☃"_s, u"A"_s, u"B"_s, u"12"_s), u"TS_C_SERINO"_s, u"\"Seri No\" alanı için en az 3 karater girmelisiniz."_s},
+  };
+  for (const auto& one : cases) {
+    const auto message = SlipRules::validate(one.texts);
+    ASSERT_TRUE(message.has_value()) << qPrintable(one.message);
+    EXPECT_EQ(message->control, one.control);
+    EXPECT_EQ(message->text, one.message);
+  }
+  EXPECT_FALSE(SlipRules::validate(texts(u"123456789012345"_s, u"ŞĞİÜÖÇ şğıüöç € “”"_s, u"'\\\""_s, u"123"_s)).has_value());
+}
+
+TEST(SlipRules, NumberFollowsTheHighestOne) {
+  const struct {
+    QString highest, typed, proposed;
+  } cases[] = {{{}, {}, u"100"_s},        {u"0"_s, {}, u"100"_s},     {u"1299"_s, {}, u"1300"_s},
+               {u"999"_s, u"9"_s, u"1000"_s}, {{}, u"A"_s, u"A"_s}, {u"0"_s, u"A"_s, u"A"_s}};
+  for (const auto& one : cases) EXPECT_EQ(SlipRules::proposedNumber(one.highest, one.typed), one.proposed);
+}
+
+TEST(SlipRules, GeneratedSerialHasNoLetterLikeADigit) {
+  const struct {
+    std::vector<int> draws;
+    QString letters;
+  } cases[] = {{{0, 24}, u"AY"_s}, {{8, 14}, u"PP"_s}, {{15, 7}, u"PH"_s}};
+  for (const auto& one : cases) {
+    const ScopedEnvironment fixed(std::make_unique<FixedEnvironment>(one.draws));
+    EXPECT_EQ(SlipRules::generatedSerial(), one.letters + u"1700000000"_s);
+  }
+}
+
+TEST(SlipRules, FailureIsAnsweredByClassAndMessage) {
+  using enum SaveFailureAnswer;
+  const QString duplicate = u"#23000Duplicate entry '100' for key 'TS_NO'"_s;
+  const struct {
+    QString errorClass, message;
+    SaveFailureAnswer answer;
+  } cases[] = {{u"EDatabaseError"_s, u"Update failed. Found 0 records"_s, AskWhetherRowIsThere},
+               {u"EDatabaseError"_s, u"Refresh failed. Found 0 records"_s, TellDeleted},
+               {u"EMyError"_s, duplicate, TellDuplicateNumber},
+               {u"EDatabaseError"_s, duplicate, SayNothing},
+               {u"EMyError"_s, u"Update failed. Found 0 records"_s, SayNothing},
+               {u"EMyError"_s, u"#23000Duplicate entry '7' for key 'PRIMARY'"_s, SayNothing},
+               {u"EMyError"_s, u"#HY000Server has gone away"_s, SayNothing},
+               {u"EUnstorableValue"_s, {}, SayNothing}};
+  for (const auto& one : cases) EXPECT_EQ(SlipRules::answerTo(one.errorClass, one.message), one.answer) << qPrintable(one.message);
+}
+
+TEST(SlipRules, ListsKeepTheirPlacesAndTheirTwoSpellings) {
+  ASSERT_EQ(SlipLists::statuses().size(), 16);
+  EXPECT_EQ(SlipLists::statuses().indexOf(SlipLists::intakeStatus()), 0);
+  EXPECT_EQ(SlipLists::outsideServiceStatus(), u"DIŞ SERVİSTE"_s);
+  EXPECT_EQ(SlipLists::completedStatus(), u"TAMAMLANDI"_s);
+  EXPECT_EQ(SlipLists::statuses().last(), u"TESLİM EDİLDİ"_s);
+  EXPECT_EQ(SlipLists::historyStatuses().at(4), u"İPTAL EDİLDİ"_s);
+  EXPECT_EQ(SlipLists::historyStatuses().at(15), u"TESLİME HAZIR"_s);
+  EXPECT_NE(SlipLists::warrantyStates().last(), SlipLists::browserWarrantyStates().last());
+}
+
+TEST(SlipRules, OutsideServiceHintHasFiveLines) {
+  EXPECT_EQ(SlipRules::outsideServiceHint({u"ARÇELİK"_s, u"01.02.2026"_s, {}, u"KART"_s, 15}),
+            u"Dış Servis: ARÇELİK\nÇık. Tarih: 01.02.2026\nGir. Tarih: \nAçıklama: KART\nTeslim Süre: 15Gün"_s);
+}
