@@ -3,7 +3,7 @@
 set -uo pipefail
 server=$1
 : "${KVTK_ACCOUNT_TOOL:?the built kvtk-account}"
-address=127.0.0.46
+address=127.0.0.52
 scratch=$(mktemp -d)
 export KVTK_HOME=$scratch/home KVTK_BIND=$address
 folder=$KVTK_HOME/server
@@ -87,8 +87,8 @@ case_accounts() {
 
 case_accounts_follow_the_address() {
   "$server" stop
-  KVTK_BIND=127.0.0.47 "$server" start || fail "start elsewhere"
-  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.db WHERE User = 'QUEND'")" 127.0.0.1,127.0.0.47
+  KVTK_BIND=127.0.0.53 "$server" start || fail "start elsewhere"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.db WHERE User = 'QUEND'")" 127.0.0.1,127.0.0.53
   "$server" stop
   "$server" start
   equal "$(login quend "SELECT 1")" 1
@@ -98,13 +98,13 @@ case_network() {
   mkdir "$scratch/bin"
   printf '#!/bin/sh\n[ "$1" = -I ] && echo 10.9.8.7 || echo localhost\n' >"$scratch/bin/hostname"
   chmod +x "$scratch/bin/hostname"
-  export KVTK_HOME=$scratch/second KVTK_BIND=127.0.0.47 PATH=$scratch/bin:$PATH
+  export KVTK_HOME=$scratch/second KVTK_BIND=127.0.0.53 PATH=$scratch/bin:$PATH
   refused "is no network" "$server" create --network 10.9.8
   refused "is no network" "$server" create --network 10.9.8.0/33
   refused "no address in the network" "$server" create --network 10.9.9.0/24
   [ ! -e "$KVTK_HOME/server" ] || fail "a refused create leaves something"
   "$server" create --network 10.9.8.7/24 && "$server" start || fail "create --network"
-  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.user WHERE User = 'QUEND'")" 10.9.8.0/255.255.255.0,127.0.0.1,127.0.0.47
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.user WHERE User = 'QUEND'")" 10.9.8.0/255.255.255.0,127.0.0.1,127.0.0.53
   "$server" stop
 }
 
