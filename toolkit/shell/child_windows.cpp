@@ -70,6 +70,12 @@ ChildWindows::ChildWindows(QWidget* parent)
   });
 }
 
+// The windows go with the base class, after the list of them: what they tell then finds nobody.
+ChildWindows::~ChildWindows() {
+  area_->disconnect(this);
+  for (ChildWindow* window : windows_) window->disconnect(this);
+}
+
 QMdiSubWindow* ChildWindows::add(QWidget* content) {
   if (ChildWindow* present = windowOf(content)) return present;
   auto* window = new ChildWindow(content);

@@ -42,6 +42,7 @@ class ChildWindows : public QWidget {
   Q_OBJECT
  public:
   explicit ChildWindows(QWidget* parent = nullptr);
+  ~ChildWindows() override;
 
   ClientArea* clientArea() { return area_; }
   ChildTabStrip* tabStrip() { return strip_; }
