@@ -1,0 +1,230 @@
+// kvtk-bench-data ROWS: figures of the data layer against the bare client library and Qt's query model, on the ROWS slips of
+// the server in KVTK_COMPUTER_NAME. Both sides of a ratio are measured in this run, by turns; times are the fastest of the
+// rounds, so that what else the machine does counts least.
+
+#include "app/data/filter_expression.h"
+#include "app/data/my_query.h"
+#include "app/login_rules.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QSqlDatabase>
+#include <QSqlQueryModel>
+
+#include <mysql.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int rounds = 5;
+constexpr auto allSlips = "select * from teknikservis";
+
+void figure(const QString& name, double value, const char* unit) {
+  std::printf("%s %.3f %s\n", name.toUtf8().constData(), value, unit);
+  std::fflush(stdout);
+}
+
+double milliseconds(const std::function<void()>& work) {
+  QElapsedTimer timer;
+  timer.start();
+  work();
+  return double(timer.nsecsElapsed()) / 1e6;
+}
+
+double best(const std::function<void()>& work, int times = rounds) {
+  double fastest = std::numeric_limits<double>::max();
+  for (int i = 0; i < times; ++i) fastest = std::min(fastest, milliseconds(work));
+  return fastest;
+}
+
+/// Fastest time of each side, measured by turns.
+double ratio(const std::function<void()>& ours, const std::function<void()>& other, int times = rounds) {
+  double us = std::numeric_limits<double>::max();
+  double them = us;
+  for (int i = 0; i < times; ++i) {
+    us = std::min(us, milliseconds(ours));
+    them = std::min(them, milliseconds(other));
+  }
+  return us / them;
+}
+
+double residentMegabytes() {
+  QFile file(u"/proc/self/status"_s);
+  if (!file.open(QIODevice::ReadOnly)) return 0;
+  for (const QByteArray& line : file.readAll().split('\n'))
+    if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
+  return 0;
+}
+
+struct Account {
+  QString server = qEnvironmentVariable("KVTK_COMPUTER_NAME");
+  QString name = LoginRules::account(u"quend"_s);
+  QString password = LoginRules::password(u"quend"_s);
+};
+
+void open(TMyConnection& connection) {
+  const Account account;
+  connection.Server = account.server;
+  connection.Port = 3313;
+  connection.Database = u"kvtk"_s;
+  connection.Username = account.name;
+  connection.Password = account.password;
+  connection.Connect();
+}
+
+MYSQL* bareConnection() {
+  const Account account;
+  MYSQL* handle = mysql_init(nullptr);
+  mysql_options(handle, MYSQL_SET_CHARSET_NAME, "latin5");
+  if (mysql_real_connect(handle, account.server.toUtf8().constData(), account.name.toLatin1().constData(),
+                         account.password.toLatin1().constData(), "kvtk", 3313, nullptr, 0) == nullptr)
+    qFatal("%s", mysql_error(handle));
+  return handle;
+}
+
+MYSQL_RES* bareResult(MYSQL* handle) {
+  if (mysql_query(handle, allSlips) != 0) qFatal("%s", mysql_error(handle));
+  return mysql_store_result(handle);
+}
+
+/// Memory that the opened slips take, measured in a process that does nothing else.
+double memoryOf(const QString& side) {
+  QProcess process;
+  process.start(QCoreApplication::applicationFilePath(), {u"--memory"_s, side});
+  process.waitForFinished(-1);
+  return process.readAllStandardOutput().trimmed().toDouble();
+}
+
+int memoryChild(const QByteArray& side) {
+  TMyConnection connection;
+  open(connection);
+  MYSQL* bare = bareConnection();
+  TMyQuery query(connection, u"qBench"_s);
+  query.SQL.setText(QString::fromLatin1(allSlips));
+  const double before = residentMegabytes();
+  if (side == "bare")
+    bareResult(bare);
+  else
+    query.Open();
+  std::printf("%.3f\n", residentMegabytes() - before);
+  return 0;
+}
+
+void compareOpening(const QString& size) {
+  TMyConnection connection;
+  open(connection);
+  MYSQL* bare = bareConnection();
+  TMyQuery query(connection, u"qBench"_s);
+  query.SQL.setText(QString::fromLatin1(allSlips));
+  // The rows of the round before are let go outside the time, on both sides.
+  double us = std::numeric_limits<double>::max();
+  double them = us;
+  for (int i = 0; i < rounds; ++i) {
+    us = std::min(us, milliseconds([&] { query.Open(); }));
+    query.Close();
+    MYSQL_RES* rows = nullptr;
+    them = std::min(them, milliseconds([&] { rows = bareResult(bare); }));
+    mysql_free_result(rows);
+  }
+  figure(u"open_%1_vs_raw"_s.arg(size), us / them, "ratio");
+  figure(u"open_%1_ms"_s.arg(size), us, "ms");
+  mysql_close(bare);
+}
+
+void compareReading(TMyQuery& query) {
+  const Account account;
+  QSqlDatabase database = QSqlDatabase::addDatabase(u"QMYSQL"_s);
+  database.setHostName(account.server);
+  database.setPort(3313);
+  database.setDatabaseName(u"kvtk"_s);
+  database.setUserName(account.name);
+  database.setPassword(account.password);
+  if (!database.open()) return;
+  QSqlQueryModel model;
+  model.setQuery(QString::fromLatin1(allSlips), database);
+  while (model.canFetchMore()) model.fetchMore();
+  qint64 letters = 0;
+  const double value = ratio(
+      [&] {
+        for (int row = 0; row < query.RecordCount(); ++row)
+          for (int field = 0; field < query.fieldCount(); ++field) letters += query.valueAt(row, field).toText().size();
+      },
+      [&] {
+        for (int row = 0; row < model.rowCount(); ++row)
+          for (int field = 0; field < model.columnCount(); ++field) letters += model.data(model.index(row, field)).toString().size();
+      },
+      2);
+  figure(u"read_all_vs_qsqlquerymodel"_s, letters > 0 ? value : 0, "ratio");
+}
+
+void comparePosting(TMyConnection& connection) {
+  MYSQL* bare = bareConnection();
+  TMyQuery query(connection, u"qBench"_s);
+  query.SQL.setText(u"select * from teknikservis where TS_ID = 1"_s);
+  query.Open();
+  int turn = 0;
+  const Field field = query.FieldByName(u"TS_MALIYET"_s);
+  const double value = ratio(
+      [&] {
+        for (int i = 0; i < 100; ++i) {
+          query.Edit();
+          field.set(++turn);
+          query.Post();
+        }
+      },
+      [&] {
+        for (int i = 0; i < 100; ++i) {
+          const QByteArray statement = "UPDATE teknikservis SET TS_MALIYET=" + QByteArray::number(++turn) + " WHERE TS_ID=1";
+          if (mysql_real_query(bare, statement.constData(), ulong(statement.size())) != 0) qFatal("%s", mysql_error(bare));
+        }
+      });
+  figure(u"post_one_row_us_vs_raw"_s, value, "ratio");
+  mysql_close(bare);
+}
+
+void hundredThousand() {
+  compareOpening(u"100k"_s);
+  figure(u"rss_100k_vs_raw"_s, memoryOf(u"query"_s) / memoryOf(u"bare"_s), "ratio");
+  TMyConnection connection;
+  open(connection);
+  TMyQuery query(connection, u"qBench"_s);
+  query.SQL.setText(QString::fromLatin1(allSlips));
+  query.Open();
+  const auto contains = FilterExpression::condition(u"TS_MUSTERI"_s, FilterOperator::Contains, u"ışık"_s);
+  figure(u"filter_100k_ms"_s, best([&] { query.setFilter(contains); }), "ms");
+  query.setFilter(std::nullopt);
+  const int amount = query.fieldIndex(u"TS_TUTAR"_s);
+  double sum = 0;
+  figure(u"sum_100k_ms"_s, best([&] { sum += query.sumOf(amount); }), "ms");
+  compareReading(query);
+  comparePosting(connection);
+  figure(u"server_sort_100k_ms"_s, best([&] {
+           query.SetOrderBy(u"LENGTH(TS_NO) ASC, TS_NO ASC"_s);
+           query.Open();
+         }),
+         "ms");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication application(argc, argv);
+  if (argc == 3 && QByteArrayView(argv[1]) == "--memory") return memoryChild(argv[2]);
+  if (argc != 2) {
+    std::fputs("usage: kvtk-bench-data 100k|1m\n", stderr);
+    return 2;
+  }
+  if (QByteArrayView(argv[1]) == "1m")
+    compareOpening(u"1m"_s);
+  else
+    hundredThousand();
+  return 0;
+}
