@@ -202,9 +202,14 @@ void TMyQuery::applyFilter() {
 }
 
 double TMyQuery::sumOf(int field) const {
+  // Rows lie scattered: their pointers, then their bytes are asked for a few rows ahead.
+  constexpr size_t farAhead = 16;
+  constexpr size_t nearAhead = 8;
   double sum = 0;
-  for (const Row row : rows_) {
-    const QByteArrayView digits = cell(row, field);
+  for (size_t i = 0; i < rows_.size(); ++i) {
+    if (i + farAhead < rows_.size()) __builtin_prefetch(rows_[i + farAhead] + field);
+    if (i + nearAhead < rows_.size()) __builtin_prefetch(rows_[i + nearAhead][field]);
+    const QByteArrayView digits = cell(rows_[i], field);
     double number = 0;
     std::from_chars(digits.begin(), digits.end(), number);
     sum += number;

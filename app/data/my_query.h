@@ -194,7 +194,10 @@ class TMyQuery {
   QByteArray versionQuery(const QByteArray& condition) const;
   int versionField() const;
   Row ownRow(const std::vector<Cell>& cells);
+  Cell cellOf(Row row, int field) const;
   std::vector<Cell> cellsOf(Row row) const;
+  bool sameBytes(Row left, Row right, int field) const;
+  bool isWritten(int field) const;
   std::vector<Cell> bufferedCells(Row base) const;
   Row insertRow(Row current);
   Row updateRow(Row original, Row current);

@@ -183,11 +183,25 @@ void TMyQuery::CancelUpdates() {
   notify([](QueryListener& listener) { listener.queryReset(); });
 }
 
+Cell TMyQuery::cellOf(Row row, int field) const {
+  return row[field] == nullptr ? Cell() : Cell(cell(row, field).toByteArray());
+}
+
 std::vector<Cell> TMyQuery::cellsOf(Row row) const {
-  std::vector<Cell> cells(fields_.size());
-  for (size_t i = 0; i < cells.size(); ++i)
-    if (row[i] != nullptr) cells[i] = cell(row, int(i)).toByteArray();
+  std::vector<Cell> cells;
+  cells.reserve(fields_.size());
+  for (int i = 0; i < fieldCount(); ++i) cells.push_back(cellOf(row, i));
   return cells;
+}
+
+bool TMyQuery::sameBytes(Row left, Row right, int field) const {
+  if (left[field] == nullptr || right[field] == nullptr) return left[field] == right[field];
+  return cell(left, field) == cell(right, field);
+}
+
+/// True for a column of the table that Post writes to.
+bool TMyQuery::isWritten(int field) const {
+  return tableField_ >= 0 && fields_[size_t(field)].table == fields_[size_t(tableField_)].table;
 }
 
 std::vector<Cell> TMyQuery::bufferedCells(Row base) const {
@@ -242,11 +256,10 @@ QByteArray TMyQuery::literal(int field, const Cell& value) const {
 
 QByteArray TMyQuery::keyCondition(Row row) const {
   QByteArrayList conditions;
-  const QByteArray from = table();
   for (int i = 0; i < fieldCount(); ++i)
-    if (fields_[size_t(i)].isKey && identifier(fields_[size_t(i)].table) == from)
+    if (fields_[size_t(i)].isKey && isWritten(i))
       conditions += identifier(fields_[size_t(i)].column) + '=' +
-                    literal(i, row[i] == nullptr ? Cell() : Cell(cell(row, i).toByteArray()));
+                    literal(i, cellOf(row, i));
   if (conditions.isEmpty()) throw EDatabaseError(u"%1: Key fields are not in the dataset"_s.arg(name_), name_, SQL.text());
   return conditions.join(" AND ");
 }
@@ -272,7 +285,7 @@ TMyQuery::Row TMyQuery::insertRow(Row current) {
   for (int i = 0; i < fieldCount(); ++i) {
     const FieldInfo& field = fields_[size_t(i)];
     if (field.isAutoIncrement) autoIncrement = i;
-    if (!cells[size_t(i)] || identifier(field.table) != table()) continue;
+    if (!cells[size_t(i)] || !isWritten(i)) continue;
     columns += identifier(field.column);
     values += literal(i, cells[size_t(i)]);
   }
@@ -290,24 +303,26 @@ TMyQuery::Row TMyQuery::insertRow(Row current) {
 
 TMyQuery::Row TMyQuery::updateRow(Row original, Row current) {
   QByteArrayList assignments;
-  const std::vector<Cell> before = cellsOf(original);
-  std::vector<Cell> after = cellsOf(current);
   for (int i = 0; i < fieldCount(); ++i) {
-    const FieldInfo& field = fields_[size_t(i)];
-    if (identifier(field.table) != table() || FieldCodec::same(field, before[size_t(i)], after[size_t(i)])) continue;
-    assignments += identifier(field.column) + '=' + literal(i, after[size_t(i)]);
+    if (!isWritten(i) || sameBytes(original, current, i)) continue;
+    const Cell after = cellOf(current, i);
+    if (!FieldCodec::same(fields_[size_t(i)], cellOf(original, i), after))
+      assignments += identifier(fields_[size_t(i)].column) + '=' + literal(i, after);
   }
   if (assignments.isEmpty()) return current;
   QByteArray condition = keyCondition(original);
   const int version = versionField();
-  if (version >= 0 && before[size_t(version)])
-    condition += " AND " + identifier(fields_[size_t(version)].column) + '=' + literal(version, before[size_t(version)]);
-  const ExecutionResult result =
-      run("UPDATE " + table() + " SET " + assignments.join(",") + " WHERE " + condition + versionQuery(keyCondition(current)));
+  if (version >= 0 && original[version] != nullptr)
+    condition += " AND " + identifier(fields_[size_t(version)].column) + '=' + literal(version, cellOf(original, version));
+  QByteArray statement = "UPDATE " + table() + " SET " + assignments.join(",") + " WHERE " + condition;
+  if (version >= 0) statement += versionQuery(keyCondition(current));
+  const ExecutionResult result = run(statement);
   if (result.foundRows == 0) throw EDatabaseError(u"Update failed. Found 0 records"_s, name_, SQL.text());
-  if (const MYSQL_ROW fresh = result.rows ? mysql_fetch_row(result.rows.get()) : nullptr)
-    after[size_t(version)] = QByteArray(fresh[0]);
-  return ownRow(after);
+  const MYSQL_ROW fresh = result.rows ? mysql_fetch_row(result.rows.get()) : nullptr;
+  if (fresh == nullptr) return current;
+  std::vector<Cell> cells = cellsOf(current);
+  cells[size_t(version)] = QByteArray(fresh[0]);
+  return ownRow(cells);
 }
 
 void TMyQuery::removeFromServer(Row original) {
