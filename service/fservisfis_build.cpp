@@ -19,6 +19,21 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Gives the keyboard to the first control of a page that takes it by TAB.
+void focusFirst(QWidget& page) {
+  for (QWidget* next = page.nextInFocusChain(); next != &page; next = next->nextInFocusChain()) {
+    const bool takesTab = next->isEnabled() && (next->focusPolicy() & Qt::TabFocus) != 0;
+    if (takesTab && page.isAncestorOf(next)) {
+      next->setFocus(Qt::TabFocusReason);
+      return;
+    }
+  }
+}
+
+}  // namespace
+
 QAction* TfServisFis::addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key) {
   auto* command = new QAction(QIcon::fromTheme(icon), caption, this);
   command->setObjectName(name);
@@ -97,7 +112,7 @@ void TfServisFis::buildPages() {
       const int page = pages_->currentIndex() + by;
       if (page < 0 || page >= pages_->count() || !pages_->isTabVisible(page)) return;
       pages_->setCurrentIndex(page);
-      if (QWidget* first = pages_->currentWidget()->nextInFocusChain()) first->setFocus();
+      focusFirst(*pages_->currentWidget());
     });
   };
   turnPage(Qt::CTRL | Qt::Key_PageDown, 1);

@@ -154,16 +154,21 @@ void SlipFieldsPage::connectAids() {
     if (index == status->itemCount() - 1) edit<DateEdit>(u"TS_TESLIM_TARIH"_s)->setDate(environment().today());
   });
 
-  const auto amount = [this](const QString& column) { return edit<CurrencyEdit>(column); };
   for (const QString& column : {u"TS_SERVIS_TUTAR"_s, u"TS_ISCILIK_TUTAR"_s, u"TS_PARCA_TUTAR"_s})
-    connectGuarded(amount(column), &EditBox::left, this, [amount] {
-      amount(u"TS_TUTAR"_s)
-          ->setValue(SlipRules::total(amount(u"TS_SERVIS_TUTAR"_s)->value(), amount(u"TS_ISCILIK_TUTAR"_s)->value(),
-                                      amount(u"TS_PARCA_TUTAR"_s)->value()));
-    });
+    connectGuarded(edit<CurrencyEdit>(column), &EditBox::left, this, [this] { showTotal(); });
 
   auto* mail = edit<EditBox>(u"TS_EPOSTA"_s);
   connectGuarded(mail, &EditBox::buttonClicked, this, [mail](int index) {
     if (index == 1 && !mail->text().isEmpty()) shellOpen(u"mailto:"_s + mail->text());
   });
+}
+
+void SlipFieldsPage::showTotal() {
+  const auto amount = [this](const QString& column) { return edit<CurrencyEdit>(column)->value(); };
+  try {
+    edit<CurrencyEdit>(u"TS_TUTAR"_s)
+        ->setValue(SlipRules::total(amount(u"TS_SERVIS_TUTAR"_s), amount(u"TS_ISCILIK_TUTAR"_s), amount(u"TS_PARCA_TUTAR"_s)));
+  } catch (const EConvertError&) {
+    // The box with the unreadable amount is marked, and the save will tell.
+  }
 }

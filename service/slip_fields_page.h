@@ -46,6 +46,7 @@ class SlipFieldsPage : public QWidget {
   int groupHeight(int rows) const;
   void arrange();
   void connectAids();
+  void showTotal();
   void fillLists();
 
   QHash<QString, EditFrame*> frames_;

@@ -126,6 +126,21 @@ TEST_F(SlipFormTest, TypingAids) {
     EXPECT_EQ(box(slip, column)->width(), 225);
   }
 
+  status->line()->setFocus();
+  press(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_TRUE(status->isDropDownOpen());
+  press(Qt::Key_Escape);
+  EXPECT_FALSE(status->isDropDownOpen());
+  press(Qt::Key_Escape);
+  EXPECT_TRUE(slip->isVisible());
+
+  box(slip, u"TS_NO"_s)->line()->setFocus();
+  press(Qt::Key_PageDown, Qt::ControlModifier);
+  EXPECT_EQ(pages(slip)->currentIndex(), int(TfServisFis::LinesPage));
+  EXPECT_EQ(QApplication::focusWidget(), lines(slip)->view());
+  press(Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::focusWidget(), box(slip, u"TS_NO"_s)->line());
+
   slip->findChild<QAction*>(u"YeniSeriNo1"_s)->trigger();
   EXPECT_TRUE(QRegularExpression(u"^[A-HJ-NP-Y]{2}[0-9]{10}$"_s).match(text(slip, u"TS_C_SERINO"_s)).hasMatch());
 }

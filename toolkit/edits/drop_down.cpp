@@ -89,9 +89,15 @@ void DropDown::drawTo(QSize size) {
 bool DropDown::hasJustClosed() const { return closedAt_ != 0 && environment().tickCount() - closedAt_ < reopenPauseMs; }
 
 bool DropDown::event(QEvent* event) {
-  const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride;
+  const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+  // While it is open, no command of the form takes a key away from it: neither here nor on the way to the box, which a
+  // sent event would look for commands again.
+  if (event->type() == QEvent::ShortcutOverride) {
+    event->accept();
+    return true;
+  }
   if (keyTarget_ && isKey) {
-    QCoreApplication::sendEvent(keyTarget_, event);
+    static_cast<QObject*>(keyTarget_)->event(event);
     return true;
   }
   return QFrame::event(event);
