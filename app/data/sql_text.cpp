@@ -144,7 +144,8 @@ void noteClause(QStringView text, Branch& branch, const SqlText::Token& token) {
 
 /// "USE INDEX FOR ORDER BY (...)" names an index and starts no clause.
 bool isIndexHint(QStringView text, Tokens tokens, size_t i) {
-  return i > 0 && isWord(text, tokens[i], "FOR"_L1) && isOneOf(text, tokens[i - 1], {"INDEX"_L1, "KEY"_L1});
+  return i > 0 && i + 1 < tokens.size() && isWord(text, tokens[i], "FOR"_L1) &&
+         isOneOf(text, tokens[i - 1], {"INDEX"_L1, "KEY"_L1}) && isOneOf(text, tokens[i + 1], {"JOIN"_L1, "ORDER"_L1, "GROUP"_L1});
 }
 
 /// The branches of the union that the tokens make up; begin is where its text begins.
@@ -166,7 +167,7 @@ std::vector<Branch> branches(QStringView text, Tokens tokens, qsizetype begin = 
         closeBranch(branch, end);
         found.emplace_back();
       } else if (isIndexHint(text, tokens, i)) {
-        i = std::min(i + 1, tokens.size() - 1);
+        ++i;
       } else {
         noteClause(text, branch, token);
       }
