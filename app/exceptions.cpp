@@ -14,6 +14,9 @@ QString EConvertError::parentClassName() const { return u"Exception"_s; }
 QString EInOutError::className() const { return u"EInOutError"_s; }
 QString EInOutError::parentClassName() const { return u"Exception"_s; }
 
+QString EAbort::className() const { return u"EAbort"_s; }
+QString EAbort::parentClassName() const { return u"Exception"_s; }
+
 EDatabaseError::EDatabaseError(QString message, QString queryName, QString queryText)
     : Exception(std::move(message)), queryName_(std::move(queryName)), queryText_(std::move(queryText)) {}
 QString EDatabaseError::className() const { return u"EDatabaseError"_s; }

@@ -36,6 +36,14 @@ class EInOutError : public Exception {
   QString parentClassName() const override;
 };
 
+/// Ends what was under way without a word: whoever raises it has told the user already.
+class EAbort : public Exception {
+ public:
+  EAbort() : Exception(QStringLiteral("Operation aborted")) {}
+  QString className() const override;
+  QString parentClassName() const override;
+};
+
 /// An error of a dataset. Carries the query that it comes from, when there is one.
 class EDatabaseError : public Exception {
  public:

@@ -28,6 +28,8 @@ void reportUnhandled(QObject* sender) noexcept {
   try {
     try {
       throw;
+    } catch (const EAbort&) {
+      // Told already by whoever raised it.
     } catch (const std::exception& error) {
       deliver(sender, error);
     } catch (...) {

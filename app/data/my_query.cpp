@@ -56,6 +56,12 @@ QString& TMyQuery::MacroByName(const QString& name) {
 }
 
 void TMyQuery::AddWhere(const QString& condition) { SQL.setText(SqlText::withCondition(SQL.text(), condition)); }
+void TMyQuery::AddWhere(const FilterExpression& filter) {
+  QHash<QString, Value> values;
+  AddWhere(filter.asSql(values));
+  for (auto value = values.begin(); value != values.end(); ++value) ParamByName(value.key()) = value.value();
+}
+
 void TMyQuery::DeleteWhere() { SQL.setText(SqlText::withoutConditions(SQL.text())); }
 void TMyQuery::SetOrderBy(const QString& columns) { SQL.setText(SqlText::withOrder(SQL.text(), columns)); }
 

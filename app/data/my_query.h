@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 
+class Exception;
 class TMyQuery;
 
 /// A statement's text, line by line.
@@ -86,6 +87,9 @@ class TMyQuery {
   /// Runs when a row was inserted in memory (defaults), and before a row is posted.
   std::function<void()> OnNewRecord;
   std::function<void()> BeforePost;
+  /// Asked when a Post failed; true means that it has told the user, and EAbort goes on in the error's place. The row stays in
+  /// edit either way.
+  std::function<bool(const Exception& error)> OnPostError;
 
   const QString& name() const { return name_; }
   QueryState state() const { return state_; }
@@ -98,6 +102,8 @@ class TMyQuery {
   QString& MacroByName(const QString& name);
   /// Adds a condition to the WHERE clause, joined by AND; takes all conditions away; sets the ORDER BY clause.
   void AddWhere(const QString& condition);
+  /// Adds a filter as a condition whose values go as parameters, so that the server narrows the rows.
+  void AddWhere(const FilterExpression& filter);
   void DeleteWhere();
   void SetOrderBy(const QString& columns);
 
@@ -203,6 +209,7 @@ class TMyQuery {
   Row updateRow(Row original, Row current);
   void removeFromServer(Row original);
   void cachePost(Row base, Row current);
+  void write(Row base);
   std::vector<Change>::iterator changeOf(Row current);
   void removeShownRow(int row);
   void replaceRow(Row before, Row after);

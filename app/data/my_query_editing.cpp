@@ -74,16 +74,25 @@ void TMyQuery::removeShownRow(int row) {
 
 void TMyQuery::Post() {
   requireEditing();
-  if (BeforePost) BeforePost();
-  const Row base = rows_[size_t(current_)];
+  try {
+    if (BeforePost) BeforePost();
+    write(rows_[size_t(current_)]);
+  } catch (const Exception& error) {
+    if (OnPostError && OnPostError(error)) throw EAbort();
+    throw;
+  }
+  leaveEditing();
+  eof_ = false;
+  notify([this](QueryListener& listener) { listener.rowChanged(current_); });
+}
+
+/// Writes the row in edit, to memory or to the server.
+void TMyQuery::write(Row base) {
   const Row edited = ownRow(bufferedCells(base));
   if (CachedUpdates)
     cachePost(base, edited);
   else
     replaceRow(base, state_ == QueryState::Insert ? insertRow(edited) : updateRow(base, edited));
-  leaveEditing();
-  eof_ = false;
-  notify([this](QueryListener& listener) { listener.rowChanged(current_); });
 }
 
 void TMyQuery::Delete() {

@@ -214,6 +214,39 @@ TEST_F(QueryTest, DuplicateKeysReadAlikeAndKeepTheRowInInsert) {
             u"#23000Duplicate entry '1' for key 'DN_NO'"_s);
 }
 
+TEST_F(QueryTest, AHookMayTellOfAFailedPostInTheErrorsPlace) {
+  insertRow(u"100"_s, u"x"_s);
+  QString told;
+  bool tells = true;
+  query.OnPostError = [&](const Exception& error) {
+    told = error.className();
+    return tells;
+  };
+  query.OnNewRecord = [&] { query.FieldByName(u"AD"_s).set(u"default"_s); };
+  query.BeforePost = [&] { query.FieldByName(u"KISA"_s).set(7); };
+  query.Insert();
+  query.FieldByName(u"NO"_s).set(u"100"_s);
+  raised<EAbort>([&] { query.Post(); });
+  EXPECT_EQ(told, u"EMyError"_s);
+  tells = false;
+  raised<EMyError>([&] { query.Post(); });
+  EXPECT_EQ(query.state(), QueryState::Insert);
+  query.FieldByName(u"NO"_s).set(u"101"_s);
+  query.Post();
+  EXPECT_EQ(scalar(u"select concat(AD, KISA) from deneme where NO = '101'"_s), u"default7"_s);
+}
+
+TEST_F(QueryTest, WhatIsLargerThanThePacketLimitIsRefusedAndTheConnectionStays) {
+  const qint64 id = insertRow(u"1"_s, u"x"_s);
+  openRow(query, id);
+  query.Edit();
+  query.FieldByName(u"RESIM"_s).set(QByteArray(70 << 20, 'x'));
+  EXPECT_TRUE(raised<EUnstorableValue>([&] { query.Post(); })->message().contains(u"MB"_s));
+  query.FieldByName(u"RESIM"_s).set(QByteArray(20 << 20, 'x'));
+  query.Post();
+  EXPECT_EQ(scalar(u"select length(RESIM) from deneme"_s), QString::number(20 << 20));
+}
+
 TEST_F(QueryTest, DeleteRunsTheStatementGivenForIt) {
   const qint64 id = insertRow(u"1"_s, u"x"_s);
   insertRow(u"2"_s, u"y"_s);
