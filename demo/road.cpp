@@ -69,6 +69,18 @@ void fillByKeyboard(ScreenHands& hands) {
   if (filled.size() < deviceTakenIn.size()) throw StationMissed("not every field was reached by the keyboard");
 }
 
+/// Two parts on the page behind the first, each typed into the append row.
+void addParts(ScreenHands& hands) {
+  hands.press({u"ctrl+Next"_s});
+  for (const QStringList& part : {QStringList{u"1"_s, u"şarj soketi"_s, u"1"_s, u"300"_s}, QStringList{u"2"_s, u"fan"_s, u"2"_s, u"125,5"_s}})
+    for (const QString& text : part) {
+      hands.type(text);
+      hands.press({u"Return"_s});
+    }
+  hands.waitFor(u"two parts"_s, [] { return fServisFis->qMalzeme.RecordCount() == 2; });
+  hands.picture(u"parcalar"_s);
+}
+
 void printSavedRow() {
   TMyQuery query(DM->MySQL, u"qDemo"_s);
   query.SQL.setText(u"select * from teknikservis"_s);
@@ -93,10 +105,16 @@ void walk(ScreenHands& hands) {
   hands.picture(u"yeni-fis"_s);
   fillByKeyboard(hands);
   hands.picture(u"doldurulmus-fis"_s);
+  addParts(hands);
   hands.press({u"F2"_s});
   hands.waitFor(u"balloon"_s, [] { return showsText(u"Servis fiş kaydı tamamlandı."_s); });
   hands.picture(u"kayit-tamamlandi"_s);
   hands.waitFor(u"saved slip's title"_s, [] { return slipTitle() == u"(100) Servis Fişi"_s; });
+  hands.waitFor(u"saved parts"_s, [] { return scalar(u"select sum(MZ_TUTAR) from malzeme"_s).startsWith(u"425,5"); });
+  for (const QString& page : {u"malzemeler"_s, u"notlar"_s, u"fotograf"_s, u"seri-no-gecmisi"_s, u"musteri-gecmisi"_s}) {
+    hands.press({u"ctrl+Next"_s});
+    hands.picture(page);
+  }
   hands.press({u"F3"_s});
   hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
   hands.picture(u"fis-kapandi"_s);
