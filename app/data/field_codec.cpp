@@ -201,6 +201,7 @@ FieldInfo FieldCodec::describe(const st_mysql_field& field) {
   info.name = Latin5::decode({field.name, qsizetype(field.name_length)});
   info.column = Latin5::decode({field.org_name, qsizetype(field.org_name_length)});
   info.table = Latin5::decode({field.org_table, qsizetype(field.org_table_length)});
+  info.alias = Latin5::decode({field.table, qsizetype(field.table_length)});
   info.type = typeOf(field);
   info.isUnsigned = (field.flags & UNSIGNED_FLAG) != 0;
   info.bits = bitsOf(field.type);

@@ -16,6 +16,7 @@ struct FieldInfo {
   QString name;       ///< as in the result
   QString column;     ///< column in its table; empty for an expression
   QString table;      ///< table that the column stands in; empty for an expression
+  QString alias;      ///< name of that table in the statement
   FieldType type = FieldType::Text;
   qint64 size = 0;    ///< characters of a text column, bytes of a blob, digits of a decimal
   int decimals = 0;   ///< digits behind the mark, of a number or of the seconds

@@ -65,9 +65,13 @@ void TMyQuery::AddWhere(const FilterExpression& filter) {
 void TMyQuery::DeleteWhere() { SQL.setText(SqlText::withoutConditions(SQL.text())); }
 void TMyQuery::SetOrderBy(const QString& columns) { SQL.setText(SqlText::withOrder(SQL.text(), columns)); }
 
+QString TMyQuery::withMacros(const QString& text) const {
+  return SqlText::replaced(text, SqlText::TokenKind::Macro, [this](const QString& name) { return macros_.value(folded(name)); });
+}
+
 QByteArray TMyQuery::rendered(const QString& text) const {
   using enum SqlText::TokenKind;
-  const QString expanded = SqlText::replaced(text, Macro, [this](const QString& name) { return macros_.value(folded(name)); });
+  const QString expanded = withMacros(text);
   QByteArray statement;
   for (const auto& token : SqlText::tokens(expanded)) {
     const QString piece = expanded.mid(token.begin, token.length);
@@ -158,11 +162,13 @@ void TMyQuery::Refresh() {
 void TMyQuery::RefreshRecord() {
   requireRow();
   // The key alone decides: a row that has left the statement's own condition is still there to be edited.
-  const QString keyed = SqlText::withCondition(SqlText::withoutConditions(SQL.text()), u":__key"_s);
+  const QString keyed = SqlText::withCondition(SqlText::withoutConditions(withMacros(SQL.text())), u":__key"_s);
+  // Another table of the statement may have a column of the same name.
+  const QByteArray qualifier = tableField_ < 0 ? QByteArray() : identifier(fields_[size_t(tableField_)].alias) + '.';
   QByteArray statement;
   const QString marker = u":__key"_s;
   const qsizetype place = keyed.indexOf(marker);
-  statement = rendered(keyed.left(place)) + keyCondition(rows_[size_t(current_)]) + rendered(keyed.mid(place + marker.size()));
+  statement = rendered(keyed.left(place)) + keyCondition(rows_[size_t(current_)], qualifier) + rendered(keyed.mid(place + marker.size()));
   const ExecutionResult result = run(statement);
   const MYSQL_ROW fresh = result.rows ? mysql_fetch_row(result.rows.get()) : nullptr;
   if (fresh == nullptr) throw EDatabaseError(u"Refresh failed. Found 0 records"_s, name_, SQL.text());

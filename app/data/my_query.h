@@ -186,6 +186,7 @@ class TMyQuery {
     bool applied = false;
   };
 
+  QString withMacros(const QString& text) const;
   QByteArray rendered(const QString& text) const;
   ExecutionResult run(const QByteArray& statements);
   void takeRows(ResultPtr rows);
@@ -196,7 +197,7 @@ class TMyQuery {
   QByteArray identifier(const QString& name) const;
   QByteArray table() const;
   QByteArray literal(int field, const Cell& cell) const;
-  QByteArray keyCondition(Row row) const;
+  QByteArray keyCondition(Row row, const QByteArray& qualifier = {}) const;
   QByteArray versionQuery(const QByteArray& condition) const;
   int versionField() const;
   Row ownRow(const std::vector<Cell>& cells);

@@ -1,3 +1,4 @@
+#include "app/data/latin5.h"
 #include "app/data/my_query_rows.h"
 #include "app/exceptions.h"
 
@@ -208,9 +209,11 @@ bool TMyQuery::sameBytes(Row left, Row right, int field) const {
   return cell(left, field) == cell(right, field);
 }
 
-/// True for a column of the table that Post writes to.
+/// True for a column of the table that Post writes to; the same table joined to itself is another one.
 bool TMyQuery::isWritten(int field) const {
-  return tableField_ >= 0 && fields_[size_t(field)].table == fields_[size_t(tableField_)].table;
+  if (tableField_ < 0) return false;
+  const FieldInfo& own = fields_[size_t(tableField_)];
+  return fields_[size_t(field)].table == own.table && fields_[size_t(field)].alias == own.alias;
 }
 
 std::vector<Cell> TMyQuery::bufferedCells(Row base) const {
@@ -240,8 +243,7 @@ TMyQuery::Row TMyQuery::ownRow(const std::vector<Cell>& cells) {
 }
 
 QByteArray TMyQuery::identifier(const QString& name) const {
-  // Names come from the server's own answer, so that latin1 is enough for the ones of this schema.
-  return '`' + name.toLatin1().replace('`', "``") + '`';
+  return '`' + Latin5::encode(name, name_).replace('`', "``") + '`';
 }
 
 QByteArray TMyQuery::table() const {
@@ -263,20 +265,21 @@ QByteArray TMyQuery::literal(int field, const Cell& value) const {
   }
 }
 
-QByteArray TMyQuery::keyCondition(Row row) const {
+/// The row's key as a condition; the qualifier, if any, comes before each column.
+QByteArray TMyQuery::keyCondition(Row row, const QByteArray& qualifier) const {
   QByteArrayList conditions;
   for (int i = 0; i < fieldCount(); ++i)
     if (fields_[size_t(i)].isKey && isWritten(i))
-      conditions += identifier(fields_[size_t(i)].column) + '=' +
-                    literal(i, cellOf(row, i));
+      conditions += qualifier + identifier(fields_[size_t(i)].column) + '=' + literal(i, cellOf(row, i));
   if (conditions.isEmpty()) throw EDatabaseError(u"%1: Key fields are not in the dataset"_s.arg(name_), name_, SQL.text());
   return conditions.join(" AND ");
 }
 
 int TMyQuery::versionField() const {
   if (!Options.CheckRowVersion) return -1;
-  const auto found = std::find_if(fields_.begin(), fields_.end(), [](const FieldInfo& field) { return field.isTimestamp; });
-  return found == fields_.end() ? -1 : int(found - fields_.begin());
+  for (int i = 0; i < fieldCount(); ++i)
+    if (fields_[size_t(i)].isTimestamp && isWritten(i)) return i;
+  return -1;
 }
 
 /// Reads the new row version in the same round trip as the change; empty when versions are not checked.
@@ -293,8 +296,9 @@ TMyQuery::Row TMyQuery::insertRow(Row current) {
   int autoIncrement = -1;
   for (int i = 0; i < fieldCount(); ++i) {
     const FieldInfo& field = fields_[size_t(i)];
+    if (!isWritten(i)) continue;
     if (field.isAutoIncrement) autoIncrement = i;
-    if (!cells[size_t(i)] || !isWritten(i)) continue;
+    if (!cells[size_t(i)]) continue;
     columns += identifier(field.column);
     values += literal(i, cells[size_t(i)]);
   }
