@@ -1,69 +1,9 @@
-#include "app/data/my_query.h"
-#include "app/exceptions.h"
-#include "tests/support/test_database.h"
-
-#include <gmock/gmock.h>
+#include "tests/data/query_fixture.h"
 
 #include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// The error that the work raises; nothing, and a failure of the test, when it raises none of that class.
-template <class Error, class Work>
-std::optional<Error> raised(Work work) {
-  try {
-    work();
-  } catch (const Error& error) {
-    return error;
-  }
-  ADD_FAILURE() << "nothing was raised";
-  return std::nullopt;
-}
-
-class QueryTest : public testing::Test {
- protected:
-  void SetUp() override {
-    run("DROP TABLE IF EXISTS deneme");
-    run("CREATE TABLE deneme (ID BIGINT AUTO_INCREMENT PRIMARY KEY, NO VARCHAR(15), AD VARCHAR(200), KISA SMALLINT, TUTAR DOUBLE, "
-        "MIKTAR DECIMAL(12,3), TARIH DATE, SAAT TIME, AN DATETIME, RESIM LONGBLOB, NOTU LONGTEXT, "
-        "STAMP TIMESTAMP(6) NOT NULL DEFAULT CURRENT_TIMESTAMP(6) ON UPDATE CURRENT_TIMESTAMP(6), UNIQUE KEY DN_NO (NO)) "
-        "ENGINE=InnoDB CHARSET=latin5");
-    query.Options.CheckRowVersion = true;
-    query.Options.SetEmptyStrToNull = true;
-    query.SQL.setText(u"select * from deneme where ID = :ID"_s);
-  }
-  void TearDown() override { database.secondConnection().execute("DROP TABLE IF EXISTS deneme"); }
-
-  void run(const char* statement) { connection.execute(statement); }
-  QString scalar(const QString& statement) {
-    TMyQuery scratch(connection, u"scratch"_s);
-    scratch.SQL.setText(statement);
-    scratch.Open();
-    return scratch.IsEmpty() ? u"<none>"_s : scratch.field(0).asText();
-  }
-  qint64 insertRow(const QString& no, const QString& name) {
-    query.Open();
-    query.Insert();
-    query.FieldByName(u"NO"_s).set(no);
-    query.FieldByName(u"AD"_s).set(name);
-    query.Post();
-    return qint64(query.lastInsertId());
-  }
-  void openRow(TMyQuery& target, qint64 id) {
-    target.SQL.setText(u"select * from deneme where ID = :ID"_s);
-    target.ParamByName(u"id"_s) = id;
-    target.Open();
-  }
-
-  TestDatabase database;
-  TMyConnection& connection = database.connection();
-  TMyQuery query{connection, u"qDeneme"_s};
-};
-
-}  // namespace
 
 TEST_F(QueryTest, EveryTypeComesBackAsItWent) {
   QByteArray picture;
@@ -195,33 +135,6 @@ TEST_F(QueryTest, ARowThatIsGoneIsTold) {
   EXPECT_EQ(raised<EDatabaseError>([&] { query.Post(); })->message(), u"Update failed. Found 0 records"_s);
 }
 
-TEST_F(QueryTest, ARowOfAJoinIsReadAgainAndWrittenByItsOwnTablesKey) {
-  const qint64 id = insertRow(u"1"_s, u"first"_s);
-  insertRow(u"2"_s, u"other"_s);
-  for (const QString& text : {
-           u"select a.*, b.ID as B_ID, b.AD as B_AD from deneme a left join deneme b on (b.NO = '2' and b.ID <> a.ID) where a.NO = '1'"_s,
-           u"select deneme.*, `iş 1`.* from deneme, deneme `iş 1` where deneme.NO = '1' and `iş 1`.NO = '2'"_s,
-           u"select * from kvtk.deneme as a join deneme as b using (NO) &KOSUL order by a.ID"_s}) {
-    TMyQuery joined(connection, u"qJoined"_s);
-    joined.Options.CheckRowVersion = true;
-    joined.SQL.setText(text);
-    if (text.contains(u'&')) joined.MacroByName(u"KOSUL"_s) = u"where a.NO = '1'"_s;
-    joined.Open();
-    ASSERT_EQ(joined.RecordCount(), 1) << text.toStdString();
-    run("UPDATE deneme SET AD='second' WHERE NO='1'");
-    joined.RefreshRecord();
-    EXPECT_EQ(joined.FieldByName(u"ID"_s).value(), Value(id)) << text.toStdString();
-    EXPECT_EQ(joined.FieldByName(u"AD"_s).asText(), u"second"_s) << text.toStdString();
-    joined.Edit();
-    joined.FieldByName(u"AD"_s).set(u"third"_s);
-    joined.Post();
-    EXPECT_EQ(scalar(u"select group_concat(AD order by NO) from deneme"_s), u"third,other"_s) << text.toStdString();
-    joined.Delete();
-    EXPECT_EQ(scalar(u"select group_concat(NO) from deneme"_s), u"2"_s) << text.toStdString();
-    run("INSERT INTO deneme (ID, NO, AD) VALUES (1, '1', 'first')");
-  }
-}
-
 TEST_F(QueryTest, DuplicateKeysReadAlikeAndKeepTheRowInInsert) {
   insertRow(u"100"_s, u"x"_s);
   query.Insert();
@@ -234,29 +147,6 @@ TEST_F(QueryTest, DuplicateKeysReadAlikeAndKeepTheRowInInsert) {
   query.FieldByName(u"NO"_s).set(u"101"_s);
   query.Post();
   EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"2"_s);
-}
-
-TEST_F(QueryTest, TheOtherServersDuplicateMessagesReadAlike) {
-  struct {
-    int code;
-    QString sent;
-    QString shown;
-  } const cases[] = {
-      {1062, u"Duplicate entry '1' for key 'deneme.DN_NO'"_s, u"Duplicate entry '1' for key 'DN_NO'"_s},
-      {1062, u"Duplicate entry '1-İŞ' for key 'malzeme.PRIMARY'"_s, u"Duplicate entry '1-İŞ' for key 'PRIMARY'"_s},
-      {1586, u"Duplicate entry '1.5' for key 'cari.CA_KOD'"_s, u"Duplicate entry '1.5' for key 'CA_KOD'"_s},
-      {1062, u"Duplicate entry 'a' for key 'b.c'' for key 't.KOD'"_s, u"Duplicate entry 'a' for key 'b.c'' for key 'KOD'"_s},
-      {1062, u"Duplicate entry '' for key 'it's.A.B'"_s, u"Duplicate entry '' for key 'A.B'"_s},
-      {1062, u"Duplicate entry 'a.b' for key 'KOD'"_s, u"Duplicate entry 'a.b' for key 'KOD'"_s},
-      {1062, u"Duplicate entry 'a.b"_s, u"Duplicate entry 'a.b"_s},
-      {1644, u"nothing for key 'a.b'"_s, u"nothing for key 'a.b'"_s},
-  };
-  TMyQuery signal(connection, u"qSignal"_s);
-  for (const auto& row : cases) {
-    signal.SQL.setText(u"SIGNAL SQLSTATE '23000' SET MYSQL_ERRNO=%1, MESSAGE_TEXT=:METIN"_s.arg(row.code));
-    signal.ParamByName(u"METIN"_s) = row.sent;
-    EXPECT_EQ(raised<EMyError>([&] { signal.Execute(); })->message().toStdString(), (u"#23000"_s + row.shown).toStdString());
-  }
 }
 
 TEST_F(QueryTest, AHookMayTellOfAFailedPostInTheErrorsPlace) {

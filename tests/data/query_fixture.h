@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/data/my_query.h"
+#include "app/exceptions.h"
+#include "tests/support/test_database.h"
+
+#include <gmock/gmock.h>
+
+/// The error that the work raises; nothing, and a failure of the test, when it raises none of that class.
+template <class Error, class Work>
+std::optional<Error> raised(Work work) {
+  try {
+    work();
+  } catch (const Error& error) {
+    return error;
+  }
+  ADD_FAILURE() << "nothing was raised";
+  return std::nullopt;
+}
+
+/// A table of its own, "deneme", with a column of every type, and a query on it.
+class QueryTest : public testing::Test {
+ protected:
+  QueryTest();
+  void SetUp() override;
+  void TearDown() override;
+
+  void run(const char* statement) { connection.execute(statement); }
+  /// The first cell of what the statement gives.
+  QString scalar(const QString& statement);
+  qint64 insertRow(const QString& no, const QString& name);
+  static void openRow(TMyQuery& target, qint64 id);
+
+  TestDatabase database;
+  TMyConnection& connection = database.connection();
+  TMyQuery query;
+};
