@@ -101,7 +101,8 @@ ExecutionResult TMyConnection::execute(const QByteArray& statements, const QStri
   ExecutionResult result;
   for (bool first = true;; first = false) {
     ResultPtr rows(mysql_store_result(handle_));
-    if (!rows && mysql_field_count(handle_) != 0) raise(queryName, queryText);
+    // The field count is gone with a connection that was lost while the rows came.
+    if (!rows && (mysql_errno(handle_) != 0 || mysql_field_count(handle_) != 0)) raise(queryName, queryText);
     if (first && !rows) result.foundRows = mysql_affected_rows(handle_);
     if (rows && !result.rows) result.rows = std::move(rows);
     if (const quint64 id = mysql_insert_id(handle_); id != 0) result.lastInsertId = id;

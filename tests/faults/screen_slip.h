@@ -1,0 +1,54 @@
+#pragma once
+
+#include "service/slip_store.h"
+
+/// What one slip consists of, for comparing with what is stored.
+struct SlipContent {
+  QString number;
+  QString customer;
+  QStringList parts;
+  QByteArray picture;
+  QString note;
+
+  /// The rows of all four tables that make up the slip, in the form of storedRows().
+  QStringList rows() const;
+};
+
+/// A new slip with two lines, a picture of 100 kB and a note.
+SlipContent sampleSlip(int number);
+
+/// Every row of teknikservis, malzeme, foto and notlar as one text each, sorted; a row without its slip lacks the number.
+QStringList storedRows(TMyConnection& connection);
+
+/// Number by which the server knows a connection.
+qint64 connectionId(TMyConnection& connection);
+/// Waits until the server has ended that connection and taken back what it had open; false after ten seconds.
+bool waitForEnd(TMyConnection& observer, qint64 connectionId);
+
+/// A slip as it stands on a screen: its queries and what was typed.
+class ScreenSlip {
+ public:
+  explicit ScreenSlip(TMyConnection& connection);
+
+  /// Types a new slip.
+  void takeIn(const SlipContent& content);
+  /// Opens the slip with that number.
+  void open(const QString& number);
+  /// Types over the open slip: the first line becomes the first part, the second is deleted, the others are added.
+  void change(const SlipContent& content);
+  /// Writes what was typed; runs what the slip editor runs. Throws EMyError.
+  std::optional<SaveFailure> save();
+
+  QStringList shownParts();
+  bool linesArePending() const { return qMalzeme_.UpdatesPending(); }
+
+ private:
+  void addLine(int line, const QString& part);
+
+  TMyQuery qServis_;
+  TMyQuery qMalzeme_;
+  TMyQuery pGetQ_;
+  SlipStore store_;
+  SlipContent typed_;
+  bool isNew_ = true;
+};
