@@ -92,7 +92,7 @@ void TMyConnection::Commit() { execute("COMMIT"); }
 void TMyConnection::Rollback() { execute("ROLLBACK"); }
 
 ExecutionResult TMyConnection::execute(const QByteArray& statements, const QString& queryName, const QString& queryText) {
-  if (handle_ == nullptr) throw EDatabaseError(u"Veritabanı bağlantısı açık değil."_s, queryName, queryText);
+  requireOpen(queryName, queryText);
   if (packetLimit_ != 0 && quint64(statements.size()) + 1 >= packetLimit_)
     throw EUnstorableValue(u"Kaydedilecek bilgi çok büyük: en fazla %1 MB gönderilebilir."_s.arg(packetLimit_ >> 20), queryName);
   ++roundTrips_;
@@ -113,10 +113,15 @@ ExecutionResult TMyConnection::execute(const QByteArray& statements, const QStri
 }
 
 QByteArray TMyConnection::quoted(const QByteArray& bytes) const {
+  requireOpen({}, {});
   QByteArray escaped(bytes.size() * 2 + 1, Qt::Uninitialized);
   const ulong length = mysql_real_escape_string(handle_, escaped.data(), bytes.constData(), ulong(bytes.size()));
   escaped.truncate(qsizetype(length));
   return '\'' + escaped + '\'';
+}
+
+void TMyConnection::requireOpen(const QString& queryName, const QString& queryText) const {
+  if (handle_ == nullptr) throw EDatabaseError(u"Veritabanı bağlantısı açık değil."_s, queryName, queryText);
 }
 
 void TMyConnection::raise(const QString& queryName, const QString& queryText) {

@@ -53,13 +53,14 @@ class TMyConnection {
   /// the given query name and text, EUnstorableValue when it is longer than the server's packet limit.
   ExecutionResult execute(const QByteArray& statements, const QString& queryName = {}, const QString& queryText = {});
 
-  /// Bytes between quotes, escaped for this connection. Needs no round trip.
+  /// Bytes between quotes, escaped for this connection. Needs no round trip. Throws EDatabaseError when it is not open.
   QByteArray quoted(const QByteArray& bytes) const;
 
   /// Statements sent since the program started, each one round trip.
   quint64 roundTrips() const { return roundTrips_; }
 
  private:
+  void requireOpen(const QString& queryName, const QString& queryText) const;
   [[noreturn]] void raise(const QString& queryName, const QString& queryText);
 
   st_mysql* handle_ = nullptr;

@@ -17,6 +17,8 @@ struct CutCase {
   Cut cut;
 };
 
+void PrintTo(const CutCase& one, std::ostream* out) { *out << one.name; }
+
 class CutConnectionTest : public testing::TestWithParam<CutCase> {
  protected:
   CutConnectionTest() : proxy(qEnvironmentVariable("KVTK_TEST_SERVER"), 3313) {
@@ -108,3 +110,34 @@ INSTANTIATE_TEST_SUITE_P(Saves, CutConnectionTest,
                                          CutCase{"ExistingWithinPacket", false, Cut::WithinPacket},
                                          CutCase{"ExistingReset", false, Cut::Reset}),
                          [](const auto& one) { return one.param.name; });
+
+TEST(CutLogin, RaisesAndTheNextOneWorks) {
+  TestDatabase database;
+  CuttingProxy proxy(qEnvironmentVariable("KVTK_TEST_SERVER"), 3313);
+  TMyConnection connection;
+  TestDatabase::open(connection);
+  connection.Server = u"127.0.0.1"_s;
+  connection.Port = proxy.port();
+  connection.Connect();
+  const int packets = proxy.packets();
+  for (const Cut cut : {Cut::BeforePacket, Cut::WithinPacket, Cut::Reset})
+    for (int packet = 1; packet <= packets; ++packet) {
+      SCOPED_TRACE("packet " + std::to_string(packet) + " of " + std::to_string(packets));
+      const qint64 id = connectionId(connection);
+      connection.Close();
+      ASSERT_TRUE(waitForEnd(database.connection(), id));
+      proxy.arm(packet, cut);
+      EXPECT_THROW(connection.Connect(), EMyError);
+      EXPECT_FALSE(connection.Connected());
+      ASSERT_NO_THROW(connection.Connect());
+    }
+}
+
+TEST(ClosedConnection, StatementsRaise) {
+  TMyConnection connection;
+  TestDatabase::open(connection);
+  ScreenSlip slip(connection);
+  connection.Close();
+  EXPECT_THROW(slip.open(u"1"_s), EDatabaseError);
+  EXPECT_THROW(slip.save(), EDatabaseError);
+}
