@@ -1,0 +1,124 @@
+#include "toolkit/edits/memo_text.h"
+
+#include "app/guard.h"
+#include "toolkit/edits/balloon.h"
+#include "toolkit/edits/edit_menu.h"
+
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextDocument>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isPassing(Qt::FocusReason reason) {
+  return reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || reason == Qt::MenuBarFocusReason;
+}
+
+bool isKeepable(QChar c) { return c.isPrint() || c.isSurrogate() || c == u'\n' || c == u'\t'; }
+
+/// Length as it is stored: a selection counts its line breaks as QTextDocument does.
+qsizetype selectedLength(const QTextCursor& cursor) { return cursor.selectionEnd() - cursor.selectionStart(); }
+
+}  // namespace
+
+MemoText::MemoText(QWidget* parent) : QPlainTextEdit(parent) {
+  setFrameShape(QFrame::NoFrame);
+  setTabChangesFocus(true);
+  viewport()->setAutoFillBackground(false);
+  document()->setDocumentMargin(2);
+}
+
+QString MemoText::wholeText() const {
+  if (!document()->isModified()) return original_;
+  QString text = document()->toRawText();
+  text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+  if (original_.contains(u"\r\n"_s)) text.replace(u"\n"_s, u"\r\n"_s);
+  return text;
+}
+
+void MemoText::setWholeText(const QString& text) {
+  original_ = text;
+  setPlainText(text);
+  document()->setModified(false);
+}
+
+bool MemoText::hasRoomFor(const QString& text) const {
+  return maxLength == 0 || document()->characterCount() - 1 - selectedLength(textCursor()) + text.size() <= maxLength;
+}
+
+void MemoText::typeText(const QString& characters) {
+  const QString text = inCase(charCase, characters);
+  if (!isReadOnly() && hasRoomFor(text)) insertPlainText(text);
+  ensureCursorVisible();
+}
+
+void MemoText::keyPressEvent(QKeyEvent* event) {
+  guarded(this, [&] {
+    const bool command = event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
+    const bool breaksLine = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    const QString text = event->text();
+    if (breaksLine && !hasRoomFor(u"\n"_s)) {
+      event->accept();
+    } else if (!command && !breaksLine && !text.isEmpty() && std::all_of(text.begin(), text.end(), isKeepable) && text != u"\t"_s) {
+      typeText(text);
+      event->accept();
+    } else {
+      QPlainTextEdit::keyPressEvent(event);
+    }
+  });
+}
+
+void MemoText::inputMethodEvent(QInputMethodEvent* event) {
+  guarded(this, [&] {
+    const QString committed = event->commitString();
+    if (committed.isEmpty()) return QPlainTextEdit::inputMethodEvent(event);
+    QInputMethodEvent finished;
+    QPlainTextEdit::inputMethodEvent(&finished);
+    typeText(committed);
+    event->accept();
+  });
+}
+
+bool MemoText::canInsertFromMimeData(const QMimeData* source) const { return source->hasText(); }
+
+void MemoText::insertFromMimeData(const QMimeData* source) {
+  guarded(this, [&] {
+    QString text = inCase(charCase, source->text());
+    text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    if (text.isEmpty() || isReadOnly()) return;
+    QString refusal;
+    if (!std::all_of(text.begin(), text.end(), isKeepable))
+      refusal = u"Yapıştırılan metin kullanılamayan karakterler içeriyor."_s;
+    else if (!hasRoomFor(text))
+      refusal = u"Bu alana en çok %1 karakter girilebilir, metin eklenmedi."_s.arg(maxLength);
+    if (refusal.isEmpty())
+      insertPlainText(text);
+    else
+      refusalBalloon().showAt(parentWidget(), refusal);
+  });
+}
+
+void MemoText::contextMenuEvent(QContextMenuEvent* event) {
+  guarded(this, [&] { showEditMenu(this, event->globalPos()); });
+}
+
+void MemoText::focusInEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusInEvent(event);
+  guarded(this, [&] {
+    parentWidget()->update();
+    if (!isPassing(event->reason())) Q_EMIT focusCame();
+  });
+}
+
+void MemoText::focusOutEvent(QFocusEvent* event) {
+  QPlainTextEdit::focusOutEvent(event);
+  guarded(this, [&] {
+    parentWidget()->update();
+    if (!isPassing(event->reason())) Q_EMIT focusWent();
+  });
+}
