@@ -120,8 +120,12 @@ void ComboEdit::dropDown() {
   list_->addItems(items());
   list_->setAccessibleName(accessibleName());
   const int rowHeight = fontMetrics().height() + 4;
-  for (int row = 0; row < list_->count(); ++row) list_->item(row)->setSizeHint({0, rowHeight});
-  const int width = list_->sizeHintForColumn(0) + list_->verticalScrollBar()->sizeHint().width() + 12;
+  int width = 0;
+  for (int row = 0; row < list_->count(); ++row) {
+    list_->item(row)->setSizeHint({0, rowHeight});
+    width = std::max(width, fontMetrics().horizontalAdvance(list_->item(row)->text()));
+  }
+  width += list_->verticalScrollBar()->sizeHint().width() + 16;
   dropDown_->openUnder({width, rowHeight * std::clamp(list_->count(), 1, shownRows) + 2});
   highlight(itemIndex_);
 }
@@ -148,6 +152,7 @@ void ComboEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
     key = 0;
     return dropDown();
   }
+  if ((modifiers & ~Qt::KeypadModifier) != Qt::NoModifier) return EditBox::keyDown(key, modifiers);
   const bool open = isDropDownOpen();
   const int now = open ? list_->currentRow() : itemIndex_;
   const int last = itemCount() - 1;

@@ -1,8 +1,15 @@
 #include "toolkit/edits/date_time_edit.h"
 
 #include "app/date_text.h"
+#include "app/exceptions.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString complaintAbout(const QString& text) { return u"\"%1\" geçerli bir tarih ve saat değil."_s.arg(text); }
+
+}  // namespace
 
 DateTimeEdit::DateTimeEdit(QWidget* parent) : ParsedEdit(parent) {}
 
@@ -14,20 +21,22 @@ QDateTime DateTimeEdit::dateTime() const {
 void DateTimeEdit::setDateTime(const QDateTime& moment) { setText(DateText::dateTime(moment)); }
 
 void DateTimeEdit::setEditValue(const Value& value) {
-  const QDate date = value.toDate();
-  if (const auto* moment = std::get_if<QDateTime>(&value.data()))
-    setDateTime(*moment);
-  else if (const auto* text = std::get_if<QString>(&value.data()))
-    setDateTime(DateText::toDateTime(*text).value_or(QDateTime()));
-  else
-    setDateTime(date.isValid() ? QDateTime(date, QTime(0, 0)) : QDateTime());
+  if (const auto* moment = std::get_if<QDateTime>(&value.data())) return setDateTime(*moment);
+  const auto* text = std::get_if<QString>(&value.data());
+  if (!text || text->trimmed().isEmpty()) {
+    const QDate date = value.toDate();
+    return setDateTime(date.isValid() ? QDateTime(date, QTime(0, 0)) : QDateTime());
+  }
+  const auto moment = DateText::toDateTime(*text);
+  if (!moment) throw EConvertError(complaintAbout(*text));
+  setDateTime(*moment);
 }
 
 Value DateTimeEdit::parsed(const QString& text) const { return DateText::toDateTime(text).value_or(QDateTime()); }
 
 QString DateTimeEdit::shown(const Value& value) const { return DateText::dateTime(std::get<QDateTime>(value.data())); }
 
-QString DateTimeEdit::complaint() const { return u"\"%1\" geçerli bir tarih ve saat değil."_s.arg(text()); }
+QString DateTimeEdit::complaint() const { return complaintAbout(text()); }
 
 bool DateTimeEdit::takes(QChar character) const {
   return (character >= u'0' && character <= u'9') || u"./-: "_s.contains(character);

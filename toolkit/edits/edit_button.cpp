@@ -10,6 +10,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr double captionShare = 0.9;  ///< of the input's font size
+constexpr double smallestCaption = 5;
+constexpr double captionStep = 0.25;
+
 QColor blended(const QColor& base, const QColor& tint, double share) {
   return QColor::fromRgbF(float(base.redF() + (tint.redF() - base.redF()) * share),
                           float(base.greenF() + (tint.greenF() - base.greenF()) * share),
@@ -50,17 +54,14 @@ QSize EditSideButton::sizeHint() const {
   return {width_ > 0 ? width_ : content + 10, fontMetrics().height()};
 }
 
-/// Captions are capitals with leading blanks; a narrower cut of the font, and then a smaller one, keeps all of it in view.
+/// Captions are capitals in a narrow place: they are written a little smaller than the input, one too long smaller still.
 QFont EditSideButton::captionFont() const {
   QFont font = this->font();
-  const int room = width() - 4;
-  for (const int stretch : {100, 90, 80}) {
-    font.setStretch(stretch);
-    if (QFontMetrics(font).horizontalAdvance(text()) <= room) return font;
-  }
-  for (double size = font.pointSizeF() - 0.5; size > 5; size -= 0.5) {
+  if (!isLabel_) return font;
+  const int room = width() - 3;
+  for (double size = font.pointSizeF() * captionShare; size > smallestCaption; size -= captionStep) {
     font.setPointSizeF(size);
-    if (QFontMetrics(font).horizontalAdvance(text()) <= room) break;
+    if (QFontMetricsF(font).horizontalAdvance(text()) <= room) break;
   }
   return font;
 }

@@ -2,8 +2,10 @@
 
 #include "app/turkish_text.h"
 
-#include <QApplication>
+#include <QKeyEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 QString inCase(CharCase charCase, const QString& text) {
   switch (charCase) {
@@ -15,6 +17,13 @@ QString inCase(CharCase charCase, const QString& text) {
       break;
   }
   return text;
+}
+
+bool writesText(const QKeyEvent& press) {
+  const auto modifiers = press.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier | Qt::GroupSwitchModifier);
+  const QString text = press.text();
+  if (modifiers == Qt::ControlModifier || modifiers.testFlag(Qt::MetaModifier) || text.isEmpty()) return false;
+  return std::all_of(text.begin(), text.end(), [](QChar c) { return c.isPrint() || c.isSurrogate(); });
 }
 
 EditFrame::EditFrame(QWidget* parent) : QFrame(parent) { setFrameShape(QFrame::NoFrame); }

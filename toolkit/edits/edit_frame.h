@@ -4,11 +4,16 @@
 
 #include <QFrame>
 
+class QKeyEvent;
+
 /// How letters are written as they are typed or pasted, by the Turkish rules.
 enum class CharCase { Normal, Upper, Lower };
 
 /// text in the case asked for.
 QString inCase(CharCase charCase, const QString& text);
+
+/// True when a key writes its text. AltGr, which some systems tell as Ctrl and Alt, writes letters; Ctrl alone commands.
+bool writesText(const QKeyEvent& press);
 
 /// The frame round an input and its buttons: one border, a stronger one with the focus, a red one with an error.
 class EditFrame : public QFrame, public EditControl {

@@ -63,7 +63,7 @@ void EditLine::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Paste)) {
       pasteText(QApplication::clipboard()->text());
       event->accept();
-    } else if (isPrintable(event->text()) && !(event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier))) {
+    } else if (writesText(*event)) {
       typeText(event->text());
       event->accept();
     } else {

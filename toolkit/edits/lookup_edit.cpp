@@ -142,8 +142,9 @@ void LookupEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
     key = 0;
     return dropDown();
   }
+  if ((modifiers & ~Qt::KeypadModifier) != Qt::NoModifier) return EditBox::keyDown(key, modifiers);
   if (!isDropDownOpen()) {
-    if (key != Qt::Key_Down || modifiers.testFlag(Qt::ShiftModifier)) return EditBox::keyDown(key, modifiers);
+    if (key != Qt::Key_Down) return EditBox::keyDown(key, modifiers);
     key = 0;
     return dropDown();
   }

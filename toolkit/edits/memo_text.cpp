@@ -59,13 +59,11 @@ void MemoText::typeText(const QString& characters) {
 
 void MemoText::keyPressEvent(QKeyEvent* event) {
   guarded(this, [&] {
-    const bool command = event->modifiers() & (Qt::ControlModifier | Qt::MetaModifier);
     const bool breaksLine = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const QString text = event->text();
     if (breaksLine && !hasRoomFor(u"\n"_s)) {
       event->accept();
-    } else if (!command && !breaksLine && !text.isEmpty() && std::all_of(text.begin(), text.end(), isKeepable) && text != u"\t"_s) {
-      typeText(text);
+    } else if (!breaksLine && writesText(*event)) {
+      typeText(event->text());
       event->accept();
     } else {
       QPlainTextEdit::keyPressEvent(event);
