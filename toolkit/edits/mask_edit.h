@@ -2,7 +2,7 @@
 
 #include "toolkit/edits/edit_box.h"
 
-/// One line of text by a mask of places and fixed marks, for example "0000 000 00 00;_".
+/// One line of text by a mask of places and fixed marks, for example "9999 999 99 99;_".
 class MaskEdit : public EditBox {
   Q_OBJECT
  public:

@@ -1,0 +1,183 @@
+#include "app/editors/qcx_db_editors.h"
+#include "app/exceptions.h"
+#include "tests/toolkit/typing.h"
+#include "toolkit/edits/balloon.h"
+
+#include <gmock/gmock.h>
+
+#include <QDialog>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+/// A dialog with a default button, as the program's forms are, with an editor and a box after it.
+class EditorsTest : public testing::Test {
+ protected:
+  template <class Editor>
+  Editor* shown() {
+    auto* editor = new Editor;
+    column_->addWidget(editor);
+    next_ = new TextEdit;
+    column_->addWidget(next_);
+    confirm_ = new QPushButton;
+    confirm_->setDefault(true);
+    column_->addWidget(confirm_);
+    form_.show();
+    form_.activateWindow();
+    editor->setFocus();
+    QApplication::processEvents();
+    return editor;
+  }
+  void TearDown() override { refusalBalloon().hide(); }
+
+  QDialog form_;
+  QVBoxLayout* column_ = new QVBoxLayout(&form_);
+  TextEdit* next_ = nullptr;
+  QPushButton* confirm_ = nullptr;
+};
+
+TEST_F(EditorsTest, EnterMovesOnAndDoesNotReachTheForm) {
+  auto* edit = shown<qcxTextEdit>();
+  QSignalSpy confirmed(confirm_, &QPushButton::clicked);
+  QSignalSpy left(edit, &EditBox::left);
+  for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+    edit->setFocus();
+    QTest::keyClick(edit->line(), key);
+    EXPECT_TRUE(next_->line()->hasFocus()) << key;
+  }
+  EXPECT_EQ(left.count(), 2);
+  EXPECT_EQ(confirmed.count(), 0);
+  EXPECT_TRUE(form_.isVisible());
+}
+
+TEST_F(EditorsTest, FunctionKeysPressButtonsByIndex) {
+  auto* edit = shown<qcxButtonEdit>();
+  edit->setCaption(u"  MÜŞTERİ ADI"_s);
+  edit->addButton(ellipsisButton(u"Ara"_s));
+  QSignalSpy clicked(edit, &EditBox::buttonClicked);
+  QTest::keyClick(edit->line(), Qt::Key_F4);
+  QTest::keyClick(edit->line(), Qt::Key_F5);
+  QTest::keyClick(edit->line(), Qt::Key_F8);  // there is no button 4
+  QTest::keyClick(edit->line(), Qt::Key_F3);
+  QTest::keyClick(edit->line(), Qt::Key_F4, Qt::AltModifier);
+  ASSERT_EQ(clicked.count(), 2);
+  EXPECT_EQ(clicked[0][0].toInt(), 0);
+  EXPECT_EQ(clicked[1][0].toInt(), 1);
+  edit->removeButton(0);
+  QTest::keyClick(edit->line(), Qt::Key_F4);
+  ASSERT_EQ(clicked.count(), 3);
+  EXPECT_EQ(clicked[2][0].toInt(), 0);
+  EXPECT_EQ(edit->accessibleName(), u"MÜŞTERİ ADI"_s);
+  EXPECT_EQ(edit->line()->accessibleName(), u"MÜŞTERİ ADI"_s);
+
+  auto* text = new qcxTextEdit(&form_);
+  text->addButton(ellipsisButton());
+  QSignalSpy unpressed(text, &EditBox::buttonClicked);
+  QTest::keyClick(text->line(), Qt::Key_F4);
+  EXPECT_EQ(unpressed.count(), 0);
+}
+
+TEST_F(EditorsTest, LettersAreTurkishInTheCaseAskedFor) {
+  auto* edit = shown<qcxTextEdit>();
+  edit->setCharCase(CharCase::Upper);
+  type(edit->line(), u"ığdır ilçesi şöfö"_s);
+  EXPECT_EQ(edit->text(), u"IĞDIR İLÇESİ ŞÖFÖ"_s);
+  edit->setText({});
+  paste(edit->line(), u"iı"_s);
+  EXPECT_EQ(edit->text(), u"İI"_s);
+  edit->setText({});
+  edit->setCharCase(CharCase::Lower);
+  type(edit->line(), u"IİÇ"_s);
+  EXPECT_EQ(edit->text(), u"ıiç"_s);
+}
+
+TEST_F(EditorsTest, OnlyCharsAreAskedBeforeTheCaseIsChanged) {
+  auto* edit = shown<qcxTextEdit>();
+  edit->setOnlyChars(u"0123456789"_s);
+  type(edit->line(), u"0a5-3"_s);
+  EXPECT_EQ(edit->text(), u"053"_s);
+  QTest::keyClick(edit->line(), Qt::Key_Backspace);
+  EXPECT_EQ(edit->text(), u"05"_s);
+  paste(edit->line(), u"1.250,50"_s);  // its digits alone would be another number
+  EXPECT_EQ(edit->text(), u"05"_s);
+  EXPECT_THAT(refusalBalloon().text().toStdString(), testing::HasSubstr("0123456789"));
+  paste(edit->line(), u"32\r\n"_s);
+  EXPECT_EQ(edit->text(), u"0532"_s);
+
+  edit->setText({});
+  edit->setOnlyChars(u"İ"_s);
+  edit->setCharCase(CharCase::Upper);
+  type(edit->line(), u"iİ"_s);
+  EXPECT_EQ(edit->text(), u"İ"_s);
+}
+
+TEST_F(EditorsTest, CurrencyDigitsEndAtDataSize) {
+  auto* edit = shown<qcxCurrencyEdit>();
+  edit->setDataSize(13);
+  type(edit->line(), u"12345678901,2345"_s);
+  EXPECT_EQ(edit->text(), u"12345678901,23"_s);
+  EXPECT_EQ(edit->digitCount(), 13);
+  edit->line()->setCursorPosition(0);
+  type(edit->line(), u"9"_s);
+  EXPECT_EQ(edit->digitCount(), 13);
+  edit->line()->setSelection(0, 4);  // a part of it does not make room
+  type(edit->line(), u"9"_s);
+  EXPECT_EQ(edit->text(), u"12345678901,23"_s);
+  paste(edit->line(), u"99999"_s);
+  EXPECT_EQ(edit->digitCount(), 13 - 4 + 4) << "an over-long paste is kept out";
+  edit->line()->selectAll();
+  type(edit->line(), u"7"_s);
+  EXPECT_EQ(edit->value(), 7);
+
+  edit->setOnlyChars(u"12"_s);
+  edit->line()->selectAll();
+  type(edit->line(), u"9"_s);
+  EXPECT_TRUE(edit->isEmpty()) << "cleared before the digit was dropped";
+  EXPECT_EQ(edit->value(), 0);
+}
+
+TEST_F(EditorsTest, CurrencyReadsWhatPeopleType) {
+  auto* edit = shown<qcxCurrencyEdit>();
+  edit->setDecimalPlaces(5);
+  const std::vector<std::tuple<QString, double, QString>> cases = {
+      {u"12.50"_s, 12.5, u"12,50"_s},      {u"12,50"_s, 12.5, u"12,50"_s},     {u"1.250,50"_s, 1250.5, u"1.250,50"_s},
+      {u"-3,5"_s, -3.5, u"-3,50"_s},       {u"abc7"_s, 7, u"7,00"_s},          {u"0,12345"_s, 0.12345, u"0,12"_s},
+      {u"1250000"_s, 1250000, u"1.250.000,00"_s}};
+  for (const auto& [typed, value, display] : cases) {
+    edit->setFocus();
+    edit->clear();
+    type(edit->line(), typed);
+    next_->setFocus();
+    EXPECT_EQ(edit->value(), value) << qPrintable(typed);
+    EXPECT_EQ(edit->text(), display) << qPrintable(typed);
+    edit->setFocus();
+    next_->setFocus();
+    EXPECT_EQ(edit->value(), value) << "passing through keeps every digit of " << qPrintable(typed);
+  }
+  edit->clear();
+  EXPECT_EQ(edit->value(), 0);
+  EXPECT_TRUE(edit->editValue().isNull());
+  edit->resetEdit(0);
+  EXPECT_FALSE(edit->editValue().isNull());
+  EXPECT_EQ(edit->text(), u"0,00"_s);
+}
+
+TEST_F(EditorsTest, ABrokenNumberStaysAndIsMarked) {
+  auto* edit = shown<qcxCurrencyEdit>();
+  type(edit->line(), u"1.2.3,4,5"_s);
+  const QString typed = edit->text();
+  next_->setFocus();
+  EXPECT_EQ(edit->text(), typed);
+  EXPECT_TRUE(edit->hasError());
+  EXPECT_THROW(edit->value(), EConvertError);
+  edit->setFocus();
+  edit->line()->selectAll();
+  paste(edit->line(), QString(400, u'9'));
+  EXPECT_EQ(edit->text(), typed) << "greater than any number that can be kept";
+  edit->line()->selectAll();
+  type(edit->line(), u"5"_s);
+  EXPECT_FALSE(edit->hasError());
+  EXPECT_EQ(edit->value(), 5);
+}

@@ -1,0 +1,137 @@
+#include "tests/toolkit/typing.h"
+#include "toolkit/edits/lookup_edit.h"
+#include "toolkit/edits/lookup_model.h"
+#include "toolkit/edits/text_edit.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+#include <QStringList>
+#include <QTableView>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Names : public LookupSource {
+ public:
+  QStringList names = {u"ALİ VELİ"_s, u"IRMAK"_s, u"ALİ"_s, u"VELİ ALİOĞLU"_s, u"İSMAİL"_s, u"ALİ"_s};
+  int rowCount() const override { return int(names.size()); }
+  int columnCount() const override { return 2; }
+  QString text(int row, int column) const override { return column == 0 ? names[row] : QString::number(row); }
+  QString caption(int column) const override { return column == 0 ? u"ADI"_s : u"TELEFON"_s; }
+  int width(int) const override { return 100; }
+};
+
+}  // namespace
+
+class LookupTest : public testing::Test {
+ protected:
+  LookupTest() {
+    auto* column = new QVBoxLayout(&form_);
+    column->addWidget(edit_);
+    column->addWidget(other_);
+    edit_->setSource(&names_);
+    form_.show();
+    form_.activateWindow();
+    edit_->setFocus();
+    QApplication::processEvents();
+  }
+  void key(Qt::Key key) { QTest::keyClick(edit_->line(), key); }
+
+  Names names_;
+  QWidget form_;
+  LookupEdit* edit_ = new LookupEdit;
+  TextEdit* other_ = new TextEdit;
+  QSignalSpy taken_{edit_, &LookupEdit::entryTaken};
+  QSignalSpy dropped_{edit_, &LookupEdit::entryDropped};
+};
+
+TEST_F(LookupTest, BeginningsStandBeforeWhatHoldsTheText) {
+  LookupModel model;
+  QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+  model.setSource(&names_);
+  const std::vector<std::pair<QString, std::vector<int>>> cases = {
+      {u""_s, {0, 1, 2, 3, 4, 5}}, {u"ali"_s, {0, 2, 5, 3}}, {u"i"_s, {4, 0, 2, 3, 5}}, {u"ı"_s, {1}}, {u"x"_s, {}}};
+  for (const auto& [filter, rows] : cases) {
+    model.setFilter(filter);
+    std::vector<int> found;
+    for (int row = 0; row < model.rowCount(); ++row) found.push_back(model.sourceRow(row));
+    EXPECT_EQ(found, rows) << qPrintable(filter);
+  }
+}
+
+TEST_F(LookupTest, AHighlightedEntryIsTakenByEnterAndTab) {
+  type(edit_->line(), u"veli"_s);
+  ASSERT_TRUE(edit_->isDropDownOpen());
+  key(Qt::Key_Down);
+  key(Qt::Key_Return);
+  EXPECT_EQ(edit_->text(), u"VELİ ALİOĞLU"_s);
+  ASSERT_EQ(taken_.count(), 1);
+  EXPECT_EQ(taken_[0][0].toInt(), 3);
+  EXPECT_TRUE(edit_->line()->hasFocus());
+
+  edit_->line()->selectAll();
+  type(edit_->line(), u"ali"_s);  // equal to an entry: marked by itself
+  key(Qt::Key_Down);              // the other one of that name
+  key(Qt::Key_Tab);
+  EXPECT_TRUE(other_->line()->hasFocus());
+  ASSERT_EQ(taken_.count(), 2) << "told once, not again on leaving";
+  EXPECT_EQ(taken_[1][0].toInt(), 5);
+  EXPECT_EQ(dropped_.count(), 0);
+}
+
+TEST_F(LookupTest, ANewTextStandsThoughItBeginsAKnownOne) {
+  type(edit_->line(), u"VELİ"_s);
+  ASSERT_TRUE(edit_->isDropDownOpen());
+  key(Qt::Key_Return);
+  EXPECT_EQ(edit_->text(), u"VELİ"_s);
+  EXPECT_FALSE(edit_->isDropDownOpen());
+  EXPECT_TRUE(other_->line()->hasFocus());
+  EXPECT_EQ(taken_.count(), 0);
+  EXPECT_EQ(dropped_.count(), 1);
+}
+
+TEST_F(LookupTest, LeavingTellsOnlyOfWhatTheUserChanged) {
+  edit_->setText(u"kayıtlı metin"_s);
+  edit_->line()->end(false);
+  type(edit_->line(), u"x"_s);
+  key(Qt::Key_Backspace);
+  other_->setFocus();
+  EXPECT_EQ(taken_.count() + dropped_.count(), 0) << "typed and taken back";
+
+  edit_->setFocus();
+  edit_->line()->selectAll();
+  type(edit_->line(), u"ismail"_s);
+  key(Qt::Key_Escape);
+  other_->setFocus();
+  EXPECT_EQ(edit_->text(), u"ismail"_s) << "as the user wrote it";
+  ASSERT_EQ(taken_.count(), 1);
+  EXPECT_EQ(taken_[0][0].toInt(), 4);
+
+  edit_->setFocus();
+  edit_->line()->selectAll();
+  key(Qt::Key_Delete);
+  EXPECT_EQ(dropped_.count(), 1) << "at once when emptied";
+  other_->setFocus();
+  EXPECT_EQ(dropped_.count(), 1);
+}
+
+TEST_F(LookupTest, AClickTakesAndAnEmptySourceOpensNothing) {
+  key(Qt::Key_F4);
+  ASSERT_TRUE(edit_->isDropDownOpen());
+  auto* table = QApplication::activePopupWidget()->findChild<QTableView*>();
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->model()->headerData(1, Qt::Horizontal, Qt::DisplayRole).toString(), u"TELEFON"_s);
+  const QRect cell = table->visualRect(table->model()->index(1, 1));
+  QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, cell.center());
+  EXPECT_EQ(edit_->text(), u"IRMAK"_s);
+  ASSERT_EQ(taken_.count(), 1);
+  names_.names.clear();
+  edit_->sourceChanged();
+  QTest::qWait(250);
+  key(Qt::Key_F4);
+  EXPECT_FALSE(edit_->isDropDownOpen());
+}
