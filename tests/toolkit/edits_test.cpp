@@ -155,6 +155,7 @@ TEST_F(EditsTest, ComboChoosesByKeys) {
   EXPECT_EQ(combo->text(), u"İŞLEM YAPILMADI"_s) << "the dotless letter is another one";
   QTest::keyClick(combo->line(), Qt::Key_F4);
   ASSERT_TRUE(combo->isDropDownOpen());
+  QTest::qWait(20);
   QTest::keyClick(combo->line(), Qt::Key_Home);
   EXPECT_EQ(combo->itemIndex(), 3) << "not chosen yet";
   QTest::keyClick(combo->line(), Qt::Key_Escape);

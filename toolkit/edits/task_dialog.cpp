@@ -187,8 +187,9 @@ DialogDriver& activeDriver() {
 }  // namespace
 
 int DialogDriver::runTaskDialog(QWidget* owner, const TaskDialogRequest& request) {
-  const QPointer<QWidget> form = QApplication::activeWindow();
-  const QPointer<QWidget> control = QApplication::focusWidget();
+  QPointer<QWidget> form = QApplication::activeWindow();
+  if (!form && owner) form = owner->window();
+  const QPointer<QWidget> control = form ? form->focusWidget() : nullptr;
   int answer = request.cancelResult;
   {
     TaskDialogWindow window(owner ? owner->window() : form.data(), request);
