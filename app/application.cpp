@@ -5,6 +5,7 @@
 #include "app/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
+#include "app/parameters.h"
 #include "app/Unit14.h"
 #include "service/fservisfissecUnit.h"
 
@@ -47,6 +48,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   // The order is fixed; the screens are destroyed the other way round.
   TfKvb workspace(QCoreApplication::arguments());
   TDM dataModule;
+  TfParametreler parameters;
   TfservisfisSec browser;
   TLogin_Form login;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {

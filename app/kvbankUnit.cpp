@@ -6,6 +6,7 @@
 #include "app/guard.h"
 #include "app/log_file.h"
 #include "app/exceptions.h"
+#include "app/parameters.h"
 #include "app/platform/shell_open.h"
 #include "app/process_end.h"
 #include "app/program_paths.h"
@@ -145,6 +146,7 @@ void TfKvb::connectCommands() {
   on(u"maximizeAll"_s, [this] { children_->maximizeAll(); });
   on(u"minimizeAll"_s, [this] { children_->minimizeAll(); });
   on(u"restoreAll"_s, [this] { children_->restoreAll(); });
+  on(u"parameters"_s, [] { fParametreler->Giris(); });
   on(u"closeProgram"_s, [this] { close(); });
   connectGuarded(ribbon_->applicationButton(), &QToolButton::clicked, this, [] { fAbout->Giris(); });
 
@@ -176,10 +178,16 @@ QList<QWidget*> TfKvb::childWindows() const { return children_->contents(); }
 
 void TfKvb::setStatusText(const QString& text) { statusText_->setText(text); }
 
+/// The ribbon's groups give their room to the slip; they stay away until the user unfolds them.
+void TfKvb::hideRibbonWhenAsked() {
+  if (fParametreler != nullptr && fParametreler->isChecked(ParameterFiles::HideRibbonAtSlip)) ribbon_->setPageVisible(false);
+}
+
 void TfKvb::newSlip() {
   TfServisFis* slip = nullptr;
   {
     const SlipFrame frame(*ribbon_, children_->redrawLock());
+    hideRibbonWhenAsked();
     slip = new TfServisFis;
     addChildWindow(slip);
   }
@@ -193,6 +201,7 @@ void TfKvb::newSlip() {
 
 void TfKvb::openSlip(qint64 id) {
   const SlipFrame frame(*ribbon_, children_->redrawLock());
+  hideRibbonWhenAsked();
   auto* slip = new TfServisFis;
   addChildWindow(slip);
   try {
@@ -241,6 +250,7 @@ void TfKvb::timer1Timer() {
   // "trloc.ini" is not read: the toolkit's own texts come from its Turkish translation, loaded at the program's start.
   const QString picture = programFolder() + u"masaustu.png"_s;
   if (QFileInfo::exists(picture)) children_->clientArea()->setPicture(QPixmap(picture));
+  fParametreler->Load();
   dxBarStatic1->setText(Login_Form->Kullanici->text());
   dxBarStatic2->setText(Login_Form->eSunucu->text());
   setStatusText(u"Hazır"_s);

@@ -59,6 +59,7 @@ class TfKvb : public QMainWindow {
   void connectCommands();
   void addTrayIcon();
   void chooseSlips();
+  void hideRibbonWhenAsked();
   void timer1Timer();
   void startVigil();
 

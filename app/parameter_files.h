@@ -59,6 +59,10 @@ QByteArray writeCheckList(const std::vector<CheckItem>& items);
 /// Sum over the texts of all items. Files with another one come from a program with other switches.
 int signature(const std::vector<CheckItem>& items);
 
+/// Puts what a file's bytes tell of the switches into items, by place; their texts stay. False, and nothing taken, for a
+/// file with another signature.
+bool takeSwitches(const QByteArray& bytes, std::vector<CheckItem>& items);
+
 /// Puts colours and states of a file's bytes into rows, by status; takes any bytes. What is no status of rows is left out,
 /// the first of several lines of one status counts, and a damaged colour or state leaves what the row had.
 void readStatuses(const QByteArray& bytes, std::vector<StatusRow>& rows);

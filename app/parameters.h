@@ -8,7 +8,6 @@
 
 class CheckListModel;
 class ComboEdit;
-class QBoxLayout;
 class QPushButton;
 class StatusModel;
 

@@ -1,11 +1,14 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
+#include "app/parameter_models.h"
+#include "app/parameters.h"
 #include "app/platform/machine.h"
 #include "app/process_end.h"
 #include "app/program_paths.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "toolkit/edits/button_edit.h"
+#include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/shell/child_windows.h"
 #include "toolkit/shell/ribbon.h"
@@ -163,6 +166,8 @@ TEST_F(WorkspaceTest, ALoginFillsPanelsAndShowsThePictureBesideTheProgram) {
   ASSERT_TRUE(image.save(picture));
   TfKvb workspace;
   TDM data;
+  TfParametreler parameters;
+  parameters.systemPrinters = [] { return QStringList{u"Büro"_s}; };
   TLogin_Form login;
   start(workspace, 6);
   QFile::remove(picture);
@@ -170,7 +175,31 @@ TEST_F(WorkspaceTest, ALoginFillsPanelsAndShowsThePictureBesideTheProgram) {
   EXPECT_FALSE(workspace.Timer1->isActive());
   EXPECT_EQ(workspace.dxBarStatic1->text(), login.Kullanici->text());
   EXPECT_EQ(workspace.dxBarStatic2->text(), login.eSunucu->text());
+  EXPECT_EQ(parameters.VarsayilanPrinter->items(), QStringList{u"Büro"_s});
   EXPECT_EQ(workspace.childArea()->clientArea()->picture().size(), QSize(40, 30));
+}
+
+TEST_F(WorkspaceTest, ParametersOpenByTheirCommandAndMayHideTheRibbonsGroups) {
+  TfKvb workspace;
+  TDM data;
+  TfParametreler parameters;
+  QTimer::singleShot(0, &parameters, [&] {
+    EXPECT_TRUE(parameters.isVisible() && parameters.isModal());
+    parameters.reject();
+  });
+  workspace.command(u"parameters"_s)->trigger();
+  EXPECT_EQ(parameters.result(), TfParametreler::GivenUp);
+
+  // Neither slip opens without a server; the ribbon is hidden before that.
+  auto* switches = parameters.findChild<CheckListModel*>();
+  for (const bool hides : {false, true}) {
+    switches->setData(switches->index(ParameterFiles::HideRibbonAtSlip), hides ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
+    for (const auto& open : {std::function<void()>([&] { workspace.newSlip(); }), std::function<void()>([&] { workspace.openSlip(1); })}) {
+      workspace.ribbon()->setPageVisible(true);
+      EXPECT_ANY_THROW(open());
+      EXPECT_EQ(workspace.ribbon()->isPageVisible(), !hides);
+    }
+  }
 }
 
 TEST_F(WorkspaceTest, TheHelperIsStartedUnlessItRuns) {
