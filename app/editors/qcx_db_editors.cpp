@@ -41,8 +41,9 @@ void FieldLink::updateRecord() {
 }
 
 void FieldLink::queryReset() { refresh(); }
+/// Another box's write does not take away what is being typed in this one.
 void FieldLink::rowChanged(int row) {
-  if (row == query_->RecNo()) refresh();
+  if (row == query_->RecNo() && !changed_) refresh();
 }
 void FieldLink::rowInserted(int) { refresh(); }
 void FieldLink::rowRemoved(int) { refresh(); }
