@@ -6,6 +6,7 @@
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"
+#include "app/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "service/fservisfissecUnit.h"
 
@@ -34,6 +35,7 @@ class Application : public QApplication {
 }  // namespace
 
 int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
+  nameTimeZone();
   Application application(argc, argv);
   QCoreApplication::setApplicationName(u"Torvane Teknik Servis Takip"_s);
   applyLook(application);

@@ -5,6 +5,7 @@
 #include "app/data/filter_expression.h"
 #include "app/data/my_query.h"
 #include "app/login_rules.h"
+#include "app/platform/time_zone.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -222,6 +223,7 @@ void hundredThousand() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  nameTimeZone();
   QCoreApplication application(argc, argv);
   if (argc == 3 && QByteArrayView(argv[1]) == "--memory") return memoryChild(argv[2]);
   if (argc != 2) {

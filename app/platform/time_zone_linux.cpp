@@ -1,0 +1,10 @@
+#include "app/platform/time_zone.h"
+
+#include <cstdlib>
+#include <ctime>
+
+void nameTimeZone() {
+  constexpr int keepWhatIsSet = 0;
+  setenv("TZ", ":/etc/localtime", keepWhatIsSet);
+  tzset();
+}
