@@ -1,0 +1,133 @@
+#pragma once
+
+#include "app/data/filter_expression.h"
+#include "toolkit/grid/grid_column.h"
+
+#include <QColor>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+
+class FilterBox;
+class FilterRow;
+class GridFooter;
+class GridModel;
+class GridView;
+class GroupArea;
+class QAction;
+class TMyQuery;
+class TableContent;
+
+/// How rows come into a grid that is edited in place.
+enum class GridEditing {
+  None,
+  NewItemRow,  ///< by a row on top, "Kayıt eklemek için tıklayın"
+  Append,      ///< by the navigator, at the end
+};
+
+/// The data grid: a table over a query with sorting, grouping, a filter row, sums, a column chooser, incremental search
+/// and, where a screen wants it, editing in place. Rows are counted as the query counts them, whatever order or grouping
+/// the grid shows. The query's current row follows the grid's.
+///
+/// Keys. Arrows, Page, Home, End, Ctrl+Home, Ctrl+End move; Shift and Ctrl with them select. Letters search the column of
+/// the cursor; Backspace takes one back, Ctrl+Down and Ctrl+Up go to the next and the previous hit, Escape ends the search.
+/// Enter chooses the row (edits the cell in a grid that is edited in place), F2 edits. Ctrl+F goes to the filter row, Down
+/// or Enter there back to the rows, Alt+Down there opens the operators, Escape empties the cell. Ctrl+Shift+F switches the
+/// filter off and on, Ctrl+Shift+C clears it. Plus and minus open and close a group, Ctrl+plus and Ctrl+minus all of them.
+/// Ctrl+Shift+S sorts by the column, Ctrl+Shift+G groups by it or takes it out, Ctrl+Shift+B fits its width, Ctrl+Left and
+/// Ctrl+Right with Shift move it, Ctrl+Shift+H hides it. Alt+F10 opens the header's menu, Ctrl+Shift+K the column chooser.
+/// Ctrl+A selects all, Ctrl+C copies the selected rows. In place: Insert adds a row, Ctrl+Delete deletes it, Escape gives
+/// the cell, then the row back.
+class DataGrid : public QWidget {
+  Q_OBJECT
+ public:
+  /// caption: what the grid shows, for those who hear it. The query must outlive the grid.
+  DataGrid(TMyQuery& query, std::vector<GridColumn> columns, const QString& caption, QWidget* parent = nullptr);
+  ~DataGrid() override;
+
+  // How the grid is; set once by its screen.
+  void setMultiSelect(bool on);
+  /// Filter row under the header and the filter box below; off until asked for.
+  void setFilterRow(bool on);
+  /// Keys typed into the filter row become Turkish capitals.
+  void setFilterUpperCase(bool on);
+  /// The area above the header that groups by what is dragged into it; off until asked for.
+  void setGroupArea(bool on);
+  void setEditing(GridEditing editing);
+  void setEmptyText(const QString& text);
+  /// Colour of a row's text; an invalid one is the usual.
+  void setRowColor(std::function<QColor(int row)> color);
+  /// Called when the user sorts, in place of the grid's own sorting in memory; reads the rows again in that order. The keys
+  /// are those of the headers, without the groups'.
+  void setSortHandler(std::function<void(const std::vector<GridSort>& order)> handler);
+  /// Asked before a filter narrows the rows; true means that the screen has seen to it itself. Nothing is no filter.
+  void setFilterHandler(std::function<bool(const std::optional<FilterExpression>& filter)> handler);
+
+  // What it shows.
+  TMyQuery& query() const { return query_; }
+  const std::vector<GridColumn>& columns() const;
+  /// Row of the query under the cursor; -1 on a group, on the new-item row and when there is none.
+  int currentRow() const;
+  /// Puts the cursor on a row of the query, opening its groups, and selects it.
+  void setCurrentRow(int row);
+  /// First data row as shown; nothing happens when there is none.
+  void goToFirstRow();
+  /// Rows of the query that are selected, as shown from top to bottom.
+  std::vector<int> selectedRows() const;
+  void clearSelection();
+  /// Deletes the selected rows through the query, one by one. Throws EDatabaseError; rows before the failing one are gone.
+  void deleteSelectedRows();
+
+  /// The filter row's conditions as one expression; nothing when it is empty.
+  std::optional<FilterExpression> filter() const;
+  /// Puts a condition into a column's cell of the filter row and filters.
+  void setColumnFilter(const QString& field, FilterOperator comparison, const QString& text = {}, const QString& upper = {});
+  /// Filters by an expression that the filter row cannot tell; the filter box spells it out. Nothing takes it away.
+  void setFilter(std::optional<FilterExpression> expression);
+  /// Takes all conditions away.
+  void clearFilter();
+  void setFilterEnabled(bool on);
+  bool isFilterEnabled() const;
+
+  std::vector<GridSort> order() const;
+  void setOrder(std::vector<GridSort> order);
+  void clearSorting() { setOrder({}); }
+  QStringList grouping() const;
+  void setGrouping(const QStringList& fields);
+  void clearGrouping() { setGrouping({}); }
+  void setAllExpanded(bool expanded);
+  /// Field of the column that the cursor stands in; empty when there is none.
+  QString currentField() const;
+  void setColumnVisible(const QString& field, bool visible);
+
+  /// Order, widths, visibility, grouping and sorting of the columns, as text in a file. Storing throws EInOutError.
+  void storeLayout(const QString& file) const;
+  /// What the file lacks, or tells wrongly, stays as the screen describes it. False when there is no such file or it is no
+  /// layout; nothing is thrown.
+  bool restoreLayout(const QString& file);
+  void resetLayout();
+
+  /// The visible columns and all rows that pass the filter, in groups as shown; with expanded, those of closed groups too.
+  /// Valid until the query changes.
+  std::unique_ptr<TableContent> content(bool expanded) const;
+
+  GridView* view() const { return view_; }
+  GridModel* model() const { return model_; }
+  FilterRow* filterRow() const { return filterRow_; }
+
+ Q_SIGNALS:
+  /// Enter or a double click on a data row.
+  void rowChosen(int row);
+  void currentRowChanged(int row);
+  /// What was typed was not taken; message says why.
+  void rejected(const QString& message);
+
+ private:
+  class Impl;
+  TMyQuery& query_;
+  GridModel* model_;
+  GridView* view_;
+  FilterRow* filterRow_;
+  std::unique_ptr<Impl> impl_;
+};
