@@ -183,6 +183,16 @@ FilterExpression FilterExpression::negated(FilterExpression part) {
   return made;
 }
 
+std::vector<FilterExpression> FilterExpression::conjuncts() const {
+  if (kind_ != Kind::All) return {*this};
+  std::vector<FilterExpression> all;
+  for (const FilterExpression& part : parts_) {
+    const std::vector<FilterExpression> inner = part.conjuncts();
+    all.insert(all.end(), inner.begin(), inner.end());
+  }
+  return all;
+}
+
 FilterExpression::RowTest FilterExpression::compiled(const std::vector<FieldInfo>& fields) const {
   if (kind_ == Kind::Condition) {
     const auto found = std::find_if(fields.begin(), fields.end(), [this](const FieldInfo& field) {

@@ -46,6 +46,11 @@ class FilterExpression {
   /// and so must be of their columns' types.
   QString asSql(QHash<QString, Value>& parameters) const;
 
+  /// The parts that must all be true; one that is no such list is its own only part.
+  std::vector<FilterExpression> conjuncts() const;
+  /// Column of a single condition; empty for anything else.
+  const QString& column() const { return column_; }
+
   /// The tree in words, columns by the captions that captionOf gives.
   QString asText(const std::function<QString(const QString& column)>& captionOf) const;
 

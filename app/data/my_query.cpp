@@ -266,6 +266,12 @@ Value TMyQuery::valueAt(int row, int field) const {
   return FieldCodec::decode(fields_[size_t(field)], cell(cells, field));
 }
 
+std::optional<QByteArrayView> TMyQuery::rawCell(int row, int field) const {
+  const Row cells = rows_[size_t(row)];
+  if (cells[field] == nullptr) return std::nullopt;
+  return cell(cells, field);
+}
+
 QByteArrayView TMyQuery::cell(Row row, int field) const {
   const char* begin = row[field];
   if (begin == nullptr) return {};

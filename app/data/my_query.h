@@ -164,6 +164,9 @@ class TMyQuery {
 
   /// Cell of any row, for models; the row in edit shows its edited values.
   Value valueAt(int row, int field) const;
+  /// A shown row's cell as the server delivered it; nothing is NULL. The view lives until the row changes.
+  std::optional<QByteArrayView> rawCell(int row, int field) const;
+  const std::vector<FieldInfo>& fields() const { return fields_; }
 
   quint64 lastInsertId() const { return lastInsertId_; }
   quint64 foundRows() const { return foundRows_; }
