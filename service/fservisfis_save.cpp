@@ -5,6 +5,7 @@
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "service/fservisfis_unit.h"
+#include "service/slip_conflict.h"
 #include "service/slip_fields_page.h"
 #include "service/slip_look_ups.h"
 #include "service/slip_message.h"
@@ -18,22 +19,6 @@
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-QString deletedMeanwhile() {
-  // Two blanks and two points: meant.
-  return u"Değişiklik yapmakta olduğunuz kaydın bilgileri siz  işlem yaparken bir başka kullanıcı tarafından silinmiştir..\r\n\r\n"
-         u"İşleminiz bu nedenle gerçekleştirilemiyor."_s;
-}
-
-QString changedMeanwhile() {
-  return u"Değişiklik yapmakta olduğunuz kaydın bilgileri siz işlem yaparken bir başka kullanıcı tarafından değiştirilmiştir.\r\n\r\n"
-         u"İşleme devam etmeniz durumunda diğer kullanıcı tarafından yapılmış olan değişiklikler geçersiz duruma gelebilir.\r\n\r\n"
-         u"İşleme devam etmek istiyor musunuz?"_s;
-}
-
-}  // namespace
 
 void TfServisFis::save() {
   if (!isReadyToSave()) return;
@@ -79,7 +64,7 @@ void TfServisFis::fillRow() { QuendUtil->EkrandanAlanlara(*this, qServis); }
 
 void TfServisFis::saveNew() {
   if (const auto failure = store_.saveNew([this] { fillRow(); }, extrasToSave())) {
-    updateDeleteException(*failure);
+    updateDeleteException(failure->errorClass, failure->message);
     return;
   }
   setMode(Mode::Edit);  // the slip is written, whatever fails from here on
@@ -96,7 +81,7 @@ void TfServisFis::saveExisting() {
     return;
   }
   if (const auto failure = store_.saveExisting([this] { fillRow(); }, extrasToSave())) {
-    updateDeleteException(*failure);
+    updateDeleteException(failure->errorClass, failure->message);
     return;
   }
   saveDone();
@@ -114,26 +99,11 @@ void TfServisFis::saveDone() {
   setTitle(this, SlipRules::slipTitle(fields_->text(u"TS_NO"_s)));
 }
 
-void TfServisFis::updateDeleteException(const SaveFailure& failure) {
-  switch (SlipRules::answerTo(failure.errorClass, failure.message)) {
-    case SaveFailureAnswer::AskWhetherRowIsThere:
-      // Goes by the number on the screen, so that a slip whose number was changed counts as deleted: meant.
-      if (!store_.numberExists(fields_->text(u"TS_NO"_s)))
-        QuendUtil->ErrorMesaj(this, deletedMeanwhile());
-      else if (QuendUtil->Mesaj(this, changedMeanwhile()) == TQuendUtil::Confirmed)
-        saveOverOthers();
-      break;
-    case SaveFailureAnswer::TellDeleted:
-      QuendUtil->ErrorMesaj(this, deletedMeanwhile());
-      break;
-    case SaveFailureAnswer::TellDuplicateNumber:
-      QuendHint(fields_->frame(u"TS_NO"_s), 0, u"\"FİŞ NO\" alanı mükerrer değer kabul etmiyor."_s);
-      break;
-    case SaveFailureAnswer::SayNothing:
-      Login_Form->Log(failure.errorClass + u": "_s + failure.message);
-      break;
-  }
+void TfServisFis::updateDeleteException(const QString& className, const QString& message) {
+  answerSlipConflict(this, className, message);
 }
+
+bool TfServisFis::isNumberStored() { return store_.numberExists(fields_->text(u"TS_NO"_s)); }
 
 void TfServisFis::saveOverOthers() {
   qServis.Options.CheckRowVersion = false;

@@ -190,6 +190,8 @@ void TfServisFis::openFromHistory(int row) {
 
 void TfServisFis::QuendHint(QWidget* control, int, const QString& text) { balloon_.showAt(control, text); }
 
+QWidget* TfServisFis::control(const QString& column) const { return fields_->frame(column); }
+
 void TfServisFis::closeWindow() {
   if (auto* window = qobject_cast<QMdiSubWindow*>(parentWidget()))
     window->close();

@@ -36,6 +36,15 @@ class TfServisFis : public QWidget {
   /// Shows a balloon beside control; nothing happens while one is up. column: of a table, unused by other controls.
   void QuendHint(QWidget* control, int column, const QString& text);
 
+  /// Answers a refused write, see answerSlipConflict.
+  void updateDeleteException(const QString& className, const QString& message);
+  /// True when a slip with the number on the screen is stored. Throws EDatabaseError.
+  bool isNumberStored();
+  /// The whole save once more, over what others have written meanwhile.
+  void saveOverOthers();
+  /// The box of a column; null for a column that has none on the first page.
+  QWidget* control(const QString& column) const;
+
   QSize sizeHint() const override;
 
   Mode EditorMode = Mode::Browse;
@@ -88,8 +97,6 @@ class TfServisFis : public QWidget {
   void saveNew();
   void saveExisting();
   void saveDone();
-  void updateDeleteException(const SaveFailure& failure);
-  void saveOverOthers();
   void deleteSlip();
 
   SlipStore store_;
