@@ -1,6 +1,11 @@
 #include "app/dmUnit.h"
 
+#include "app/kvbankUnit.h"
 #include "app/platform/server_check.h"
+#include "app/rights.h"
+#include "app/Unit14.h"
+
+#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -18,3 +23,14 @@ int ServerControl::serviceStatus([[maybe_unused]] const QString& serviceName) co
 TDM::TDM() : pGetQ(MySQL, u"pGetQ"_s), MyServerControl1(MySQL) { DM = this; }
 
 TDM::~TDM() { DM = nullptr; }
+
+int TDM::Kullanici_Yetkileri(const QString& path) const {
+  static const CheckTree withoutWorkspace;
+  const CheckTree& tree = fKvb != nullptr ? fKvb->Yetkitree : withoutWorkspace;
+  return Rights::check(MySQL.Username, tree, path, [&](const std::exception& error) {
+    if (Login_Form == nullptr) return;  // as the program ends
+    QLabel marker(u"Yetki Path hatası...: "_s + path);
+    marker.setObjectName(u"Yetki"_s);
+    Login_Form->ApplicationEvents1Exception(&marker, error);
+  });
+}

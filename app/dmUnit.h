@@ -26,6 +26,10 @@ class TDM {
   TDM(const TDM&) = delete;
   TDM& operator=(const TDM&) = delete;
 
+  /// What the logged-in account may do with the command at path, captions joined by "\": 0, 1 and 3 allow, 2 denies. A path
+  /// without a node is denied and leaves an entry in the log, each time. Never throws.
+  int Kullanici_Yetkileri(const QString& path) const;
+
   TMyConnection MySQL;
   TMyQuery pGetQ;
   ServerControl MyServerControl1;

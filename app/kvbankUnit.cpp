@@ -253,7 +253,14 @@ void TfKvb::timer1Timer() {
   fParametreler->Load();
   dxBarStatic1->setText(Login_Form->Kullanici->text());
   dxBarStatic2->setText(Login_Form->eSunucu->text());
+  applyRights();
   setStatusText(u"Hazır"_s);
+}
+
+/// Enables what the account may open; the commands stay in their places.
+void TfKvb::applyRights() {
+  for (const auto& [path, objectName] : ribbonRights())
+    command(objectName)->setEnabled(DM->Kullanici_Yetkileri(path) != Right::Checked);
 }
 
 /// Starts the helper program that may stand beside this one; where there is none, nobody is told.

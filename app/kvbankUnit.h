@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/rights.h"
 #include "app/workspace_commands.h"
 
 #include <QMainWindow>
@@ -26,6 +27,8 @@ class TfKvb : public QMainWindow {
   QSystemTrayIcon* RzTrayIcon1 = nullptr;  ///< null where the system has no tray
   QLabel* dxBarStatic1 = nullptr;          ///< user name
   QLabel* dxBarStatic2 = nullptr;          ///< server name
+
+  CheckTree Yetkitree;                     ///< the rights; nothing fills it, so that all but the master account have none
 
   /// Shows editor as a child window with a tab and makes it the active one; an editor that has its window keeps it. The
   /// window owns the editor. Never null.
@@ -62,6 +65,7 @@ class TfKvb : public QMainWindow {
   void hideRibbonWhenAsked();
   void timer1Timer();
   void startVigil();
+  void applyRights();
 
   Ribbon* ribbon_;
   ChildWindows* children_;

@@ -23,6 +23,8 @@ QString plainUpper(QString text) {
 
 QString LoginRules::account(const QString& typedName) { return TextTools::LoginTrBuyukHarf(orTickCounter(typedName)); }
 
+bool LoginRules::isMaster(const QString& account) { return plainUpper(account) == masterWord; }
+
 QString LoginRules::password(const QString& typedPassword) {
   const QString typed = orTickCounter(typedPassword);
   if (TextTools::LoginTrBuyukHarf(typed) == masterWord) return plainUpper(typed) + suffix;

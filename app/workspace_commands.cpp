@@ -20,6 +20,7 @@ struct CommandRow {
   bool inMenu = false;
   bool isMenu = false;
   bool quickAccess = false;
+  bool guarded = false;  ///< needs a right, whose path is the captions on the way to the command
 };
 
 constexpr QStringView Slips = u"Fişler";
@@ -30,14 +31,14 @@ constexpr QStringView Cards = u"dxBarSubItem7";
 constexpr QStringView Settings = u"dxBarSubItem1";
 
 constexpr auto Commands = std::to_array<CommandRow>({
-    {Slips, u"Yeni Servis Fişi", u"dxBarLargeButton1", u"x-office-document", u"Ctrl+N", false, false, true},
+    {Slips, u"Yeni Servis Fişi", u"dxBarLargeButton1", u"x-office-document", u"Ctrl+N", false, false, true, true},
     {Slips, u"Servis Fişleri", u"dxBarLargeButton2", u"folder-documents", u"Ctrl+L", false, false, true},
     {Slips, u"Bakım Sözleşmesi", u"contracts", u"application-pkcs7-signature"},
-    {Slips, u"Kartlar", Cards, u"x-office-address-book", {}, false, true, true},
-    {Cards, u"Müşteri Kartları", u"dxBarButton16", u"system-users", {}, true},
-    {Cards, u"Cihaz Kartları", u"dxBarButton17", u"computer", {}, true},
-    {Cards, u"Dış Servis Kartları", u"dxBarButton18", u"folder-remote", {}, true},
-    {Cards, u"Servis Tipleri", u"dxBarButton22", u"tag", {}, true},
+    {Slips, u"Kartlar", Cards, u"x-office-address-book", {}, false, true, true, true},
+    {Cards, u"Müşteri Kartları", u"dxBarButton16", u"system-users", {}, true, false, false, true},
+    {Cards, u"Cihaz Kartları", u"dxBarButton17", u"computer", {}, true, false, false, true},
+    {Cards, u"Dış Servis Kartları", u"dxBarButton18", u"folder-remote", {}, true, false, false, true},
+    {Cards, u"Servis Tipleri", u"dxBarButton22", u"tag", {}, true, false, false, true},
     {Windows, u"Alt Alta", u"tileRows", u":/tile_rows.svg"},
     {Windows, u"Yan Yana", u"tileColumns", u":/tile_columns.svg"},
     {Windows, u"Basamakla", u"cascade", u":/cascade.svg"},
@@ -46,7 +47,7 @@ constexpr auto Commands = std::to_array<CommandRow>({
     {Windows, u"Hepsini Göster", u"restoreAll", u":/restore_all.svg"},
     {Work, u"Gelen Aramalar", u"calls", u"audio-headset"},
     {Work, u"Hatırlatma", u"reminders", u"preferences-desktop-notification-bell", {}, false, false, true},
-    {Work, u"Ayarlar", Settings, u"systemsettings", {}, false, true, true},
+    {Work, u"Ayarlar", Settings, u"systemsettings", {}, false, true, true, true},
     {Settings, u"Döviz Kurları", u"rates", u"view-currency-list", {}, true},
     {Settings, u"Şirket Bilgileri", u"company", u"user-home", {}, true},
     {Settings, u"Parametreler", u"parameters", u"settings-configure", {}, true},
@@ -86,4 +87,15 @@ WorkspaceCommands buildWorkspaceCommands(Ribbon& ribbon, QObject* owner) {
   }
   commands[u"rates"_s]->setVisible(false);  // the command exists and is never shown
   return commands;
+}
+
+QList<std::pair<QString, QString>> ribbonRights() {
+  QHash<QStringView, QString> menuPaths;
+  QList<std::pair<QString, QString>> rights;
+  for (const CommandRow& row : Commands) {
+    const QString path = row.inMenu ? menuPaths[row.place] + u'\\' + row.caption.toString() : row.caption.toString();
+    if (row.isMenu) menuPaths.insert(row.objectName, path);
+    if (row.guarded) rights.append({path, row.objectName.toString()});
+  }
+  return rights;
 }

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <QHash>
+#include <QList>
 #include <QString>
+
+#include <utility>
 
 class QAction;
 class QObject;
@@ -13,3 +16,6 @@ using WorkspaceCommands = QHash<QString, QAction*>;
 /// Fills the ribbon and its quick-access bar from the table of commands, in its order. The actions belong to owner. Not one
 /// is connected: a command does nothing until the workspace says what.
 WorkspaceCommands buildWorkspaceCommands(Ribbon& ribbon, QObject* owner);
+
+/// The guarded commands: path of the right, captions joined by "\", and object name.
+QList<std::pair<QString, QString>> ribbonRights();

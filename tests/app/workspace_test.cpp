@@ -179,6 +179,36 @@ TEST_F(WorkspaceTest, ALoginFillsPanelsAndShowsThePictureBesideTheProgram) {
   EXPECT_EQ(workspace.childArea()->clientArea()->picture().size(), QSize(40, 30));
 }
 
+TEST_F(WorkspaceTest, GuardedCommandsAreDisabledForAllButTheMaster) {
+  const QStringList guardedCommands{u"dxBarLargeButton1"_s, u"dxBarSubItem7"_s, u"dxBarButton16"_s, u"dxBarButton17"_s,
+                                    u"dxBarButton18"_s,     u"dxBarButton22"_s, u"dxBarSubItem1"_s};
+  const QStringList paths{u"Yeni Servis Fişi"_s, u"Kartlar"_s, u"Kartlar\\Müşteri Kartları"_s, u"Kartlar\\Cihaz Kartları"_s,
+                          u"Kartlar\\Dış Servis Kartları"_s, u"Kartlar\\Servis Tipleri"_s, u"Ayarlar"_s};
+  for (const QString& account : {u"quend"_s, u"AYSE"_s}) {
+    QFile::remove(logFileName());
+    const bool master = account == u"quend"_s;
+    TfKvb workspace;
+    TDM data;
+    TfParametreler parameters;
+    parameters.systemPrinters = [] { return QStringList(); };
+    TLogin_Form login;
+    data.MySQL.Username = account;
+    start(workspace, 6);
+    for (const QString& name : guardedCommands) {
+      EXPECT_EQ(workspace.command(name)->isEnabled(), master) << name.toStdString();
+      EXPECT_TRUE(workspace.command(name)->isVisible());
+    }
+    for (const QString& name : {u"dxBarLargeButton2"_s, u"contracts"_s, u"calls"_s, u"reminders"_s, u"parameters"_s, u"closeProgram"_s})
+      EXPECT_TRUE(workspace.command(name)->isEnabled()) << name.toStdString();
+    QFile log(logFileName());
+    QStringList logged;
+    if (log.open(QFile::ReadOnly))
+      for (const QString& line : QString::fromUtf8(log.readAll()).split(u"\r\n"_s))
+        if (line.contains(u"Yetki Path hatası...: "_s)) logged.append(line.section(u"...: "_s, 1));
+    EXPECT_EQ(logged, master ? QStringList() : paths);
+  }
+}
+
 TEST_F(WorkspaceTest, ParametersOpenByTheirCommandAndMayHideTheRibbonsGroups) {
   TfKvb workspace;
   TDM data;
