@@ -1,6 +1,6 @@
 -- Tables of the database "kvtk". Runs on an empty database, on MariaDB 10.11 and MySQL 8.
 -- Every table whose rows are checked for changes by others has a timestamp with six digits, so that of two saves within
--- one second only one can win.
+-- one second only one can win. A customer who has devices or contracts cannot be deleted; slips hold copies and stand alone.
 
 SET NAMES utf8mb4;
 SET SESSION sql_mode = 'NO_ENGINE_SUBSTITUTION';
@@ -35,7 +35,8 @@ CREATE TABLE caricihaz (
   CH_SERI VARCHAR(30),
   CH_STAMP TIMESTAMP(6) NOT NULL DEFAULT CURRENT_TIMESTAMP(6) ON UPDATE CURRENT_TIMESTAMP(6),
   UNIQUE KEY CH_SERI (CH_SERI),
-  KEY CH_CA_ID (CH_CA_ID)
+  KEY CH_CA_ID (CH_CA_ID),
+  CONSTRAINT caricihaz_cari FOREIGN KEY (CH_CA_ID) REFERENCES cari (CA_ID)
 ) ENGINE=InnoDB DEFAULT CHARSET=latin5 COLLATE=latin5_turkish_ci;
 
 CREATE TABLE cihaz (
@@ -168,7 +169,8 @@ CREATE TABLE sozlesme (
   UNIQUE KEY SOZ_NO (SOZ_NO),
   KEY SOZ_CA_ID_REF (SOZ_CA_ID_REF),
   KEY SOZ_STATU (SOZ_STATU),
-  KEY SOZ_BAS_TARIH (SOZ_BAS_TARIH)
+  KEY SOZ_BAS_TARIH (SOZ_BAS_TARIH),
+  CONSTRAINT sozlesme_cari FOREIGN KEY (SOZ_CA_ID_REF) REFERENCES cari (CA_ID)
 ) ENGINE=InnoDB DEFAULT CHARSET=latin5 COLLATE=latin5_turkish_ci;
 
 CREATE TABLE sirket (

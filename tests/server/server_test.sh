@@ -193,11 +193,48 @@ case_restore_asks_and_puts_back() {
   equal "$(sql <<<"SELECT COUNT(*) FROM teknikservis")" 0
 }
 
+case_devices_are_imported() {
+  trap '"$server" sql <<<"DELETE FROM cihaz"' EXIT
+  "$server" sql <<<"DELETE FROM cihaz"
+  local file=$scratch/devices.csv
+  catalogue() { sql <<<"SELECT GROUP_CONCAT(CONCAT_WS('/', C_AD, IFNULL(C_TURU, '~'), IFNULL(C_MARKA, '~'), IFNULL(C_URETICI, '~')) ORDER BY C_ID) FROM cihaz"; }
+  # Spreadsheets on Turkish computers save the Windows code page with semicolons; others UTF-8 with commas.
+  printf 'Cihaz Adı;ÜRETİCİ KODU;cihaz marka\r\nçamaşır makinesi;wm-1;ışık\r\n"kutu; ""büyük""";;\r\n' | iconv -f UTF-8 -t WINDOWS-1254 >"$file"
+  equal "$("$server" import-devices "$file")" "2 added, 0 changed, 0 unchanged"
+  equal "$("$server" import-devices "$file")" "0 added, 0 changed, 2 unchanged"
+  printf '\xef\xbb\xbfC_MARKA,C_AD,C_TURU\nIşık,Çamaşır Makinesi,beyaz eşya\n,ütü,\n' >"$file"
+  equal "$("$server" import-devices "$file")" "1 added, 1 changed, 0 unchanged"
+  equal "$(catalogue)" 'ÇAMAŞIR MAKİNESİ/BEYAZ EŞYA/IŞIK/WM-1,KUTU; "BÜYÜK"/~/~/~,ÜTÜ/~/~/~'
+  { printf 'sep=,\nC_AD,C_MARKA,renk\n,x\nfırın,a\n"iki\nsatır",\nkedi 汉\nFIRIN,A\nfırın,b,mavi,4\nfırın,b,mavi\n'
+    printf '%0101d\n' 0; printf 'ocak,"açık\nson\n'; } >"$file"
+  "$server" import-devices "$file" >"$scratch/said" 2>"$scratch/refused"
+  equal $? 3
+  equal "$(cat "$scratch/said")" "2 added, 0 changed, 0 unchanged"
+  equal "$(cut -d: -f1 "$scratch/refused" | paste -sd,)" "the column renk is not known and left out,line 3,line 5,line 7,line 8,line 9,line 11,line 12"
+  grep -q 'line 8: the same name and make stand in line 4 already' "$scratch/refused" || fail "$(cat "$scratch/refused")"
+  printf 'RENK\nmavi\n' >"$file"
+  refused "does not name the column CİHAZ ADI" "$server" import-devices "$file"
+  printf 'C_AD\n\0x\n' >"$file"
+  refused "is no text" "$server" import-devices "$file"
+  refused "is no file" "$server" import-devices "$scratch/nowhere.csv"
+  equal "$(catalogue | tr , '\n' | wc -l)" 5
+  [ -z "$(find "$KVTK_HOME" -name 'import.*')" ] || fail "files are left behind"
+}
+
+case_customers_with_devices_or_contracts_stay() {
+  "$server" sql <<<"INSERT INTO cari (CA_ID, CA_AD) VALUES (1, 'A'), (2, 'B'), (3, 'C');
+    INSERT INTO caricihaz (CH_CA_ID) VALUES (1); INSERT INTO sozlesme (SOZ_CA_ID_REF) VALUES (2)" || fail "rows"
+  refused "foreign key" "$server" sql -e "DELETE FROM cari WHERE CA_ID = 1"
+  refused "foreign key" "$server" sql -e "DELETE FROM cari WHERE CA_ID = 2"
+  equal "$(sql <<<"DELETE FROM cari WHERE CA_ID = 3; SELECT COUNT(*) FROM cari")" 2
+  "$server" sql <<<"DELETE FROM caricihaz; DELETE FROM sozlesme; DELETE FROM cari"
+}
+
 tests=0
 failures=0
 for name in create listens_on_its_addresses_only second_instance_is_refused accounts accounts_follow_the_address network \
   slips_take_their_rows_along killed_in_mid_write backup_while_writing sample_is_repeatable_and_a_backup_whole \
-  restore_asks_and_puts_back; do
+  restore_asks_and_puts_back devices_are_imported customers_with_devices_or_contracts_stay; do
   tests=$((tests + 1))
   if ("case_$name"); then echo "ok      $name"; else echo "FAILED  $name"; failures=$((failures + 1)); fi
 done

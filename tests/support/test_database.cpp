@@ -23,7 +23,7 @@ void TestDatabase::open(TMyConnection& connection) {
 }
 
 void TestDatabase::emptyTables() {
-  for (const char* table : {"teknikservis", "malzeme", "foto", "notlar", "cari", "caricihaz", "cihaz", "disservis", "servistip",
-                            "sozlesme", "callerid"})
+  for (const char* table : {"teknikservis", "malzeme", "foto", "notlar", "caricihaz", "sozlesme", "cari", "cihaz", "disservis",
+                            "servistip", "callerid"})
     first_.execute(QByteArray("DELETE FROM ") + table);
 }
