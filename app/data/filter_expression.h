@@ -50,6 +50,8 @@ class FilterExpression {
   std::vector<FilterExpression> conjuncts() const;
   /// Column of a single condition; empty for anything else.
   const QString& column() const { return column_; }
+  /// How a single condition compares; without meaning for anything else.
+  FilterOperator comparison() const { return operator_; }
 
   /// The tree in words, columns by the captions that captionOf gives.
   QString asText(const std::function<QString(const QString& column)>& captionOf) const;

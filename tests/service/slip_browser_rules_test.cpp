@@ -1,0 +1,61 @@
+#include "service/slip_browser_rules.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+FilterExpression on(const QString& column, FilterOperator comparison) { return FilterExpression::condition(column, comparison, u"1"_s); }
+
+QString told(const std::optional<FilterExpression>& filter) {
+  return filter ? filter->asText([](const QString& column) { return column; }) : u"-"_s;
+}
+
+TEST(SlipBrowserRulesTest, NumbersSortByLengthFirst) {
+  const struct {
+    std::vector<SlipBrowserRules::SortColumn> keys;
+    QString order;
+  } cases[] = {
+      {{}, u""_s},
+      {{{u"TS_NO"_s, false}}, u"LENGTH(TS_NO) ASC, TS_NO ASC"_s},
+      {{{u"TS_NO"_s, true}}, u"LENGTH(TS_NO) DESC, TS_NO DESC"_s},
+      {{{u"TS_TARIH"_s, true}, {u"TS_NO"_s, false}, {u"TS_MUSTERI"_s, false}},
+       u"TS_TARIH DESC, LENGTH(TS_NO) ASC, TS_NO ASC, TS_MUSTERI"_s},
+  };
+  for (const auto& each : cases) EXPECT_EQ(SlipBrowserRules::orderText(each.keys), each.order);
+}
+
+TEST(SlipBrowserRulesTest, OnlyWholeConditionsOnTheSlipDateGoToTheServer) {
+  using enum FilterOperator;
+  const FilterExpression date = on(u"TS_TARIH"_s, Equal);
+  const FilterExpression name = on(u"TS_MUSTERI"_s, Contains);
+  const struct {
+    std::optional<FilterExpression> filter;
+    QString atServer;
+    QString inMemory;
+  } cases[] = {
+      {std::nullopt, u"-"_s, u"-"_s},
+      {date, u"TS_TARIH = \"1\""_s, u"-"_s},
+      {name, u"-"_s, u"TS_MUSTERI içerir \"1\""_s},
+      {FilterExpression::all({name, FilterExpression::all({date})}), u"TS_TARIH = \"1\""_s, u"TS_MUSTERI içerir \"1\""_s},
+      // Parts of a date are looked for in the date as it is shown, which the server does not know.
+      {on(u"TS_TARIH"_s, Contains), u"-"_s, u"TS_TARIH içerir \"1\""_s},
+      {on(u"TS_TARIH"_s, StartsWith), u"-"_s, u"TS_TARIH ile başlar \"1\""_s},
+      // One that may be false for a row that passes is no limit for the server.
+      {FilterExpression::any({date, name}), u"-"_s, u"TS_TARIH = \"1\" VEYA TS_MUSTERI içerir \"1\""_s},
+      {FilterExpression::negated(date), u"-"_s, u"DEĞİL (TS_TARIH = \"1\")"_s},
+  };
+  for (const auto& each : cases) {
+    const SlipBrowserRules::SplitFilter parts = SlipBrowserRules::split(each.filter);
+    EXPECT_EQ(told(parts.atServer), each.atServer);
+    EXPECT_EQ(told(parts.inMemory), each.inMemory);
+  }
+}
+
+TEST(SlipBrowserRulesTest, OneSlipIsAskedAboutByItsNumber) {
+  EXPECT_EQ(SlipBrowserRules::deletionQuestion({u"100"_s}), u"Seçilen 100 nolu fiş silinecek onaylıyor musunuz?"_s);
+  EXPECT_EQ(SlipBrowserRules::deletionQuestion({u"9"_s, u"10"_s}), u"Seçilen fiş(ler) silinecek onaylıyor musunuz?"_s);
+}
+
+}  // namespace
