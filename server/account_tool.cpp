@@ -1,17 +1,23 @@
 // kvtk-account HOST…: reads a typed name and a typed password, a line each, from the standard input and prints the SQL
 // text that makes that login an account of the database for each of the hosts. Nothing of it is stored or logged.
+// kvtk-account --user HOST…: the same for one user more. The master account is refused, and so is a name of other letters
+// than those that go through every file and script: after the login's rules A to Z, digits, "_", "-" and ".", 32 at most.
 
 #include "app/data/latin5.h"
 #include "app/exceptions.h"
 #include "app/login_rules.h"
+#include "app/turkish_text.h"
 
 #include <QFile>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int longestUserName = 32;
 
 /// Quoted for the server's own mode, in which a backslash escapes.
 QByteArray quoted(const QString& text, const QString& what) {
@@ -26,23 +32,36 @@ QString line(QFile& input) {
   return QString::fromUtf8(bytes);
 }
 
+void needUserName(const QString& account) {
+  const bool plain = std::ranges::all_of(account, [](QChar c) {
+    return (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_' || c == u'-' || c == u'.';
+  });
+  if (!plain || account.size() > longestUserName)
+    throw Exception(u"a user's name has letters, digits, \"_\", \"-\" and \".\" only, %1 at most"_s.arg(longestUserName));
+  if (LoginRules::isMaster(account)) throw Exception(u"that is the master account, which is there already"_s);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    std::fputs("usage: kvtk-account HOST... < name-and-password\n", stderr);
+  const bool user = argc > 1 && QByteArrayView(argv[1]) == "--user";
+  const int firstHost = user ? 2 : 1;
+  if (argc <= firstHost) {
+    std::fputs("usage: kvtk-account [--user] HOST... < name-and-password\n", stderr);
     return 2;
   }
   try {
     QFile input;
     if (!input.open(stdin, QIODevice::ReadOnly)) return 1;
-    const QString typedName = line(input);
-    const QString typedPassword = line(input);
+    // In capitals, as the login form types them.
+    const QString typedName = TurkishText::upper(line(input));
+    const QString typedPassword = TurkishText::upper(line(input));
     if (typedName.isEmpty() || typedPassword.isEmpty()) throw Exception(u"the name or the password is empty"_s);
+    if (user) needUserName(LoginRules::account(typedName));
     const QByteArray name = quoted(LoginRules::account(typedName), u"Kullanıcı Adı"_s);
     const QByteArray password = quoted(LoginRules::password(typedPassword), u"Kullanıcı Parolası"_s);
     std::puts("SET NAMES latin5;");
-    for (int i = 1; i < argc; ++i) {
+    for (int i = firstHost; i < argc; ++i) {
       const QByteArray account = name + '@' + quoted(QString::fromLocal8Bit(argv[i]), u"host"_s);
       std::printf("CREATE USER IF NOT EXISTS %s;\n", account.constData());
       std::printf("ALTER USER %s IDENTIFIED BY %s;\n", account.constData(), password.constData());

@@ -85,6 +85,49 @@ case_accounts() {
   refused "empty" "$server" account
 }
 
+# Connects as a user with the password that the database is to know.
+login_as() {
+  printf '[client]\nuser=%s\npassword="%s"\n' "$1" "$2" >"$scratch/user.cnf"
+  mariadb --defaults-file="$scratch/user.cnf" --host="$address" --port=3313 --protocol=tcp --default-character-set=latin5 kvtk -N -e "$3"
+}
+
+case_users() {
+  # What is typed at the login is in capitals and loses its Turkish letters, the fixed ending comes behind it.
+  printf 'gizli şifre\n' | "$server" user "ayşe.ı-1" >"$scratch/said" 2>&1 || fail "user: $(cat "$scratch/said")"
+  equal "$(cat "$scratch/said")" ""
+  equal "$(login_as AYSE.I-1 'GIZLI SIFRE@Kp-7H4n' "SELECT COUNT(*), @@character_set_client FROM sirket")" "1	latin5"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host, plugin ORDER BY 1) FROM mysql.user WHERE User = 'AYSE.I-1'")" \
+    127.0.0.1mysql_native_password,${address}mysql_native_password
+  refused "denied" login_as AYSE.I-1 'GIZLI SIFRE@Kp-7H4n' "DROP TABLE sirket"
+  echo iki | "$server" user AYŞE.I-1 || fail "a second password"
+  equal "$(login_as AYSE.I-1 'IKI@Kp-7H4n' "SELECT 1")" 1
+  refused "Access denied" login_as AYSE.I-1 'GIZLI SIFRE@Kp-7H4n' "SELECT 1"
+  # On a terminal the password is asked for twice, unseen; each word waits for its question.
+  local words word
+  for words in "üç üç" "bir iki"; do
+    : >"$scratch/said"
+    for word in $words; do
+      until tail -n 1 "$scratch/said" | grep -q ': $'; do sleep 0.05; done
+      sleep 0.2
+      echo "$word"
+      sleep 0.2
+    done | script -qfec "'$server' user ayşe.ı-1" /dev/null >"$scratch/said"
+    equal "$?" "$([ "$words" = "üç üç" ] && echo 0 || echo 1)"
+    grep -qE 'üç|bir|iki' "$scratch/said" && fail "the password is seen: $(cat "$scratch/said")"
+  done
+  equal "$(login_as AYSE.I-1 'UC@Kp-7H4n' "SELECT 1")" 1
+  local accounts name
+  accounts=$(sql <<<"SELECT COUNT(*) FROM mysql.user")
+  for name in "a b" "O'Neil" 'a\b' 'x";' %  "$(printf 'a\nb')" "$(printf 'a%.0s' {1..33})" ж; do
+    refused "a user's name has letters" sh -c 'echo x | "$0" user "$1"' "$server" "$name"
+  done
+  refused "master account" sh -c 'echo x | "$0" user Quend' "$server"
+  refused "user NAME" "$server" user
+  refused "user NAME" "$server" user ""
+  refused "empty" "$server" user ali
+  equal "$(sql <<<"SELECT COUNT(*) FROM mysql.user")" "$accounts"
+}
+
 case_accounts_follow_the_address() {
   "$server" stop
   KVTK_BIND=127.0.0.53 "$server" start || fail "start elsewhere"
@@ -232,7 +275,7 @@ case_customers_with_devices_or_contracts_stay() {
 
 tests=0
 failures=0
-for name in create listens_on_its_addresses_only second_instance_is_refused accounts accounts_follow_the_address network \
+for name in create listens_on_its_addresses_only second_instance_is_refused accounts users accounts_follow_the_address network \
   slips_take_their_rows_along killed_in_mid_write backup_while_writing sample_is_repeatable_and_a_backup_whole \
   restore_asks_and_puts_back devices_are_imported customers_with_devices_or_contracts_stay; do
   tests=$((tests + 1))
