@@ -8,6 +8,7 @@
 #include "app/parameters.h"
 #include "app/platform/time_zone.h"
 #include "app/Unit14.h"
+#include "reminders/fhatirlat_unit.h"
 #include "service/fservisfissecUnit.h"
 
 #include <QApplication>
@@ -52,6 +53,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TDM dataModule;
   TfParametreler parameters;
   TfservisfisSec browser;
+  TfHatirlat reminder;
   TLogin_Form login;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {
     Login_Form->ApplicationEvents1Exception(sender, error);

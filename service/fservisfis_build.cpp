@@ -2,7 +2,9 @@
 #include "app/dmUnit.h"
 #include "app/guard.h"
 #include "service/fservisfis_unit.h"
+#include "service/slip_fields.h"
 #include "service/slip_fields_page.h"
+#include "service/slip_hooks.h"
 #include "service/slip_look_ups.h"
 #include "service/slip_picture_page.h"
 #include "service/slip_tables.h"
@@ -53,8 +55,11 @@ void TfServisFis::buildCommands() {
   // Has a key and does nothing: meant.
   aCikis = addCommand(u"aCikis"_s, u"ESC » Çıkış"_s, u"window-close"_s, Qt::Key_Escape);
   connectGuarded(aKaydet, &QAction::triggered, this, [this] { save(); });
-  connectGuarded(aVazgec, &QAction::triggered, this, [this] { closeWindow(); });
+  connectGuarded(aVazgec, &QAction::triggered, this, [this] {
+    if (isConfirmed(u"Ekran kapatılacak onaylıyor musunuz?"_s)) closeWindow();
+  });
   connectGuarded(aSil, &QAction::triggered, this, [this] { deleteSlip(); });
+  connectGuarded(aHatirlat, &QAction::triggered, this, [this] { showReminder(); });
 
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
@@ -72,14 +77,24 @@ void TfServisFis::buildCommands() {
     button->setFocusPolicy(Qt::StrongFocus);
     bar->addWidget(button);
     if (command == aKaydet) saveButton_ = button;
+    if (command == aHatirlat) reminderButton_ = button;
     if (command == aYazdir) button->setPopupMode(QToolButton::InstantPopup);
   }
   bar->addStretch(1);
+  buildPrintMenu();
+}
+
+/// Before its first save a slip cannot be printed.
+void TfServisFis::buildPrintMenu() {
   auto* menu = new QMenu(this);
   MakbuzBask1 = menu->addAction(QIcon::fromTheme(u"document-print"_s), u"Makbuz Baskı"_s);
   MakbuzBask1->setObjectName(u"MakbuzBask1"_s);
   MakbuzBask1->setEnabled(false);
-  menu->addAction(QIcon::fromTheme(u"document-edit"_s), u"Makbuz Tasarla"_s)->setObjectName(u"MakbuzDzenle1"_s);
+  MakbuzDzenle1 = menu->addAction(QIcon::fromTheme(u"document-edit"_s), u"Makbuz Tasarla"_s);
+  MakbuzDzenle1->setObjectName(u"MakbuzDzenle1"_s);
+  MakbuzDzenle1->setEnabled(slipHooks().designReceipt != nullptr);
+  connectGuarded(MakbuzBask1, &QAction::triggered, this, [this] { slipHooks().printReceipt(*this); });
+  connectGuarded(MakbuzDzenle1, &QAction::triggered, this, [this] { slipHooks().designReceipt(*this); });
   aYazdir->setMenu(menu);
 }
 
@@ -163,15 +178,33 @@ void TfServisFis::connectFields() {
   onButton(u"TS_NO"_s, 1, [this] { proposeNumber(); });
   onButton(u"TS_C_RAFNO"_s, 1, [this] { findDevice(); });
 
+  onButton(u"TS_TURU"_s, outsideServiceButtonIndex, [this] { askOutsideService(); });
+  onButton(u"TS_C_SERINO"_s, serialLabelIndex, [this] {
+    const QString serial = text(u"TS_C_SERINO"_s);
+    if (!serial.isEmpty() && slipHooks().showSerialStatistics) slipHooks().showSerialStatistics(serial);
+  });
+  buildSerialMenu();
+}
+
+void TfServisFis::buildSerialMenu() {
   auto* serial = fields_->edit<EditBox>(u"TS_C_SERINO"_s);
   auto* menu = new QMenu(serial);
-  menu->addAction(QIcon::fromTheme(u"document-print"_s), u"Barkod Yazdır"_s);
-  menu->addAction(QIcon::fromTheme(u"document-edit"_s), u"Barkod Düzenle"_s);
-  QAction* newSerial = menu->addAction(QIcon::fromTheme(u"list-add"_s), u"Yeni Seri No"_s);
-  newSerial->setObjectName(u"YeniSeriNo1"_s);
+  const auto addEntry = [&](const QString& name, const QString& icon, const QString& caption) {
+    QAction* entry = menu->addAction(QIcon::fromTheme(icon), caption);
+    entry->setObjectName(name);
+    return entry;
+  };
+  QAction* print = addEntry(u"BarkodYazdr1"_s, u"document-print"_s, u"Barkod Yazdır"_s);
+  QAction* design = addEntry(u"BarkodDzenle1"_s, u"document-edit"_s, u"Barkod Düzenle"_s);
+  QAction* newSerial = addEntry(u"YeniSeriNo1"_s, u"list-add"_s, u"Yeni Seri No"_s);
+  print->setEnabled(slipHooks().printLabel != nullptr);
+  design->setEnabled(slipHooks().designLabel != nullptr);
+  connectGuarded(print, &QAction::triggered, this, [this] { slipHooks().printLabel(*this); });
+  connectGuarded(design, &QAction::triggered, this, [this] { slipHooks().designLabel(*this); });
   connectGuarded(newSerial, &QAction::triggered, this, [this] { fillSerial(); });
-  onButton(u"TS_C_SERINO"_s, 1, [serial, menu] {
-    const QToolButton* button = serial->button(1);
+  connectGuarded(serial, &EditBox::buttonClicked, this, [serial, menu](int index) {
+    if (index != serialMenuIndex) return;
+    const QToolButton* button = serial->button(serialMenuIndex);
     menu->popup(button->mapToGlobal(QPoint(0, button->height())));
   });
 }

@@ -7,10 +7,15 @@
 #include "app/kvbankUnit.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
+#include "reminders/fhatirlat_unit.h"
+#include "service/fdisservis_unit.h"
 #include "service/slip_fields.h"
 #include "service/slip_fields_page.h"
+#include "service/slip_hooks.h"
+#include "service/slip_lists.h"
 #include "service/slip_look_ups.h"
 #include "service/slip_message.h"
+#include "service/slip_parameters.h"
 #include "service/slip_picture_page.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/currency_edit.h"
@@ -39,6 +44,11 @@ QList<TfServisFis*>& openEditors() {
   return editors;
 }
 
+void forgetEditor(TfServisFis* editor) {
+  openEditors().removeAll(editor);
+  fServisFis = openEditors().isEmpty() ? nullptr : openEditors().last();
+}
+
 }  // namespace
 
 TfServisFis::TfServisFis(QWidget* parent)
@@ -53,6 +63,7 @@ TfServisFis::TfServisFis(QWidget* parent)
       store_(DM->MySQL, qServis, qMalzeme, DM->pGetQ),
       balloon_(this) {
   setObjectName(u"fServisFis"_s);
+  if (SlipParameters::isOn(ParameterFiles::SlipFillsWorkspace)) setWindowState(Qt::WindowMaximized);
   buildCommands();
   buildPages();
   connectFields();
@@ -62,8 +73,7 @@ TfServisFis::TfServisFis(QWidget* parent)
 }
 
 TfServisFis::~TfServisFis() {
-  openEditors().removeAll(this);
-  fServisFis = openEditors().isEmpty() ? nullptr : openEditors().last();
+  forgetEditor(this);
   // The pages look at the queries, which end before the base class would take the pages down.
   lookUps_.reset();
   delete pages_;
@@ -94,18 +104,18 @@ void TfServisFis::setTitle(TfServisFis* editor, const QString& title) {
 
 void TfServisFis::resetFields() {
   QuendUtil->EkranReset(*this, qServis);
-  outsideService_ = {};
+  for (const QString& column : {u"TS_MALIYET"_s, u"TS_SERVIS_TUTAR"_s, u"TS_ISCILIK_TUTAR"_s, u"TS_PARCA_TUTAR"_s})
+    fields_->edit<CurrencyEdit>(column)->setDisplayFormat(amountFormat());
+  // A window that turns to another slip must not carry the block over to it.
+  setOutsideService({}, {});
   note_->setText({});
-  auto* status = fields_->edit<ComboEdit>(u"TS_TURU"_s);
-  status->setToolTip({});
 }
 
 void TfServisFis::Insert() {
   setHistoryVisible(false);
-  for (const QString& column : {u"TS_MALIYET"_s, u"TS_SERVIS_TUTAR"_s, u"TS_ISCILIK_TUTAR"_s, u"TS_PARCA_TUTAR"_s})
-    fields_->edit<CurrencyEdit>(column)->setDisplayFormat(amountFormat());
   store_.openEmpty();
   resetFields();
+  fHatirlat->clear();
   lookUps_->open();
   setMode(Mode::Insert);
 
@@ -114,19 +124,21 @@ void TfServisFis::Insert() {
     auto* list = fields_->edit<ComboEdit>(column);
     if (list->itemCount() > 0) list->setItemIndex(0);
   }
+  if (SlipParameters::isOn(ParameterFiles::FillSerialNumber)) fillSerial();
   proposeNumber();
   fields_->setText(u"TS_USER"_s, Login_Form->Kullanici->text());
   fields_->setText(u"TS_USER_TIME"_s, DateText::dateTime(environment().now()));
   setTitle(this, SlipRules::newSlipTitle());
   picture_->clear();
-  fields_->fillStatuses();
+  offerStatuses(true);
   fields_->edit<EditBox>(u"TS_NO"_s)->line()->setFocus();
 }
 
 void TfServisFis::Edit(qint64 TS_ID) {
   const bool isFirst = EditorMode == Mode::Browse;
   setHistoryVisible(true);
-  MakbuzBask1->setEnabled(true);
+  MakbuzBask1->setEnabled(slipHooks().printReceipt != nullptr);
+  fHatirlat->clear();
   setMode(Mode::Edit);
   lookUps_->open();
   if (!store_.open(TS_ID)) {
@@ -136,11 +148,12 @@ void TfServisFis::Edit(qint64 TS_ID) {
   }
   resetFields();
   QuendUtil->AlanlardanEkrana(*this, qServis);
+  QuendUtil->AlanlardanEkrana(*fHatirlat, qServis);
   auto* number = fields_->edit<EditBox>(u"TS_NO"_s)->line();
   if (isFirst) number->setFocus();
   number->selectAll();
-  outsideService_ = store_.outsideService();
-  if (!outsideService_.firm.isEmpty()) fields_->frame(u"TS_TURU"_s)->setToolTip(SlipRules::outsideServiceHint(outsideService_));
+  if (const OutsideService service = store_.outsideService(); !service.firm.isEmpty())
+    setOutsideService(service, SlipRules::storedOutsideServiceHint(service));
   // Goes to the newest editor, whichever runs: meant.
   setTitle(fServisFis, SlipRules::slipTitle(fields_->text(u"TS_NO"_s)));
 
@@ -154,7 +167,7 @@ void TfServisFis::Edit(qint64 TS_ID) {
     unreadablePicture = std::current_exception();
   }
   if (const auto note = store_.note(TS_ID)) note_->setText(*note);
-  fields_->fillStatuses();
+  offerStatuses(false);
   if (unreadablePicture) std::rethrow_exception(unreadablePicture);
 }
 
@@ -178,6 +191,24 @@ void TfServisFis::findDevice() {
     QuendHint(fields_->frame(u"TS_C_RAFNO"_s), 0, u"Kayıtlı \"İç Seri No\" bulunamadı!"_s);
 }
 
+void TfServisFis::offerStatuses(bool isNewSlip) {
+  fields_->offerStatuses(SlipRules::offeredStatuses(SlipParameters::isPassive, isNewSlip));
+  if (SlipParameters::isPassive(SlipLists::outsideServiceStatus())) fields_->removeOutsideServiceButton();
+}
+
+void TfServisFis::setOutsideService(const OutsideService& service, const QString& hint) {
+  outsideService_ = service;
+  fields_->frame(u"TS_TURU"_s)->setToolTip(hint);
+}
+
+void TfServisFis::askOutsideService() {
+  TfDisServis dialog(this);
+  if (dialog.Giris(*this) == TfDisServis::Confirmed && !outsideService_.firm.isEmpty())
+    fields_->chooseStatus(SlipRules::outsideServiceItem);
+}
+
+void TfServisFis::showReminder() { fHatirlat->Giris(this); }
+
 void TfServisFis::loadHistory(int page) {
   if (EditorMode != Mode::Edit) return;
   if (page == SerialHistoryPage) store_.openSerialHistory(qSeri, fields_->text(u"TS_C_SERINO"_s));
@@ -189,6 +220,8 @@ void TfServisFis::openFromHistory(int row) {
 }
 
 void TfServisFis::QuendHint(QWidget* control, int, const QString& text) { balloon_.showAt(control, text); }
+
+QString TfServisFis::text(const QString& column) const { return fields_->text(column); }
 
 QWidget* TfServisFis::control(const QString& column) const { return fields_->frame(column); }
 
@@ -212,6 +245,7 @@ bool TfServisFis::event(QEvent* event) {
 void TfServisFis::closeEvent(QCloseEvent* event) {
   guarded(this, [&] {
     closed_ = true;
+    forgetEditor(this);
     balloon_.hide();
     for (TMyQuery* query : {&qServis, &qMalzeme, &qSeri}) query->Close();
     lookUps_->close();

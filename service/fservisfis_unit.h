@@ -45,6 +45,12 @@ class TfServisFis : public QWidget {
   /// The box of a column; null for a column that has none on the first page.
   QWidget* control(const QString& column) const;
 
+  /// The outside-service block, which stands in no control; hint is what the status box tells of it.
+  const OutsideService& outsideService() const { return outsideService_; }
+  void setOutsideService(const OutsideService& service, const QString& hint);
+  /// Text of a column's box on the first page.
+  QString text(const QString& column) const;
+
   QSize sizeHint() const override;
 
   Mode EditorMode = Mode::Browse;
@@ -63,6 +69,7 @@ class TfServisFis : public QWidget {
   QAction* aHatirlat;
   QAction* aCikis;
   QAction* MakbuzBask1;
+  QAction* MakbuzDzenle1;
 
  protected:
   bool event(QEvent* event) override;
@@ -75,6 +82,8 @@ class TfServisFis : public QWidget {
   QWidget* buildLinesPage();
   QWidget* buildNotesPage();
   QWidget* buildHistoryPage(const QString& caption);
+  void buildPrintMenu();
+  void buildSerialMenu();
   void connectFields();
 
   void setMode(Mode mode);
@@ -84,18 +93,23 @@ class TfServisFis : public QWidget {
   void proposeNumber();
   void fillSerial();
   void findDevice();
+  void offerStatuses(bool isNewSlip);
+  void askOutsideService();
+  void showReminder();
   void loadHistory(int page);
   void openFromHistory(int row);
   void closeWindow();
 
   void save();
   bool isReadyToSave();
+  bool isConfirmed(const QString& question);
+  bool notifyBySms();
   bool showFieldMessage(const std::optional<FieldMessage>& message);
   std::vector<SlipText> textsToSave() const;
   SlipExtras extrasToSave() const;
   void fillRow();
   void saveNew();
-  void saveExisting();
+  bool saveExisting();
   void saveDone();
   void deleteSlip();
 
@@ -105,6 +119,7 @@ class TfServisFis : public QWidget {
   bool closed_ = false;
 
   QToolButton* saveButton_ = nullptr;
+  QToolButton* reminderButton_ = nullptr;
   QTabWidget* pages_ = nullptr;
   SlipFieldsPage* fields_ = nullptr;
   std::unique_ptr<SlipLookUps> lookUps_;

@@ -36,3 +36,8 @@ EditFrame* createSlipEditor(const SlipField& field, QWidget* parent);
 
 /// How the four amounts and their total are shown.
 QString amountFormat();
+
+/// Buttons of the status box and of the serial box, counted as EditBox does.
+constexpr int outsideServiceButtonIndex = 2;
+constexpr int serialLabelIndex = 0;
+constexpr int serialMenuIndex = 1;

@@ -48,14 +48,31 @@ SlipFieldsPage::SlipFieldsPage(QWidget* parent) : QWidget(parent) {
 void SlipFieldsPage::fillLists() {
   edit<ComboEdit>(u"TS_HIZMET_TIP"_s)->setItems(SlipLists::warrantyStates());
   edit<ComboEdit>(u"TS_ODEME_SEKLI"_s)->setItems(SlipLists::paymentWays());
-  fillStatuses();
+  offerStatuses(SlipLists::statuses());
 }
 
-void SlipFieldsPage::fillStatuses() {
+void SlipFieldsPage::offerStatuses(const QStringList& statuses) {
   auto* status = edit<ComboEdit>(u"TS_TURU"_s);
   const QString shown = status->text();
-  status->setItems(SlipLists::statuses());
+  status->setItems(statuses);
   status->setText(shown);
+}
+
+void SlipFieldsPage::removeOutsideServiceButton() {
+  auto* status = edit<ComboEdit>(u"TS_TURU"_s);
+  if (status->buttonCount() > outsideServiceButtonIndex) status->removeButton(outsideServiceButtonIndex);
+}
+
+void SlipFieldsPage::chooseStatus(int item) {
+  auto* status = edit<ComboEdit>(u"TS_TURU"_s);
+  if (item >= status->itemCount()) return;
+  status->setItemIndex(item);
+  statusChosen(item);
+}
+
+void SlipFieldsPage::statusChosen(int item) {
+  if (SlipRules::isDelivery(item, edit<ComboEdit>(u"TS_TURU"_s)->itemCount()))
+    edit<DateEdit>(u"TS_TESLIM_TARIH"_s)->setDate(environment().today());
 }
 
 QString SlipFieldsPage::text(const QString& column) const {
@@ -148,11 +165,7 @@ void SlipFieldsPage::connectAids() {
   spaceSetsToday(u"TS_RANDEVU"_s, u"TS_TARIH"_s);
   spaceSetsToday(u"TS_TESLIM_TARIH"_s, u"TS_TESLIM_TARIH"_s);
 
-  auto* status = edit<ComboEdit>(u"TS_TURU"_s);
-  connectGuarded(status, &ComboEdit::itemChanged, this, [this, status](int index) {
-    // Goes by the place in the list, whatever status stands there: meant.
-    if (index == status->itemCount() - 1) edit<DateEdit>(u"TS_TESLIM_TARIH"_s)->setDate(environment().today());
-  });
+  connectGuarded(edit<ComboEdit>(u"TS_TURU"_s), &ComboEdit::itemChanged, this, [this](int item) { statusChosen(item); });
 
   for (const QString& column : {u"TS_SERVIS_TUTAR"_s, u"TS_ISCILIK_TUTAR"_s, u"TS_PARCA_TUTAR"_s})
     connectGuarded(edit<CurrencyEdit>(column), &EditBox::left, this, [this] { showTotal(); });

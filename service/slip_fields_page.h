@@ -31,7 +31,11 @@ class SlipFieldsPage : public QWidget {
   std::optional<FieldMessage> unreadableField() const;
 
   /// Fills the status list anew; the text that is shown stays.
-  void fillStatuses();
+  void offerStatuses(const QStringList& statuses);
+  /// Takes the button of the outside service off the status box, once.
+  void removeOutsideServiceButton();
+  /// Selects a status by its place, as the user would; nothing happens when the list is shorter.
+  void chooseStatus(int item);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -47,6 +51,7 @@ class SlipFieldsPage : public QWidget {
   void arrange();
   void connectAids();
   void showTotal();
+  void statusChosen(int item);
   void fillLists();
 
   QHash<QString, EditFrame*> frames_;

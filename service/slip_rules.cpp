@@ -1,8 +1,10 @@
 #include "service/slip_rules.h"
 
 #include "app/data/latin5.h"
+#include "app/date_text.h"
 #include "app/environment.h"
 #include "app/text_tools.h"
+#include "service/slip_lists.h"
 
 #include <algorithm>
 
@@ -33,13 +35,9 @@ std::optional<FieldMessage> missingField(const std::vector<SlipText>& texts) {
   return std::nullopt;
 }
 
-std::optional<FieldMessage> unstorableText(const SlipText& field) {
-  if (const auto character = Latin5::firstUnstorable(field.text))
-    return FieldMessage{field.control, u"\"%1\" alanındaki \"%2\" karakteri kaydedilemez."_s.arg(field.caption, *character)};
-  if (field.maximumLength > 0 && field.text.size() > field.maximumLength)
-    return FieldMessage{field.control,
-                        u"\"%1\" alanına en fazla %2 karakter girebilirsiniz."_s.arg(field.caption).arg(field.maximumLength)};
-  return std::nullopt;
+QString outsideServiceLines(const OutsideService& service) {
+  return u"Dış Servis: "_s + service.firm + u"\nÇık. Tarih: "_s + service.exitDate + u"\nGir. Tarih: "_s + service.returnDate +
+         u"\nAçıklama: "_s + service.note + u"\nTeslim Süre: "_s + QString::number(service.deliveryDays);
 }
 
 }  // namespace
@@ -50,6 +48,15 @@ std::optional<FieldMessage> validate(const std::vector<SlipText>& texts) {
   if (auto missing = missingField(texts)) return missing;
   for (const SlipText& text : texts)
     if (auto message = unstorableText(text)) return message;
+  return std::nullopt;
+}
+
+std::optional<FieldMessage> unstorableText(const SlipText& field) {
+  if (const auto character = Latin5::firstUnstorable(field.text))
+    return FieldMessage{field.control, u"\"%1\" alanındaki \"%2\" karakteri kaydedilemez."_s.arg(field.caption, *character)};
+  if (field.maximumLength > 0 && field.text.size() > field.maximumLength)
+    return FieldMessage{field.control,
+                        u"\"%1\" alanına en fazla %2 karakter girebilirsiniz."_s.arg(field.caption).arg(field.maximumLength)};
   return std::nullopt;
 }
 
@@ -83,10 +90,33 @@ QString newSlipTitle() { return u"Yeni Servis Fişi"_s; }
 
 QString slipTitle(const QString& number) { return u"("_s + number + u") Servis Fişi"_s; }
 
-QString outsideServiceHint(const OutsideService& service) {
-  // No blank before "Gün": meant.
-  return u"Dış Servis: "_s + service.firm + u"\nÇık. Tarih: "_s + service.exitDate + u"\nGir. Tarih: "_s + service.returnDate +
-         u"\nAçıklama: "_s + service.note + u"\nTeslim Süre: "_s + QString::number(service.deliveryDays) + u"Gün"_s;
+QStringList offeredStatuses(const std::function<bool(const QString&)>& isPassive, bool isNewSlip) {
+  const QStringList& all = SlipLists::statuses();
+  const qsizetype tested = isNewSlip ? all.size() : all.size() - 1;
+  QStringList offered;
+  for (qsizetype i = 0; i < all.size(); ++i)
+    if (i >= tested || !isPassive(all[i])) offered.append(all[i]);
+  return offered;
+}
+
+bool isDelivery(int item, int count) { return item >= 0 && item == count - 1; }
+
+QString storedOutsideServiceHint(const OutsideService& service) {
+  return outsideServiceLines(service) + u"Gün"_s;  // no blank before it: meant
+}
+
+QString confirmedOutsideServiceHint(const OutsideService& service) {
+  return service.firm.isEmpty() ? QString() : outsideServiceLines(service);
+}
+
+QString proposedExitDate(const OutsideService& service) {
+  return service.exitDate.isEmpty() ? DateText::date(environment().today()) : service.exitDate;
+}
+
+int deliveryDays(const QString& text) {
+  bool isNumber = false;
+  const int days = text.toInt(&isNumber);
+  return isNumber ? days : 0;
 }
 
 }  // namespace SlipRules

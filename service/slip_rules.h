@@ -1,7 +1,8 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -43,6 +44,9 @@ namespace SlipRules {
 /// database cannot hold. Nothing when it may be saved. A mandatory field that is not among texts counts as empty.
 std::optional<FieldMessage> validate(const std::vector<SlipText>& texts);
 
+/// Why a text cannot be stored: a character that the database lacks, or more of them than fit. Nothing when it can.
+std::optional<FieldMessage> unstorableText(const SlipText& field);
+
 /// Number for TS_NO: the increment of the highest one found, "100" when there is none and nothing was typed, otherwise
 /// what was typed. highest: as the server gave it, empty for none.
 QString proposedNumber(const QString& highest, const QString& typed);
@@ -58,7 +62,23 @@ double total(double service, double labour, double parts);
 QString newSlipTitle();
 QString slipTitle(const QString& number);
 
-/// Hint of the status control for a slip that is or was at an outside service.
-QString outsideServiceHint(const OutsideService& service);
+/// Statuses that the slip's list offers: all but the passive ones. An existing slip keeps the last one in any case; meant.
+QStringList offeredStatuses(const std::function<bool(const QString& status)>& isPassive, bool isNewSlip);
+
+/// True when picking that item of a list of count statuses delivers the device: goes by the place, whatever status stands
+/// there; meant.
+bool isDelivery(int item, int count);
+
+/// The item that a confirmed outside service selects: goes by the place as well; meant.
+constexpr int outsideServiceItem = 7;
+
+/// Hint of the status control for a slip that is or was at an outside service: of a slip that was opened, and of a dialog
+/// that was confirmed. They differ in a word; meant.
+QString storedOutsideServiceHint(const OutsideService& service);
+QString confirmedOutsideServiceHint(const OutsideService& service);
+/// Exit date that the dialog begins with: the slip's, otherwise today.
+QString proposedExitDate(const OutsideService& service);
+/// Days of a text; 0 when it is no number.
+int deliveryDays(const QString& text);
 
 }  // namespace SlipRules

@@ -1,6 +1,10 @@
 #include "tests/service/slip_form_fixture.h"
 
 #include "app/data/latin5.h"
+#include "app/parameter_models.h"
+
+#include <QListView>
+#include <QTableView>
 
 #include <stdexcept>
 
@@ -89,4 +93,16 @@ void SlipFormTest::addLine(TfServisFis* slip, const QString& part, const QString
   const int row = model->rowCount() - 1;
   const QString values[] = {QString::number(row + 1), part, quantity, amount};
   for (int column = 0; column < 4; ++column) ASSERT_TRUE(model->setData(model->index(row, column), values[column], Qt::EditRole));
+}
+
+void SlipFormTest::switchOn(int parameter) {
+  QAbstractItemModel* list = parameters.findChild<QListView*>(u"ParamList"_s)->model();
+  ASSERT_TRUE(list->setData(list->index(parameter, 0), Qt::Checked, Qt::CheckStateRole));
+}
+
+void SlipFormTest::makePassive(const QString& status) {
+  QAbstractItemModel* table = parameters.findChild<QTableView*>(u"islemColor"_s)->model();
+  const QModelIndexList found = table->match(table->index(0, StatusModel::Name), Qt::DisplayRole, status, 1, Qt::MatchExactly);
+  ASSERT_EQ(found.size(), 1);
+  ASSERT_TRUE(table->setData(table->index(found.first().row(), StatusModel::State), u"PASİF"_s, Qt::EditRole));
 }

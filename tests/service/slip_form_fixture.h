@@ -3,7 +3,9 @@
 #include "app/dmUnit.h"
 #include "app/guard.h"
 #include "app/kvbankUnit.h"
+#include "app/parameters.h"
 #include "app/Unit14.h"
+#include "reminders/fhatirlat_unit.h"
 #include "service/fservisfis_unit.h"
 #include "tests/support/test_database.h"
 #include "toolkit/edits/balloon.h"
@@ -22,6 +24,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+
+/// Failures show texts as texts.
+inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
 
 /// What the scripted dialogs were asked, and what they answer.
 struct DialogScript {
@@ -80,6 +85,9 @@ class SlipFormTest : public testing::Test {
   /// Puts the cursor into a box and types over what is there.
   static void enter(TfServisFis* slip, const QString& column, const QString& characters);
   void addLine(TfServisFis* slip, const QString& part, const QString& quantity, const QString& amount);
+  /// Sets a switch of the parameters; takes a status out of the slips' list.
+  void switchOn(int parameter);
+  void makePassive(const QString& status);
   void save(TfServisFis* slip) { slip->aKaydet->trigger(); }
   /// Does the work between the re-read of the slip and its write, once.
   static void beforeNextPost(TfServisFis* slip, std::function<void()> work) {
@@ -94,6 +102,8 @@ class SlipFormTest : public testing::Test {
   TestDatabase database;
   TfKvb workspace;
   TDM dataModule;
+  TfParametreler parameters;
+  TfHatirlat reminder;
   TLogin_Form login;
 
  private:

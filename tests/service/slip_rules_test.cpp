@@ -105,6 +105,32 @@ TEST(SlipRules, ListsKeepTheirPlacesAndTheirTwoSpellings) {
 }
 
 TEST(SlipRules, OutsideServiceHintHasFiveLines) {
-  EXPECT_EQ(SlipRules::outsideServiceHint({u"ARÇELİK"_s, u"01.02.2026"_s, {}, u"KART"_s, 15}),
-            u"Dış Servis: ARÇELİK\nÇık. Tarih: 01.02.2026\nGir. Tarih: \nAçıklama: KART\nTeslim Süre: 15Gün"_s);
+  const OutsideService service{u"ARÇELİK"_s, u"01.02.2026"_s, {}, u"KART"_s, 15};
+  const QString lines = u"Dış Servis: ARÇELİK\nÇık. Tarih: 01.02.2026\nGir. Tarih: \nAçıklama: KART\nTeslim Süre: 15"_s;
+  EXPECT_EQ(SlipRules::storedOutsideServiceHint(service), lines + u"Gün"_s);
+  EXPECT_EQ(SlipRules::confirmedOutsideServiceHint(service), lines);
+  EXPECT_EQ(SlipRules::confirmedOutsideServiceHint({}), QString());
+}
+
+TEST(SlipRules, PassiveStatusesLeaveTheList) {
+  const struct {
+    QStringList passive;
+    bool isNewSlip;
+    int outsideServicePlace;
+    QString last;
+  } cases[] = {{{}, true, 7, u"TESLİM EDİLDİ"_s},
+               {{u"SERVİSE ALINDI"_s}, true, 6, u"TESLİM EDİLDİ"_s},
+               {{u"DIŞ SERVİSTE"_s}, false, -1, u"TESLİM EDİLDİ"_s},
+               {{u"TESLİM EDİLDİ"_s}, true, 7, u"FATURALANDI"_s},
+               // An existing slip can be delivered whatever the parameters say.
+               {{u"TESLİM EDİLDİ"_s, u"FATURALANDI"_s}, false, 7, u"TESLİM EDİLDİ"_s},
+               {SlipLists::statuses(), false, -1, u"TESLİM EDİLDİ"_s}};
+  for (const auto& one : cases) {
+    const QStringList offered = SlipRules::offeredStatuses([&](const QString& status) { return one.passive.contains(status); }, one.isNewSlip);
+    EXPECT_EQ(offered.indexOf(SlipLists::outsideServiceStatus()), one.outsideServicePlace);
+    EXPECT_EQ(offered.last(), one.last);
+    EXPECT_TRUE(SlipRules::isDelivery(int(offered.size()) - 1, int(offered.size())));
+  }
+  EXPECT_TRUE(SlipRules::offeredStatuses([](const QString&) { return true; }, true).isEmpty());
+  EXPECT_FALSE(SlipRules::isDelivery(-1, 0));
 }

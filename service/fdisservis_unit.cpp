@@ -1,0 +1,173 @@
+#include "service/fdisservis_unit.h"
+
+#include "app/date_text.h"
+#include "app/dmUnit.h"
+#include "app/editors/qcx_editors.h"
+#include "app/environment.h"
+#include "app/exceptions.h"
+#include "app/guard.h"
+#include "app/Unit14.h"
+#include "service/fservisfis_unit.h"
+#include "service/slip_rules.h"
+#include "toolkit/edits/date_edit.h"
+#include "toolkit/edits/lookup_edit.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int halfWidth = 225;
+constexpr int nameLength = 80;
+constexpr int noteLength = 200;
+constexpr int daysLength = 9;
+constexpr int belowStatusBox = 7;
+
+}  // namespace
+
+TfDisServis::TfDisServis(QWidget* parent)
+    : QDialog(parent),
+      qServis(DM->MySQL, u"qServis"_s),
+      TS_DISSERVIS(new LookupEdit(this)),
+      TS_DISSERVIS_CIKIS(new DateEdit(this)),
+      TS_DISSERVIS_GIRIS(new DateEdit(this)),
+      TS_DISSERVIS_BILGI(new qcxTextEdit(this)),
+      TS_DISSERVIS_TESLIM_SURE(new qcxTextEdit(this)),
+      store_(qServis),
+      firms_(qServis, {{u"DS_AD"_s, u"DIŞ SERVİS ADI"_s, 260}, {u"DS_ILCE_IL"_s, u"İLÇE / İL"_s, 130}, {u"DS_TEL"_s, u"TELEFON"_s, 120}}),
+      balloon_(this) {
+  setObjectName(u"fDisServis"_s);
+  setWindowTitle(u"Dış Servis Bilgileri"_s);
+  buildBoxes();
+  buildCommands();
+  layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+TfDisServis::~TfDisServis() { TS_DISSERVIS->setSource(nullptr); }
+
+void TfDisServis::buildBoxes() {
+  const auto setUp = [](EditBox* box, const QString& column, const QString& caption, int maximumLength) {
+    box->setObjectName(column);
+    box->setCaption(caption);
+    box->setMaxLength(maximumLength);
+    box->setEnterMovesOn(true);
+    box->setMinimumWidth(halfWidth);
+  };
+  setUp(TS_DISSERVIS, u"TS_DISSERVIS"_s, u"  DIŞ SERVİS ADI"_s, nameLength);
+  setUp(TS_DISSERVIS_CIKIS, u"TS_DISSERVIS_CIKIS"_s, u"  ÇIKIŞ TARİH"_s, 0);
+  setUp(TS_DISSERVIS_GIRIS, u"TS_DISSERVIS_GIRIS"_s, u"  GİRİŞ TARİH"_s, 0);
+  setUp(TS_DISSERVIS_BILGI, u"TS_DISSERVIS_BILGI"_s, u"  AÇIKLAMA"_s, noteLength);
+  setUp(TS_DISSERVIS_TESLIM_SURE, u"TS_DISSERVIS_TESLIM_SURE"_s, u"  TESLİM SÜRESİ"_s, daysLength);
+  TS_DISSERVIS->setCharCase(CharCase::Upper);
+  TS_DISSERVIS_BILGI->setCharCase(CharCase::Upper);
+  TS_DISSERVIS_TESLIM_SURE->setOnlyChars(u"0123456789"_s);
+  TS_DISSERVIS->setSource(&firms_);
+  // A name that no firm has leaves the chosen firm in place, so that it renames it: meant.
+  connectGuarded(TS_DISSERVIS, &LookupEdit::entryTaken, this, [this](int row) { firm_ = store_.firmAt(row); });
+
+  auto* column = new QVBoxLayout(this);
+  auto* boxes = new QGridLayout;
+  column->addLayout(boxes);
+  boxes->addWidget(TS_DISSERVIS, 0, 0, 1, 2);
+  boxes->addWidget(TS_DISSERVIS_CIKIS, 1, 0);
+  boxes->addWidget(TS_DISSERVIS_GIRIS, 1, 1);
+  boxes->addWidget(TS_DISSERVIS_BILGI, 2, 0, 1, 2);
+  boxes->addWidget(TS_DISSERVIS_TESLIM_SURE, 3, 0);
+}
+
+void TfDisServis::buildCommands() {
+  auto* bar = new QHBoxLayout;
+  bar->addStretch(1);
+  const auto addCommand = [&](const QString& name, const QString& caption, const QString& icon, QKeySequence key) {
+    auto* command = new QAction(QIcon::fromTheme(icon), caption, this);
+    command->setObjectName(name);
+    command->setShortcut(key);
+    addAction(command);
+    auto* button = new QToolButton(this);
+    button->setDefaultAction(command);
+    button->setObjectName(name + u"Button"_s);
+    button->setAccessibleName(caption);
+    button->setToolTip(caption);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setIconSize(QSize(22, 22));
+    button->setFocusPolicy(Qt::StrongFocus);
+    bar->addWidget(button);
+    if (saveButton_ == nullptr) saveButton_ = button;
+    return command;
+  };
+  aKaydet = addCommand(u"aKaydet"_s, u"F2 » Tamam"_s, u"dialog-ok-apply"_s, Qt::Key_F2);
+  aVazgec = addCommand(u"aVazgec"_s, u"F3 » Vazgeç"_s, u"dialog-cancel"_s, Qt::Key_F3);
+  static_cast<QVBoxLayout*>(layout())->addLayout(bar);
+  connectGuarded(aKaydet, &QAction::triggered, this, [this] { confirm(); });
+  connectGuarded(aVazgec, &QAction::triggered, this, [this] { reject(); });
+}
+
+int TfDisServis::Giris(TfServisFis& slip) {
+  store_.open();
+  TS_DISSERVIS->sourceChanged();
+  slip_ = &slip;
+  const OutsideService& held = slip.outsideService();
+  TS_DISSERVIS->setText(held.firm);
+  TS_DISSERVIS_CIKIS->setText(SlipRules::proposedExitDate(held));
+  TS_DISSERVIS_GIRIS->setText(held.returnDate);
+  TS_DISSERVIS_BILGI->setText(held.note);
+  TS_DISSERVIS_TESLIM_SURE->setText(QString::number(held.deliveryDays));
+  firm_ = store_.findFirm(held.firm);
+
+  const QWidget* status = slip.control(u"TS_TURU"_s);
+  move(status->mapToGlobal(QPoint(0, status->height() + belowStatusBox)));
+  TS_DISSERVIS->line()->setFocus();
+  return exec();
+}
+
+void TfDisServis::confirm() {
+  saveButton_->setFocus();  // runs what leaving the current box does
+  if (!isReadable()) return;
+  const QString name = TS_DISSERVIS->text();
+  writeFirm(name);
+  OutsideService service;
+  if (!name.isEmpty())
+    service = {name, TS_DISSERVIS_CIKIS->text(), TS_DISSERVIS_GIRIS->text(), TS_DISSERVIS_BILGI->text(),
+               SlipRules::deliveryDays(TS_DISSERVIS_TESLIM_SURE->text())};
+  slip_->setOutsideService(service, SlipRules::confirmedOutsideServiceHint(service));
+  done(Confirmed);
+}
+
+/// False, with a balloon at the box, while one holds what no slip can keep.
+bool TfDisServis::isReadable() {
+  for (DateEdit* date : {TS_DISSERVIS_CIKIS, TS_DISSERVIS_GIRIS}) {
+    try {
+      date->date();
+    } catch (const EConvertError& error) {
+      date->line()->setFocus();
+      balloon_.showAt(date, error.message());
+      return false;
+    }
+  }
+  for (EditBox* box : {static_cast<EditBox*>(TS_DISSERVIS), static_cast<EditBox*>(TS_DISSERVIS_BILGI)}) {
+    const auto refusal = SlipRules::unstorableText({box->objectName(), box->accessibleName(), box->text(), box->maxLength()});
+    if (!refusal) continue;
+    box->line()->setFocus();
+    balloon_.showAt(box, refusal->text);
+    return false;
+  }
+  return true;
+}
+
+/// A failure is told to nobody: meant. The slip keeps the name as text all the same.
+void TfDisServis::writeFirm(const QString& name) {
+  // An emptied box takes the firm off the slip; its card keeps the name.
+  if (name.trimmed().isEmpty()) return;
+  try {
+    if (firm_ == OutsideServiceStore::noFirm)
+      store_.addFirm(name);
+    else
+      store_.renameFirm(firm_, name);
+  } catch (const Exception& error) {
+    Login_Form->Log(error.message(), &error);
+  }
+}

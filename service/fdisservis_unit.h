@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/data/my_query.h"
+#include "service/outside_service_store.h"
+#include "service/slip_look_ups.h"
+#include "toolkit/edits/balloon.h"
+
+#include <QDialog>
+
+class DateEdit;
+class LookupEdit;
+class QToolButton;
+class TfServisFis;
+class qcxTextEdit;
+
+/// "Dış Servis Bilgileri": where a slip's device went, when it left and came back, and how many days were promised. Works
+/// on DM's connection.
+class TfDisServis : public QDialog {
+  Q_OBJECT
+ public:
+  explicit TfDisServis(QWidget* parent = nullptr);
+  ~TfDisServis() override;
+
+  static constexpr int Confirmed = 6;
+  static constexpr int GivenUp = 2;
+
+  /// Shows what the slip holds, modally under its status box, and puts it back when confirmed. A name that no firm has
+  /// becomes a firm; a name typed over a chosen one renames that one: meant. Throws EDatabaseError.
+  int Giris(TfServisFis& slip);
+
+  TMyQuery qServis;
+  LookupEdit* TS_DISSERVIS;
+  DateEdit* TS_DISSERVIS_CIKIS;
+  DateEdit* TS_DISSERVIS_GIRIS;
+  qcxTextEdit* TS_DISSERVIS_BILGI;
+  qcxTextEdit* TS_DISSERVIS_TESLIM_SURE;
+  QAction* aKaydet;
+  QAction* aVazgec;
+
+  void reject() override { done(GivenUp); }
+
+ private:
+  void buildBoxes();
+  void buildCommands();
+  void confirm();
+  bool isReadable();
+  void writeFirm(const QString& name);
+
+  OutsideServiceStore store_;
+  QueryLookup firms_;
+  Balloon balloon_;
+  QToolButton* saveButton_ = nullptr;
+  TfServisFis* slip_ = nullptr;
+  qint64 firm_ = OutsideServiceStore::noFirm;
+};
