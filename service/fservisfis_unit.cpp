@@ -63,11 +63,11 @@ TfServisFis::TfServisFis(QWidget* parent)
       store_(DM->MySQL, qServis, qMalzeme, DM->pGetQ),
       balloon_(this) {
   setObjectName(u"fServisFis"_s);
-  if (SlipParameters::isOn(ParameterFiles::SlipFillsWorkspace)) setWindowState(Qt::WindowMaximized);
   buildCommands();
   buildPages();
   connectFields();
   setMode(Mode::Browse);
+  if (SlipParameters::isOn(ParameterFiles::SlipFillsWorkspace)) setWindowState(Qt::WindowMaximized);
   openEditors().append(this);
   fServisFis = this;
 }

@@ -78,6 +78,7 @@ ChildWindows::~ChildWindows() {
 
 QMdiSubWindow* ChildWindows::add(QWidget* content) {
   if (ChildWindow* present = windowOf(content)) return present;
+  const bool fillsArea = content->isMaximized();
   auto* window = new ChildWindow(content);
   windows_.append(window);
   strip_->addTab(content->windowTitle());
@@ -88,7 +89,7 @@ QMdiSubWindow* ChildWindows::add(QWidget* content) {
   connectGuarded(window, &ChildWindow::closed, this, [this, window] { forget(window); });
   area_->addSubWindow(window);
   const QSize spare = area_->viewport()->size() - window->sizeHint();
-  if (spare.width() < 0 || spare.height() < 0) {
+  if (fillsArea || spare.width() < 0 || spare.height() < 0) {
     window->showMaximized();
   } else {
     const int offset = CascadeStep * (count() - 1);

@@ -48,8 +48,8 @@ class ChildWindows : public QWidget {
   ChildTabStrip* tabStrip() { return strip_; }
   RedrawLock& redrawLock() { return redrawLock_; }
 
-  /// Shows content in a child window with a tab and makes it the active one; the window owns it and goes with it. A
-  /// content that has a window keeps that one. Never null.
+  /// Shows content in a child window with a tab and makes it the active one; the window owns it and goes with it. It fills
+  /// the area when content asks to be maximised. A content that has a window keeps that one. Never null.
   QMdiSubWindow* add(QWidget* content);
   void setCaption(QWidget* content, const QString& caption);
   /// Contents of the child windows, first to last.
