@@ -7,6 +7,7 @@
 #include "app/program_paths.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
+#include "reminders/fhatirlat_unit.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/text_edit.h"
@@ -213,6 +214,7 @@ TEST_F(WorkspaceTest, ParametersOpenByTheirCommandAndMayHideTheRibbonsGroups) {
   TfKvb workspace;
   TDM data;
   TfParametreler parameters;
+  TfHatirlat reminder;
   QTimer::singleShot(0, &parameters, [&] {
     EXPECT_TRUE(parameters.isVisible() && parameters.isModal());
     parameters.reject();
