@@ -1,0 +1,53 @@
+#include "cards/card_conflict.h"
+
+#include "app/conflict_text.h"
+#include "app/data/my_query.h"
+#include "app/dmUnit.h"
+#include "app/quendUtils.h"
+#include "app/Unit14.h"
+#include "cards/card_rules.h"
+#include "cards/card_store.h"
+#include "toolkit/edits/balloon.h"
+#include "toolkit/edits/edit_box.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Saves without the check for changes by others; it is on from then on, whether it was before or not: meant.
+void saveOverOthers(const ConflictingCard& card) {
+  card.cards.Options.CheckRowVersion = false;
+  try {
+    card.saveAgain();
+  } catch (...) {
+    card.cards.Options.CheckRowVersion = true;
+    throw;
+  }
+  card.cards.Options.CheckRowVersion = true;
+}
+
+}  // namespace
+
+bool answerCardConflict(const ConflictingCard& card, const QString& className, const QString& message) {
+  const QString column = card.uniqueBox->objectName();
+  switch (CardRules::failureOf(className, message, column)) {
+    case CardFailure::AskWhetherRowIsThere:
+      // Goes by the text that the box holds now, so that a card whose name was changed counts as deleted: meant.
+      if (!CardStore::exists(DM->pGetQ, card.table, column, card.uniqueBox->text())) {
+        QuendUtil->ErrorMesaj(card.editor, ConflictText::deletedMeanwhile());
+        return false;
+      }
+      if (QuendUtil->Mesaj(card.editor, ConflictText::changedMeanwhile()) == TQuendUtil::Confirmed) saveOverOthers(card);
+      return true;
+    case CardFailure::TellDeleted:
+      QuendUtil->ErrorMesaj(card.editor, ConflictText::deletedMeanwhile());
+      return false;
+    case CardFailure::TellDuplicate:
+      card.balloon.showAt(card.uniqueBox, ConflictText::duplicateValue(card.uniqueCaption));
+      return false;
+    case CardFailure::SayNothing:
+      Login_Form->Log(className + u": "_s + message);
+      return true;
+  }
+  Q_UNREACHABLE();
+}

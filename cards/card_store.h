@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/data/my_query.h"
+
+/// Every statement of the card screens. What runs one throws EDatabaseError and its children.
+namespace CardStore {
+
+/// Give the queries of the screens their statements and options.
+void setUpCustomers(TMyQuery& qCari);
+void setUpCustomerDevices(TMyQuery& qmCihaz);
+void setUpDevices(TMyQuery& qCihaz);
+void setUpFirms(TMyQuery& qDisServis);
+void setUpServiceTypes(TMyQuery& qServisTip);
+
+/// Opens the devices of the customer with that CA_ID.
+void openDevicesOf(TMyQuery& qmCihaz, qint64 customer);
+
+/// True for a filter that names a column of the customers' devices.
+bool goesByDevice(const FilterExpression& filter);
+/// Opens the customers who have a device that passes the filter. Their statement stays as it was when that fails.
+void openByDevice(TMyQuery& qCari, const FilterExpression& filter);
+
+/// True when the table has a row with that text in that column. query: any that is free.
+bool exists(TMyQuery& query, const QString& table, const QString& column, const QString& text);
+
+}  // namespace CardStore
