@@ -4,8 +4,11 @@
 #include "toolkit/grid/grid_column.h"
 
 #include <QColor>
+#include <QHash>
+#include <QKeySequence>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -58,8 +61,8 @@ class DataGrid : public QWidget {
   void setEmptyText(const QString& text);
   /// Colour of a row's text; an invalid one is the usual.
   void setRowColor(std::function<QColor(int row)> color);
-  /// Called when the user sorts, in place of the grid's own sorting in memory; reads the rows again in that order. The keys
-  /// are those of the headers, without the groups'.
+  /// Called when the order changes, also by a restored layout or while the query is closed, in place of the grid's own
+  /// sorting in memory; reads the rows again in that order. The keys are those of the headers, without the groups'.
   void setSortHandler(std::function<void(const std::vector<GridSort>& order)> handler);
   /// Asked before a filter narrows the rows; true means that the screen has seen to it itself. Nothing is no filter.
   void setFilterHandler(std::function<bool(const std::optional<FilterExpression>& filter)> handler);
@@ -96,10 +99,21 @@ class DataGrid : public QWidget {
   QStringList grouping() const;
   void setGrouping(const QStringList& fields);
   void clearGrouping() { setGrouping({}); }
+  /// Groups are ordered by what is shown ("2.1." before "10.1."), not by value.
+  void setGroupsComparedAsText(bool on) { groupsAsText_ = on; }
   void setAllExpanded(bool expanded);
   /// Field of the column that the cursor stands in; empty when there is none.
   QString currentField() const;
+  /// The last visible column stays.
   void setColumnVisible(const QString& field, bool visible);
+  bool isColumnVisible(const QString& field) const;
+  void openColumnChooser();
+  /// Fills the menu of a column's header with its commands.
+  void fillHeaderMenu(QMenu& menu, const QString& field);
+
+  /// Writes the row in edit, if there is one; false when it was refused and stays in edit. To be asked before the grid's
+  /// screen closes.
+  bool postEdits();
 
   /// Order, widths, visibility, grouping and sorting of the columns, as text in a file. Storing throws EInOutError.
   void storeLayout(const QString& file) const;
@@ -113,6 +127,7 @@ class DataGrid : public QWidget {
   std::unique_ptr<TableContent> content(bool expanded) const;
 
   GridView* view() const { return view_; }
+  GridFooter* footer() const { return footer_; }
   GridModel* model() const { return model_; }
   FilterRow* filterRow() const { return filterRow_; }
 
@@ -124,10 +139,40 @@ class DataGrid : public QWidget {
   void rejected(const QString& message);
 
  private:
-  class Impl;
+  void build(const QString& caption);
+  void buildCommands();
+  void buildNavigator();
+  void addKey(const QString& name, const QKeySequence& key, std::function<void()> work);
+  void rowsRead();
+  void cursorMoved(int line);
+  void applyFilter();
+  QString inForceText() const;
+  void applyOrder();
+  void applyGrouping(std::vector<GridSort> levels);
+  void showGrouping();
+  void sortBy(const QString& field, Qt::KeyboardModifiers modifiers);
+  void toggleGroup(const QString& field);
+  void moveColumn(int by);
+  void fitColumn(int column);
+  void step(int by);
+  void addRow();
+  void copySelection() const;
+
   TMyQuery& query_;
   GridModel* model_;
   GridView* view_;
   FilterRow* filterRow_;
-  std::unique_ptr<Impl> impl_;
+  FilterBox* filterBox_ = nullptr;
+  GroupArea* groupArea_ = nullptr;
+  GridFooter* footer_ = nullptr;
+  QWidget* navigator_ = nullptr;
+  GridEditing editing_ = GridEditing::None;
+  std::vector<GridSort> order_;
+  std::optional<FilterExpression> ownFilter_;  ///< what the filter row cannot tell
+  std::optional<FilterExpression> inForce_;
+  bool filterEnabled_ = true;
+  bool groupsAsText_ = false;
+  std::function<void(const std::vector<GridSort>&)> sortHandler_;
+  std::function<bool(const std::optional<FilterExpression>&)> filterHandler_;
+  QHash<int, int> widths_;  ///< of hidden columns
 };

@@ -7,6 +7,8 @@
 #include <functional>
 #include <vector>
 
+class LookupSource;
+
 enum class GridSummary { None, Count, Sum };
 
 /// A stored value and the text that it is shown as.
@@ -17,18 +19,20 @@ struct GridListValue {
 
 /// One column of a DataGrid, as its screen describes it.
 struct GridColumn {
-  QString field;
-  QString caption;
+  QString field = {};
+  QString caption = {};
   int width = 100;           ///< logical pixels at 100 %
   bool visible = true;       ///< shown until the user says otherwise
   bool offered = true;       ///< false: never shown, and not in the column chooser
-  QString displayFormat;     ///< of numbers, as NumberText::formatted understands it; empty shows the value as it is
+  QString displayFormat = {};     ///< of numbers, as NumberText::formatted understands it; empty shows the value as it is
   GridSummary summary = GridSummary::None;  ///< in the footer, over all rows that pass the filter
-  QString summaryFormat;
+  QString summaryFormat = {};
   GridSummary groupSummary = GridSummary::None;  ///< in the footer of each group
-  QString groupSummaryFormat;
-  std::vector<GridListValue> values;  ///< fixed value list; a value that is not in it is shown as it is
-  std::function<QString(const Value& key)> lookUp;  ///< text that stands for a key of another table; empty when unused
+  QString groupSummaryFormat = {};
+  std::vector<GridListValue> values = {};  ///< fixed value list; a value that is not in it is shown as it is
+  std::function<QString(const Value& key)> lookUp = {};  ///< text that stands for a key of another table; empty when unused
+  const LookupSource* choices = nullptr;  ///< rows that the filter row's cell offers; not owned
+  std::function<void()> refreshChoices = {};   ///< called before they drop down
   bool upperCase = false;    ///< a typed text is turned to Turkish capitals when the cell is left
   bool readOnly = false;     ///< in a grid that is edited in place
   bool stretches = false;    ///< takes the room that is left

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "tests/data/query_fixture.h"
+#include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/grid_view.h"
+
+#include <QAbstractItemModelTester>
+#include <QTest>
+
+/// A grid over the table "deneme", shown in a window of its own, its model watched over.
+class GridTest : public QueryTest {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  static std::vector<GridColumn> columns();
+  /// Six rows with Turkish names, two of them with the same amount, one without a date.
+  void fill();
+  /// Opens the query with all rows in the order of their keys and shows the grid over it.
+  void show(std::vector<GridColumn> shown = columns());
+  /// Texts of a column from top to bottom; groups in brackets, group footers as "=…", the line for new rows as "+".
+  QStringList lines(const QString& field = QStringLiteral("AD")) const;
+  void type(const QString& text) const {
+    for (const QChar letter : text) QTest::sendKeyEvent(QTest::Click, target(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
+  }
+  void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const { QTest::keyClick(target(), Qt::Key(key), modifiers); }
+  /// What has the keyboard within the grid: an in-place editor, a filter cell, or the rows.
+  QWidget* target() const;
+  QModelIndex cell(int line, const QString& field) const;
+  void picture(const char* name) const;
+
+  std::unique_ptr<DataGrid> grid;
+  std::unique_ptr<QAbstractItemModelTester> watch;
+};

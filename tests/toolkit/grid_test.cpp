@@ -1,0 +1,326 @@
+#include "tests/toolkit/grid_fixture.h"
+
+#include "toolkit/grid/filter_cell.h"
+#include "toolkit/grid/filter_row.h"
+#include "toolkit/grid/grid_footer.h"
+#include "toolkit/grid/grid_header.h"
+#include "toolkit/grid/table_content.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList allNames{u"İSTAX"_s, u"ÇINAR"_s, u"CAN"_s, u"ZEKI \"K\" O'NEIL"_s, u"şeker"_s, u""_s};
+
+}  // namespace
+
+TEST_F(GridTest, ShowsRowsWithFormatsFooterAndEmptyText) {
+  show();
+  EXPECT_EQ(lines(), QStringList());
+  picture("grid_empty");
+  fill();
+  query.Refresh();
+  EXPECT_EQ(lines(), allNames);
+  EXPECT_EQ(lines(u"TUTAR"_s), (QStringList{u"10,00"_s, u"20,50"_s, u"20,50"_s, u"-5,00"_s, u"1.250,00"_s, u""_s}));
+  EXPECT_EQ(lines(u"KISA"_s), (QStringList{u"AÇIK"_s, u"KAPALI"_s, u"AÇIK"_s, u""_s, u"KAPALI"_s, u"AÇIK"_s}));
+  EXPECT_EQ(grid->footer()->textOf(grid->model()->columnOf(u"NO"_s)), u"6 Kayıt"_s);
+  EXPECT_EQ(grid->footer()->textOf(grid->model()->columnOf(u"TUTAR"_s)), u"1.296,00"_s);
+  EXPECT_FALSE(grid->isColumnVisible(u"ID"_s));
+  picture("grid_plain");
+}
+
+TEST_F(GridTest, TheQueryFollowsTheCursorAndEnterChooses) {
+  fill();
+  show();
+  QSignalSpy chosen(grid.get(), &DataGrid::rowChosen);
+  press(Qt::Key_Down);
+  press(Qt::Key_Down);
+  EXPECT_EQ(query.RecNo(), 2);
+  press(Qt::Key_Return);
+  press(Qt::Key_End);
+  QTest::mouseDClick(grid->view()->viewport(), Qt::LeftButton, {}, grid->view()->visualRect(cell(4, u"AD"_s)).center());
+  ASSERT_EQ(chosen.size(), 2);
+  EXPECT_EQ(chosen[0][0].toInt(), 2);
+  EXPECT_EQ(chosen[1][0].toInt(), 4);
+  grid->setCurrentRow(5);
+  EXPECT_EQ(grid->currentRow(), 5);
+  EXPECT_EQ(query.RecNo(), 5);
+}
+
+TEST_F(GridTest, SortsByTheTurkishAlphabetAndByValue) {
+  fill();
+  show();
+  grid->setOrder({{u"AD"_s, false}});
+  EXPECT_EQ(lines(), (QStringList{u""_s, u"CAN"_s, u"ÇINAR"_s, u"İSTAX"_s, u"şeker"_s, u"ZEKI \"K\" O'NEIL"_s}));
+  grid->setOrder({{u"TUTAR"_s, true}, {u"AD"_s, true}});
+  EXPECT_EQ(lines(u"NO"_s), (QStringList{u"5"_s, u"2"_s, u"3"_s, u"1"_s, u"4"_s, u"6"_s}));
+  grid->setOrder({{u"TARIH"_s, false}});
+  EXPECT_EQ(lines(u"NO"_s), (QStringList{u"4"_s, u"5"_s, u"1"_s, u"6"_s, u"2"_s, u"3"_s}));
+
+  // By the mouse: a click sorts, a second one turns, Shift adds, Ctrl takes out.
+  std::vector<std::vector<GridSort>> asked;
+  grid->setSortHandler([&](const std::vector<GridSort>& order) { asked.push_back(order); });
+  const auto click = [&](const QString& field, Qt::KeyboardModifiers modifiers = {}) {
+    const int column = grid->model()->columnOf(field);
+    const int x = grid->view()->header()->sectionViewportPosition(column) + grid->view()->header()->sectionSize(column) / 2;
+    QTest::mouseClick(grid->view()->header()->viewport(), Qt::LeftButton, modifiers, QPoint(x, 8));
+  };
+  click(u"NO"_s);
+  click(u"NO"_s);
+  click(u"AD"_s, Qt::ShiftModifier);
+  picture("grid_sorted");
+  click(u"NO"_s, Qt::ControlModifier);
+  const std::vector<std::vector<GridSort>> expected{
+      {{u"NO"_s, false}}, {{u"NO"_s, true}}, {{u"NO"_s, true}, {u"AD"_s, false}}, {{u"AD"_s, false}}};
+  EXPECT_EQ(asked, expected);
+}
+
+TEST_F(GridTest, FilterRowNarrowsAsOneTypes) {
+  fill();
+  show();
+  grid->setFilterRow(true);
+  grid->setFilterUpperCase(true);
+  QCoreApplication::processEvents();
+  picture("grid_filter_prompt");
+  grid->view()->setCurrentIndex(cell(0, u"AD"_s));
+  press(Qt::Key_F, Qt::ControlModifier);
+  type(u"ş"_s);
+  type(u"e"_s);
+  EXPECT_EQ(lines(), allNames) << "waits for the last key";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return lines() == QStringList{u"şeker"_s}; }, 2000));
+  EXPECT_EQ(grid->filterRow()->condition(grid->model()->columnOf(u"AD"_s)).text, u"ŞE"_s);
+  EXPECT_EQ(grid->footer()->textOf(grid->model()->columnOf(u"NO"_s)), u"1 Kayıt"_s);
+  picture("grid_filter");
+  press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(lines(), allNames) << "switched off";
+  press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(lines().size(), 1);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(lines(), allNames) << "emptied";
+  type(u"i"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(lines(), (QStringList{u"İSTAX"_s, u"ZEKI \"K\" O'NEIL"_s}).mid(0, 1)) << "at once, and the dotted letter is another one";
+  EXPECT_EQ(QApplication::focusWidget(), grid->view()) << "Enter goes to the rows";
+  press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(lines(), allNames);
+}
+
+TEST_F(GridTest, FilterCellsUnderstandEveryKindOfColumn) {
+  fill();
+  show();
+  grid->setFilterRow(true);
+  const struct {
+    QString field;
+    FilterOperator comparison;
+    QString text;
+    QStringList numbers;
+  } cases[] = {
+      {u"TUTAR"_s, FilterOperator::Equal, u"20,5"_s, {u"2"_s, u"3"_s}},
+      {u"TUTAR"_s, FilterOperator::Equal, u">=20,5"_s, {u"2"_s, u"3"_s, u"5"_s}},
+      {u"TUTAR"_s, FilterOperator::Equal, u"<0"_s, {u"4"_s}},
+      {u"TUTAR"_s, FilterOperator::Between, u"10..1.250"_s, {u"1"_s, u"2"_s, u"3"_s, u"5"_s}},
+      {u"TUTAR"_s, FilterOperator::Empty, {}, {u"6"_s}},
+      {u"TUTAR"_s, FilterOperator::Equal, u">"_s, {u"1"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s, u"6"_s}},
+      {u"TARIH"_s, FilterOperator::Contains, u"03.2026"_s, {u"1"_s, u"2"_s, u"6"_s}},
+      {u"TARIH"_s, FilterOperator::Contains, u">05.03.2026"_s, {u"2"_s, u"3"_s}},
+      {u"TARIH"_s, FilterOperator::Equal, u"1.3.2026..31.3.2026"_s, {u"1"_s, u"2"_s, u"6"_s}},
+      {u"TARIH"_s, FilterOperator::NotEmpty, {}, {u"1"_s, u"2"_s, u"3"_s, u"5"_s, u"6"_s}},
+      {u"AN"_s, FilterOperator::Equal, u"06.03.2026"_s, {u"2"_s}},
+      {u"AN"_s, FilterOperator::Greater, u"06.03.2026"_s, {u"3"_s}},
+      {u"KISA"_s, FilterOperator::Contains, u"kapa"_s, {u"2"_s, u"5"_s}},
+      {u"AD"_s, FilterOperator::StartsWith, u"ç"_s, {u"2"_s}},
+      {u"AD"_s, FilterOperator::Contains, u"O'NEIL"_s, {u"4"_s}},
+      {u"AD"_s, FilterOperator::Contains, u"%"_s, {}},
+      {u"AD"_s, FilterOperator::Contains, u"日本"_s, {}},
+      {u"AD"_s, FilterOperator::Equal, u"ŞEKER"_s, {u"5"_s}},
+  };
+  for (const auto& each : cases) {
+    grid->clearFilter();
+    grid->setColumnFilter(each.field, each.comparison, each.text);
+    EXPECT_EQ(lines(u"NO"_s), each.numbers) << qPrintable(each.field + u' ' + each.text);
+  }
+  // What fits no number narrows nothing and is marked.
+  grid->clearFilter();
+  grid->setColumnFilter(u"TUTAR"_s, FilterOperator::Equal, u"on iki"_s);
+  EXPECT_EQ(lines().size(), 6);
+  EXPECT_FALSE(grid->filterRow()->cell(grid->model()->columnOf(u"TUTAR"_s))->line()->toolTip().isEmpty());
+  // Two cells narrow together; the screen may see to it itself.
+  grid->setColumnFilter(u"TUTAR"_s, FilterOperator::Equal, u"20,5"_s);
+  grid->setColumnFilter(u"AD"_s, FilterOperator::Contains, u"an"_s);
+  EXPECT_EQ(lines(u"NO"_s), QStringList{u"3"_s});
+  int asked = 0;
+  grid->setFilterHandler([&](const std::optional<FilterExpression>& filter) {
+    ++asked;
+    EXPECT_EQ(filter->conjuncts().size(), 3u);
+    return true;
+  });
+  grid->setColumnFilter(u"NO"_s, FilterOperator::Equal, u"9"_s);
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(lines(u"NO"_s), QStringList{u"3"_s});
+}
+
+TEST_F(GridTest, GroupsWithFootersOverSeveralLevels) {
+  fill();
+  show();
+  grid->setGroupArea(true);
+  grid->setGrouping({u"KISA"_s});
+  EXPECT_EQ(lines(), (QStringList{u"[DURUM: <boş> (1)]"_s, u"[DURUM: AÇIK (3)]"_s, u"[DURUM: KAPALI (2)]"_s}));
+  grid->view()->setCurrentLine(1);
+  press(Qt::Key_Plus);
+  EXPECT_EQ(lines(u"TUTAR"_s), (QStringList{u"[DURUM: <boş> (1)]"_s, u"[DURUM: AÇIK (3)]"_s, u"10,00"_s, u"20,50"_s, u""_s, u"=30,50 TL"_s,
+                                            u"[DURUM: KAPALI (2)]"_s}));
+  EXPECT_EQ(lines(u"NO"_s)[5], u"=3 Kayıt"_s);
+  picture("grid_grouped");
+  // Filtering keeps the groups, and what is open stays open.
+  grid->setFilterRow(true);
+  grid->setColumnFilter(u"TUTAR"_s, FilterOperator::Greater, u"10"_s);
+  EXPECT_EQ(lines(u"NO"_s), (QStringList{u"[DURUM: AÇIK (1)]"_s, u"3"_s, u"=1 Kayıt"_s, u"[DURUM: KAPALI (2)]"_s}));
+  grid->clearFilter();
+  grid->setGrouping({u"KISA"_s, u"TARIH"_s});
+  press(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(lines(u"NO"_s).size(), 3 + 5 + 6 + 8) << "groups, groups in them, rows, footers";
+  const auto content = grid->content(false);
+  EXPECT_EQ(content->rowCount(), 3 + 5 + 6 + 8 + 1);
+  grid->setAllExpanded(false);
+  EXPECT_EQ(grid->content(false)->rowCount(), 4);
+  const auto whole = grid->content(true);
+  EXPECT_EQ(whole->rowCount(), 3 + 5 + 6 + 8 + 1);
+  EXPECT_EQ(whole->groupText(1), u"TARİH: <boş> (1)"_s);
+  // A row in a closed group can be gone to.
+  grid->setCurrentRow(4);
+  EXPECT_EQ(grid->currentRow(), 4);
+  grid->clearGrouping();
+  EXPECT_EQ(lines(), allNames);
+}
+
+TEST_F(GridTest, DraggingACaptionIntoTheAreaGroups) {
+  fill();
+  show();
+  grid->setGroupArea(true);
+  QCoreApplication::processEvents();
+  GridHeader* header = grid->view()->header();
+  QWidget* viewport = header->viewport();
+  const int column = grid->model()->columnOf(u"AD"_s);
+  const QPoint from(header->sectionViewportPosition(column) + 60, 8);
+  QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+  for (const int y : {0, -6, -12}) QTest::mouseMove(viewport, QPoint(from.x() + 5, y));
+  QTest::mouseRelease(viewport, Qt::LeftButton, {}, QPoint(from.x() + 5, -12));
+  EXPECT_EQ(grid->grouping(), QStringList{u"AD"_s});
+  EXPECT_EQ(header->visualIndex(column), column) << "the column stays in its place";
+}
+
+TEST_F(GridTest, LettersSearchTheColumnOfTheCursor) {
+  fill();
+  show();
+  grid->view()->setCurrentIndex(cell(0, u"AD"_s));
+  type(u"ş"_s);
+  EXPECT_EQ(grid->currentRow(), 4);
+  EXPECT_EQ(grid->view()->searched(), u"ş"_s);
+  picture("grid_search");
+  type(u"x"_s);
+  EXPECT_EQ(grid->currentRow(), 4) << "nothing starts so: the cursor stays";
+  EXPECT_EQ(grid->view()->searched(), u"ş"_s);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(grid->view()->searched(), QString());
+  grid->view()->setCurrentIndex(cell(0, u"NO"_s));
+  type(u"3"_s);
+  EXPECT_EQ(grid->currentRow(), 2);
+  grid->view()->setCurrentIndex(cell(0, u"TUTAR"_s));
+  type(u"20"_s);
+  EXPECT_EQ(grid->currentRow(), 1);
+  press(Qt::Key_Down, Qt::ControlModifier);
+  EXPECT_EQ(grid->currentRow(), 2) << "the next hit";
+}
+
+TEST_F(GridTest, SelectsSeveralRowsCopiesAndDeletesThem) {
+  fill();
+  show();
+  grid->setMultiSelect(true);
+  grid->setCurrentRow(1);
+  press(Qt::Key_Down, Qt::ShiftModifier);
+  press(Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(grid->selectedRows(), (std::vector<int>{1, 2, 3}));
+  picture("grid_selected");
+  press(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(), u"2\tÇINAR\t20,50\t06.03.2026\tKAPALI\n3\tCAN\t20,50\t01.04.2026\tAÇIK\n"
+                                               u"4\t\"ZEKI \"\"K\"\" O'NEIL\"\t-5,00\t\t"_s);
+  grid->deleteSelectedRows();
+  EXPECT_EQ(lines(u"NO"_s), (QStringList{u"1"_s, u"5"_s, u"6"_s}));
+  EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"3"_s);
+  grid->clearSelection();
+  EXPECT_TRUE(grid->selectedRows().empty());
+}
+
+TEST_F(GridTest, LayoutIsKeptAndForeignFilesChangeNothing) {
+  fill();
+  show();
+  QTemporaryDir folder;
+  const QString file = folder.filePath(u"Düzen.ini"_s);
+  EXPECT_FALSE(grid->restoreLayout(file));
+  grid->view()->header()->moveSection(4, 1);
+  grid->view()->setColumnWidth(grid->model()->columnOf(u"AD"_s), 222);
+  grid->setColumnVisible(u"AN"_s, true);
+  grid->setColumnVisible(u"KISA"_s, false);
+  grid->setGrouping({u"TARIH"_s});
+  grid->setOrder({{u"AD"_s, true}});
+  grid->storeLayout(file);
+  const auto shownThen = grid->view()->shownColumns();
+  grid->resetLayout();
+  EXPECT_NE(grid->view()->shownColumns(), shownThen);
+  EXPECT_TRUE(grid->grouping().isEmpty());
+  ASSERT_TRUE(grid->restoreLayout(file));
+  EXPECT_EQ(grid->view()->shownColumns(), shownThen);
+  EXPECT_EQ(grid->view()->columnWidth(grid->model()->columnOf(u"AD"_s)), 222);
+  EXPECT_EQ(grid->grouping(), QStringList{u"TARIH"_s});
+  EXPECT_EQ(grid->order(), (std::vector<GridSort>{{u"AD"_s, true}}));
+
+  QFile in(file);
+  ASSERT_TRUE(in.open(QIODevice::ReadOnly));
+  const QByteArray good = in.readAll();
+  grid->resetLayout();
+  for (qsizetype length = 0; length <= good.size(); ++length) {
+    QFile out(file);
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(good.left(length));
+    out.close();
+    grid->restoreLayout(file);
+    EXPECT_FALSE(grid->view()->shownColumns().empty()) << length;
+    EXPECT_FALSE(grid->isColumnVisible(u"ID"_s)) << "never offered";
+  }
+  for (const QByteArray& foreign : {QByteArray("[Window]\nleft=3\n"), QByteArray(100, '\0'), QByteArray("[S\xC3\xBCtunlar]\nAD=-5,1\nYOK=50,1\n"),
+                                    QByteArray("[S\xC3\xBCtunlar]\nAD=100,0\nNO=100,0\n")}) {
+    QFile out(file);
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(foreign);
+    out.close();
+    EXPECT_FALSE(grid->restoreLayout(file)) << foreign.constData();
+  }
+}
+
+TEST_F(GridTest, ColumnsAreChosenAndTheLastOneStays) {
+  fill();
+  show();
+  grid->openColumnChooser();
+  auto* list = grid->findChild<QListWidget*>();
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(list->count(), 6) << "all but the one that is never offered";
+  if (qEnvironmentVariableIsSet("KVTK_SHOTS")) list->window()->grab().save(qEnvironmentVariable("KVTK_SHOTS") + u"/grid_chooser.png"_s);
+  for (int i = 0; i < list->count(); ++i) list->item(i)->setCheckState(Qt::Unchecked);
+  EXPECT_EQ(grid->view()->shownColumns().size(), 1u);
+  EXPECT_EQ(list->item(list->count() - 1)->checkState(), Qt::Checked);
+  list->window()->close();
+  QMenu menu;
+  grid->fillHeaderMenu(menu, u"AD"_s);
+  for (const QAction* action : menu.actions())
+    if (action->text() == u"Varsayılan görünüm"_s) const_cast<QAction*>(action)->trigger();
+  EXPECT_EQ(grid->view()->shownColumns().size(), 5u);
+}

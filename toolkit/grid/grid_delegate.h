@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class GridModel;
+class GridView;
+
+/// Paints a grid's cells, the searched-for part of one and the frame round the cursor's cell, and makes its in-place
+/// editors.
+class GridDelegate : public QStyledItemDelegate {
+  Q_OBJECT
+ public:
+  GridDelegate(GridModel* model, GridView* view);
+  /// Room between a cell's border and its text.
+  static constexpr int margin = 5;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+  void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
+
+ private:
+  GridModel* model_;
+  GridView* view_;
+};

@@ -1,0 +1,61 @@
+#include "toolkit/grid/grid_footer.h"
+
+#include "app/guard.h"
+#include "toolkit/grid/grid_header.h"
+#include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/grid_view.h"
+
+#include <QPainter>
+#include <QScrollBar>
+
+using namespace Qt::StringLiterals;
+
+GridFooter::GridFooter(GridModel* model, GridView* view, QWidget* parent) : QWidget(parent), model_(model), view_(view) {
+  setFixedHeight(view->fontMetrics().height() + 10);
+  idle_.setSingleShot(true);
+  idle_.setInterval(0);
+  connectGuarded(&idle_, &QTimer::timeout, this, [this] { workOut(); });
+  connectGuarded(model, &GridModel::summariesChanged, this, [this] {
+    if (!idle_.isActive()) idle_.start();
+  });
+  const auto repaint = [this] { update(); };
+  connectGuarded(view->header(), &QHeaderView::geometriesChanged, this, repaint);
+  connectGuarded(view->header(), &QHeaderView::sectionResized, this, repaint);
+  connectGuarded(view->header(), &QHeaderView::sectionMoved, this, repaint);
+  connectGuarded(view->horizontalScrollBar(), &QScrollBar::valueChanged, this, repaint);
+  idle_.start();
+}
+
+void GridFooter::workOut() {
+  idle_.stop();
+  texts_.clear();
+  QStringList spoken;
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    texts_.push_back(model_->footerText(column));
+    if (!texts_.back().isEmpty()) spoken += model_->columns()[size_t(column)].caption.trimmed() + u": "_s + texts_.back();
+  }
+  setAccessibleName(u"Toplamlar"_s);
+  setAccessibleDescription(spoken.join(u"; "_s));
+  update();
+}
+
+QString GridFooter::textOf(int column) {
+  if (idle_.isActive() || texts_.empty()) workOut();
+  return texts_[size_t(column)];
+}
+
+void GridFooter::paintEvent(QPaintEvent*) {
+  guarded(this, [&] {
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Button));
+    painter.setPen(palette().color(QPalette::Mid));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setPen(palette().color(QPalette::ButtonText));
+    for (const int column : view_->shownColumns()) {
+      if (size_t(column) >= texts_.size() || texts_[size_t(column)].isEmpty()) continue;
+      const int left = view_->viewport()->x() + view_->header()->sectionViewportPosition(column);
+      const QRect room(left, 0, view_->header()->sectionSize(column) - 4, height());
+      painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, texts_[size_t(column)]);
+    }
+  });
+}

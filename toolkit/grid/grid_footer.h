@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+#include <vector>
+
+class GridModel;
+class GridView;
+
+/// Counts and sums under the columns of a grid, scrolling with them. They are worked out when nothing else is to be done,
+/// so that the rows come up first.
+class GridFooter : public QWidget {
+  Q_OBJECT
+ public:
+  GridFooter(GridModel* model, GridView* view, QWidget* parent);
+
+  /// What stands under a column, worked out if it was not.
+  QString textOf(int column);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  void workOut();
+
+  GridModel* model_;
+  GridView* view_;
+  std::vector<QString> texts_;
+  QTimer idle_;
+};

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "toolkit/grid/grid_column.h"
+
+#include <QByteArray>
+#include <QHash>
+
+class TMyQuery;
+
+enum class GridRowKind : quint8 { Data, Group, GroupFooter, NewItem };
+
+/// One line of a grid.
+struct GridRow {
+  GridRowKind kind = GridRowKind::Data;
+  quint8 level = 0;  ///< groups that the line stands in
+  int index = -1;    ///< Data: row of the query; Group, GroupFooter: number of the group
+  bool operator==(const GridRow&) const = default;
+};
+
+struct GridGroup {
+  int level = 0;
+  int field = -1;      ///< of the query
+  int sampleRow = -1;  ///< a row of the query that belongs to it
+  int count = 0;       ///< rows in it
+  bool expanded = false;
+  QByteArray path;     ///< tells it from all other groups, also after the rows were read again
+  QHash<int, double> sums;  ///< per summed field, of an open group
+};
+
+/// Which lines a grid shows over a query's rows: sorted in memory, in groups, with a line for a new row. Without sorting and
+/// grouping nothing is kept per row.
+class GridRows {
+ public:
+  /// The query must outlive it.
+  explicit GridRows(const TMyQuery& query) : query_(&query) {}
+
+  /// Sorting in memory; an empty list leaves the query's own order. Takes effect with rebuild, as all that is set here.
+  void setOrder(std::vector<GridSort> order) { order_ = std::move(order); }
+  /// Levels of grouping from the outside in; asText orders the groups by what is shown, not by value.
+  void setGrouping(std::vector<GridSort> levels, bool asText);
+  const std::vector<GridSort>& grouping() const { return levels_; }
+  /// Fields whose sums stand in a footer of each group; withFooters shows the footers.
+  void setGroupSums(QStringList fields, bool withFooters);
+  void setNewItemRow(bool shown) { newItemRow_ = shown; }
+  /// Row of the query that is being written in the line for a new row, -1 for none; it has no line of its own.
+  void setHiddenRow(int row) { hiddenRow_ = row; }
+  int hiddenRow() const { return hiddenRow_; }
+  /// Row that the query has lost while its line is still counted, -1 for none; the line's own index is -1 then.
+  void setLostRow(int row) { lostRow_ = row; }
+
+  /// Works the lines out anew.
+  void rebuild();
+  /// A row was added behind all others, or taken away, and no line is kept per row: true, and the count follows.
+  bool follows(int queryRows);
+
+  int count() const;
+  GridRow at(int line) const;
+  /// Line of a row of the query; -1 when its group is closed.
+  int lineOf(int queryRow) const;
+  bool hasNewItemRow() const { return newItemRow_; }
+  bool isGrouped() const { return !levels_.empty(); }
+  const GridGroup& group(int number) const { return groups_[size_t(number)]; }
+
+  void setExpanded(int group, bool expanded);
+  void setAllExpanded(bool expanded);
+  /// Opens the groups that a row of the query stands in; true when one was closed.
+  bool openGroupsOf(int queryRow);
+
+ private:
+  QByteArray keyOf(int queryRow, int field) const;
+  void sortRows(std::vector<int>& rows) const;
+  void addLevel(std::vector<int>& rows, size_t level, const QByteArray& path);
+  bool isExpanded(const QByteArray& path) const { return expanded_.value(path, allExpanded_); }
+
+  const TMyQuery* query_;
+  std::vector<GridSort> order_;
+  std::vector<GridSort> levels_;
+  bool groupsAsText_ = false;
+  QStringList sumFields_;
+  bool footers_ = false;
+  bool newItemRow_ = false;
+  int hiddenRow_ = -1;
+  int lostRow_ = -1;
+  bool allExpanded_ = false;
+  QHash<QByteArray, bool> expanded_;
+  int plainRows_ = 0;           ///< rows of the query when no line is kept per row
+  bool plain_ = true;
+  std::vector<GridRow> lines_;  ///< otherwise
+  std::vector<GridGroup> groups_;
+};
