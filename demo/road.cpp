@@ -69,6 +69,66 @@ void fillByKeyboard(ScreenHands& hands) {
   if (filled.size() < deviceTakenIn.size()) throw StationMissed("not every field was reached by the keyboard");
 }
 
+void execute(const QString& statement) {
+  TMyQuery query(DM->MySQL, u"qDemo"_s);
+  query.SQL.setText(statement);
+  query.Execute();
+}
+
+bool isDialogUp(const QString& title) {
+  const QWidget* dialog = QApplication::activeModalWidget();
+  return dialog != nullptr && dialog->windowTitle() == title && dialog->isAncestorOf(QApplication::focusWidget());
+}
+
+/// The slip's dialogs: the list of statuses, the firm that the device goes to, and the reminder.
+void useDialogs(ScreenHands& hands) {
+  hands.click(u"TS_TURU"_s);
+  hands.picture(u"islem-durumlari"_s);
+  hands.press({u"Escape"_s, u"ctrl+Return"_s});
+  hands.waitFor(u"outside service"_s, [] { return isDialogUp(u"Dış Servis Bilgileri"_s); });
+  hands.type(u"yıldız yetkili servis"_s);
+  hands.press({u"Return"_s, u"Return"_s, u"Return"_s});
+  hands.type(u"anakart değişecek"_s);
+  hands.press({u"Return"_s});
+  hands.type(u"10"_s);
+  hands.picture(u"dis-servis"_s);
+  hands.press({u"F2"_s});
+  hands.waitFor(u"status of the outside service"_s, [] { return fServisFis->text(u"TS_TURU"_s) == u"DIŞ SERVİSTE"_s; });
+  hands.click(u"aHatirlat"_s);
+  hands.waitFor(u"reminder"_s, [] { return isDialogUp(u"Hatırlatma Notu"_s); });
+  hands.press({u"space"_s, u"Return"_s});
+  hands.type(u"0930"_s);
+  hands.press({u"Return"_s});
+  hands.type(u"müşteriyi ara"_s);
+  hands.picture(u"hatirlatma"_s);
+  hands.press({u"Escape"_s});
+  hands.waitFor(u"slip in front"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
+}
+
+/// The same device and the same customer have been here before; one of those slips is opened from the page.
+void lookAtHistory(ScreenHands& hands) {
+  const auto asAnotherWorkstation = [&](const QString& statement) {
+    hands.ask<bool>([&] {
+      execute(statement);
+      return true;
+    });
+  };
+  asAnotherWorkstation(
+      u"insert into teknikservis (TS_NO, TS_TARIH, TS_TURU, TS_MUSTERI, TS_C_AD, TS_C_SERINO, TS_TUTAR) values "
+      u"('E-1', '2025-11-04', 'TESLİM EDİLDİ', 'AYŞE IŞIK', 'DİZÜSTÜ BİLGİSAYAR', 'SN00471', 650), "
+      u"('E-2', '2026-02-17', 'İADE EDİLDİ', 'AYŞE IŞIK', 'DİZÜSTÜ BİLGİSAYAR', 'SN00471', 0)"_s);
+  for (const QString& page : {u"malzemeler"_s, u"notlar"_s, u"fotograf"_s, u"seri-no-gecmisi"_s, u"musteri-gecmisi"_s}) {
+    hands.press({u"ctrl+Next"_s});
+    hands.picture(page);
+  }
+  hands.press({u"Down"_s, u"Return"_s});
+  hands.waitFor(u"slip of the history"_s, [] { return slipTitle().startsWith(u"(E-"_s); });
+  hands.picture(u"gecmisten-acilan-fis"_s);
+  hands.press({u"F3"_s});
+  hands.waitFor(u"first slip in front"_s, [] { return slipTitle() == u"(100) Servis Fişi"_s; });
+  asAnotherWorkstation(u"delete from teknikservis where TS_NO like 'E-%'"_s);
+}
+
 /// Two parts on the page behind the first, each typed into the append row.
 void addParts(ScreenHands& hands) {
   hands.press({u"ctrl+Next"_s});
@@ -105,16 +165,14 @@ void walk(ScreenHands& hands) {
   hands.picture(u"yeni-fis"_s);
   fillByKeyboard(hands);
   hands.picture(u"doldurulmus-fis"_s);
+  useDialogs(hands);
   addParts(hands);
   hands.press({u"F2"_s});
   hands.waitFor(u"balloon"_s, [] { return showsText(u"Servis fiş kaydı tamamlandı."_s); });
   hands.picture(u"kayit-tamamlandi"_s);
   hands.waitFor(u"saved slip's title"_s, [] { return slipTitle() == u"(100) Servis Fişi"_s; });
   hands.waitFor(u"saved parts"_s, [] { return scalar(u"select sum(MZ_TUTAR) from malzeme"_s).startsWith(u"425,5"); });
-  for (const QString& page : {u"malzemeler"_s, u"notlar"_s, u"fotograf"_s, u"seri-no-gecmisi"_s, u"musteri-gecmisi"_s}) {
-    hands.press({u"ctrl+Next"_s});
-    hands.picture(page);
-  }
+  lookAtHistory(hands);
   hands.press({u"F3"_s});
   hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
   hands.picture(u"fis-kapandi"_s);

@@ -112,6 +112,7 @@ void TfHatirlat::clear() {
 void TfHatirlat::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   guarded(this, [&] {
+    adjustSize();  // a later change of size would place the window by its inside
     // Goes by the caller's size alone, wherever it stands on the screen: meant.
     if (caller_ != nullptr) move(caller_->width() / 2 - width() / 2, caller_->height() / 2);
     TS_HATIRLATMA_TARIH->setFocus();

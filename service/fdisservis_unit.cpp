@@ -118,6 +118,7 @@ int TfDisServis::Giris(TfServisFis& slip) {
   TS_DISSERVIS_TESLIM_SURE->setText(QString::number(held.deliveryDays));
   firm_ = store_.findFirm(held.firm);
 
+  adjustSize();  // a later change of size would place the window by its inside
   const QWidget* status = slip.control(u"TS_TURU"_s);
   move(status->mapToGlobal(QPoint(0, status->height() + belowStatusBox)));
   TS_DISSERVIS->line()->setFocus();

@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QScrollArea>
 #include <QShortcut>
@@ -179,6 +180,12 @@ void TfServisFis::connectFields() {
   onButton(u"TS_C_RAFNO"_s, 1, [this] { findDevice(); });
 
   onButton(u"TS_TURU"_s, outsideServiceButtonIndex, [this] { askOutsideService(); });
+  auto* status = fields_->edit<EditBox>(u"TS_TURU"_s);
+  status->setKeyFilter([status](const QKeyEvent& key) {
+    const bool isAsked = key.key() == Qt::Key_Return && key.modifiers() == Qt::ControlModifier;
+    if (isAsked) status->pressButton(outsideServiceButtonIndex);
+    return isAsked;
+  });
   onButton(u"TS_C_SERINO"_s, serialLabelIndex, [this] {
     const QString serial = text(u"TS_C_SERINO"_s);
     if (!serial.isEmpty() && slipHooks().showSerialStatistics) slipHooks().showSerialStatistics(serial);

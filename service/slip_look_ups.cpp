@@ -55,6 +55,7 @@ void SlipLookUps::connectLookUp(const QString& column, const QueryLookup& source
 }
 
 void SlipLookUps::open() {
+  if (qServisTip_.Active()) return;
   qCari_.Open();
   qCihaz_.Open();
   qServisTip_.Open();

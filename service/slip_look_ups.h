@@ -39,7 +39,7 @@ class SlipLookUps : public QObject {
   SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz, TMyQuery& qServisTip);
   ~SlipLookUps() override;
 
-  /// Reads all three lists. Throws EDatabaseError.
+  /// Reads all three lists, unless they are open. Throws EDatabaseError.
   void open();
   /// Reads customers and devices anew. Throws EDatabaseError.
   void refresh();
