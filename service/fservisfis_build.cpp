@@ -9,7 +9,7 @@
 #include "service/slip_picture_page.h"
 #include "service/slip_tables.h"
 #include "toolkit/edits/memo_edit.h"
-#include "toolkit/grid/query_table.h"
+#include "toolkit/grid/data_grid.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -139,11 +139,11 @@ QWidget* TfServisFis::buildLinesPage() {
   auto* page = new QWidget(pages_);
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(8, 8, 8, 8);
-  lines_ = new QueryTable(qMalzeme, SlipTables::lineColumns(), u"Malzemeler"_s, page);
+  lines_ = new DataGrid(qMalzeme, SlipTables::lineColumns(), u"Malzemeler"_s, page);
   lines_->setObjectName(u"lines"_s);
-  lines_->setEditable();
+  lines_->setEditing(GridEditing::Append);
   column->addWidget(lines_);
-  connectGuarded(lines_, &QueryTable::rejected, this, [this](const QString& message) { QuendHint(lines_, 0, message); });
+  connectGuarded(lines_, &DataGrid::rejected, this, [this](const QString& message) { QuendHint(lines_, 0, message); });
   return page;
 }
 
@@ -163,10 +163,10 @@ QWidget* TfServisFis::buildHistoryPage(const QString& caption) {
   auto* page = new QWidget(pages_);
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins(8, 8, 8, 8);
-  auto* table = new QueryTable(qSeri, SlipTables::slipColumns(), caption, page);
+  auto* table = new DataGrid(qSeri, SlipTables::historyColumns(), caption, page);
   table->setEmptyText(u"<Kayıt yok!>"_s);
   column->addWidget(table);
-  connectGuarded(table, &QueryTable::rowChosen, this, [this](int row) { openFromHistory(row); });
+  connectGuarded(table, &DataGrid::rowChosen, this, [this](int row) { openFromHistory(row); });
   return page;
 }
 

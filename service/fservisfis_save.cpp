@@ -20,7 +20,8 @@
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/edits/time_edit.h"
-#include "toolkit/grid/query_table.h"
+#include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/grid_view.h"
 
 #include <QCoreApplication>
 #include <QTabWidget>
@@ -83,6 +84,7 @@ bool TfServisFis::isReadyToSave() {
     QuendHint(lines_, 0, refusal);
     return false;
   }
+  if (!lines_->postEdits()) return false;
   return !showFieldMessage(SlipRules::validate(textsToSave())) && !showFieldMessage(fields_->unreadableField()) &&
          !showFieldMessage(unreadableReminder());
 }

@@ -7,11 +7,11 @@
 
 #include <memory>
 
+class DataGrid;
 class MemoEdit;
 class QAction;
 class QTabWidget;
 class QToolButton;
-class QueryTable;
 class SlipFieldsPage;
 class SlipLookUps;
 class SlipPicturePage;
@@ -123,7 +123,7 @@ class TfServisFis : public QWidget {
   QTabWidget* pages_ = nullptr;
   SlipFieldsPage* fields_ = nullptr;
   std::unique_ptr<SlipLookUps> lookUps_;
-  QueryTable* lines_ = nullptr;
+  DataGrid* lines_ = nullptr;
   MemoEdit* note_ = nullptr;
   SlipPicturePage* picture_ = nullptr;
 };

@@ -129,11 +129,16 @@ std::vector<GridColumn> historyColumns() {
   return slipGridColumns(SlipLists::historyStatuses(), SlipLists::browserWarrantyStates());
 }
 
-std::vector<QueryColumn> lineColumns() {
-  return {{u"MZ_SIRANO"_s, u"NO"_s, 60, {}, {}, false},
-          {u"MZ_PARCA_ADI"_s, u"PARÇA ADI"_s, 420, {}, {}, true},
-          {u"MZ_ADET"_s, u"MİKTAR"_s, 110, u",0.##"_s, u",0.##"_s, false},
-          {u"MZ_TUTAR"_s, u"TUTAR"_s, 130, u",0.00"_s, u",0.00"_s, false}};
+std::vector<GridColumn> lineColumns() {
+  const auto summed = [](const QString& field, const QString& caption, const QString& format) {
+    return GridColumn{.field = field, .caption = caption, .width = 130, .displayFormat = format, .summary = GridSummary::Sum, .summaryFormat = format};
+  };
+  return {{.field = u"MZ_ID"_s, .visible = false, .offered = false},
+          {.field = u"TS_NO_REF"_s, .visible = false, .offered = false},
+          {.field = u"MZ_SIRANO"_s, .caption = u"NO"_s, .width = 60},
+          {.field = u"MZ_PARCA_ADI"_s, .caption = u"PARÇA ADI"_s, .width = 420, .stretches = true},
+          summed(u"MZ_ADET"_s, u"MİKTAR"_s, u",0.##"_s),
+          summed(u"MZ_TUTAR"_s, u"TUTAR"_s, u",0.00"_s)};
 }
 
 std::vector<QueryColumn> slipColumns() {

@@ -7,7 +7,7 @@
 namespace SlipTables {
 
 /// The page "Malzemeler", with the sums of its footer.
-std::vector<QueryColumn> lineColumns();
+std::vector<GridColumn> lineColumns();
 /// A slip's columns, most used first.
 std::vector<QueryColumn> slipColumns();
 /// All columns of a slip, with sums, as the list of slips shows them.

@@ -89,10 +89,13 @@ void SlipFormTest::enter(TfServisFis* slip, const QString& column, const QString
 }
 
 void SlipFormTest::addLine(TfServisFis* slip, const QString& part, const QString& quantity, const QString& amount) {
-  QueryModel* model = lines(slip)->model();
-  const int row = model->rowCount() - 1;
-  const QString values[] = {QString::number(row + 1), part, quantity, amount};
-  for (int column = 0; column < 4; ++column) ASSERT_TRUE(model->setData(model->index(row, column), values[column], Qt::EditRole));
+  TMyQuery& query = slip->qMalzeme;
+  query.Append();
+  query.FieldByName(u"MZ_SIRANO"_s).set(query.RecordCount());
+  query.FieldByName(u"MZ_PARCA_ADI"_s).set(part);
+  query.FieldByName(u"MZ_ADET"_s).set(quantity);
+  query.FieldByName(u"MZ_TUTAR"_s).set(amount);
+  query.Post();
 }
 
 void SlipFormTest::switchOn(int parameter) {

@@ -13,6 +13,9 @@
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/grid_view.h"
 #include "toolkit/grid/query_table.h"
 
 #include <gmock/gmock.h>
@@ -77,7 +80,7 @@ class SlipFormTest : public testing::Test {
   static QString text(TfServisFis* slip, const QString& column) { return box(slip, column)->text(); }
   static QTabWidget* pages(TfServisFis* slip) { return slip->findChild<QTabWidget*>(QStringLiteral("pages")); }
   static MemoEdit* note(TfServisFis* slip) { return slip->findChild<MemoEdit*>(QStringLiteral("SF_NOT")); }
-  static QueryTable* lines(TfServisFis* slip) { return slip->findChild<QueryTable*>(QStringLiteral("lines")); }
+  static DataGrid* lines(TfServisFis* slip) { return slip->findChild<DataGrid*>(QStringLiteral("lines")); }
   static Balloon* balloon(TfServisFis* slip) { return slip->findChild<Balloon*>(); }
   /// Sends the characters to whatever has the focus, one key each.
   static void type(const QString& characters);

@@ -233,6 +233,7 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
       query_.Edit();
     }
     query_.field(field).set(stored);
+    isUntouched_ = false;
     return true;
   } catch (const EAbort&) {
     return false;
@@ -258,11 +259,16 @@ int GridModel::editingLine() const { return isEditingRow() ? rows_.lineOf(query_
 
 int GridModel::appendRow() {
   query_.Insert();
+  isUntouched_ = true;
   return editingLine();
 }
 
 void GridModel::postRow() {
-  if (isEditingRow()) query_.Post();
+  if (!isEditingRow()) return;
+  if (query_.state() == QueryState::Insert && isUntouched_)
+    query_.Cancel();
+  else
+    query_.Post();
 }
 
 void GridModel::cancelRow() {

@@ -59,7 +59,8 @@ class GridModel : public QAbstractTableModel, private QueryListener {
   int editingLine() const;
   /// Adds a row behind the others and puts it into edit; gives its line. Throws EDatabaseError.
   int appendRow();
-  /// Writes the row in edit, if there is one. Throws what TMyQuery::Post throws; the row is left in edit then.
+  /// Writes the row in edit, if there is one; an added row that nothing was typed into goes away instead. Throws what
+  /// TMyQuery::Post throws; the row is left in edit then.
   void postRow();
   void cancelRow();
   /// Deletes a row of the query. Throws EDatabaseError.
@@ -95,4 +96,5 @@ class GridModel : public QAbstractTableModel, private QueryListener {
   GridRows rows_;
   std::function<QColor(int)> rowColor_;
   bool editable_ = false;
+  bool isUntouched_ = false;  ///< the row in edit was added, and nothing has been typed into it
 };

@@ -31,6 +31,8 @@ class GridView : public QTableView {
   /// True when the cursor may go to another line: the row in edit, if there is one, was written. An error goes to the
   /// application's handler, and the row stays in edit.
   bool mayLeaveRow(int line);
+  /// Why the cell being edited was not taken; empty when none was refused. Its editor stays open with the typed text.
+  const QString& refusal() const { return refusal_; }
   /// Gives the editor of a refused cell the keyboard.
   void focusRefusedEditor();
   /// What is being searched for; empty when nothing is.
