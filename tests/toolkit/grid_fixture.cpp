@@ -45,6 +45,12 @@ void GridTest::fill() {
       "('6', NULL, NULL, '2026-03-05', NULL, 1)");
 }
 
+QStringList GridTest::allNamesWith(const QString& more) {
+  QStringList names{u"İSTAX"_s, u"ÇINAR"_s, u"CAN"_s, u"ZEKI \"K\" O'NEIL"_s, u"şeker"_s, QString()};
+  if (!more.isEmpty()) names += more;
+  return names;
+}
+
 void GridTest::show(std::vector<GridColumn> shown) {
   grid = std::make_unique<DataGrid>(query, std::move(shown), u"Denemeler"_s);
   watch = std::make_unique<QAbstractItemModelTester>(grid->model(), QAbstractItemModelTester::FailureReportingMode::Fatal);

@@ -10,13 +10,17 @@
 
 /// A grid over the table "deneme", shown in a window of its own, its model watched over.
 class GridTest : public QueryTest {
+ public:
+  static std::vector<GridColumn> columns();
+
  protected:
   void SetUp() override;
   void TearDown() override;
 
-  static std::vector<GridColumn> columns();
   /// Six rows with Turkish names, two of them with the same amount, one without a date.
   void fill();
+  /// The names that fill() writes, in its order, with one more.
+  static QStringList allNamesWith(const QString& more);
   /// Opens the query with all rows in the order of their keys and shows the grid over it.
   void show(std::vector<GridColumn> shown = columns());
   /// Texts of a column from top to bottom; groups in brackets, group footers as "=…", the line for new rows as "+".
@@ -24,7 +28,10 @@ class GridTest : public QueryTest {
   void type(const QString& text) const {
     for (const QChar letter : text) QTest::sendKeyEvent(QTest::Click, target(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
   }
-  void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const { QTest::keyClick(target(), Qt::Key(key), modifiers); }
+  void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
+    QTest::keyClick(target(), Qt::Key(key), modifiers);
+    QCoreApplication::processEvents();  // an in-place editor gives its text over from the event loop
+  }
   /// What has the keyboard within the grid: an in-place editor, a filter cell, or the rows.
   QWidget* target() const;
   QModelIndex cell(int line, const QString& field) const;

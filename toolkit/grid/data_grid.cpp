@@ -84,7 +84,6 @@ void DataGrid::build(const QString& caption) {
   connectGuarded(view_, &GridView::appendAsked, this, [this] { addRow(); });
   connectGuarded(model_, &GridModel::rejected, this, [this](const QString& message) { Q_EMIT rejected(message); });
   connectGuarded(model_, &QAbstractItemModel::modelReset, this, [this] { rowsRead(); });
-  connectGuarded(model_, &GridModel::summariesChanged, this, [this] { filterBox_->setProperty("stale", true); });
 }
 
 void DataGrid::rowsRead() {

@@ -42,7 +42,6 @@ FilterCell::FilterCell(FilterRow* row, const GridColumn& column, int number, Fie
   }
   line_->setAccessibleName(name);
   line_->setMaxLength(255);
-  line_->setProperty("filterCell", true);
   line_->installEventFilter(this);
   connectGuarded(line_, &QLineEdit::textEdited, this, [this](const QString& text) { typed(text, false); });
   show(GridCondition{comparison_, {}});
@@ -93,8 +92,7 @@ void FilterCell::choose(FilterOperator comparison, const QString& text) {
 void FilterCell::openComparisons() {
   QMenu menu(this);
   for (const FilterOperator each : GridConditions::offered(type_)) {
-    QAction* action = menu.addAction(GridConditions::sign(each) + u'\t' + GridConditions::caption(each));
-    action->setText(u"%1   %2"_s.arg(GridConditions::sign(each), GridConditions::caption(each)));
+    QAction* action = menu.addAction(u"%1   %2"_s.arg(GridConditions::sign(each), GridConditions::caption(each)));
     action->setCheckable(true);
     action->setChecked(each == comparison_);
     connectGuarded(action, &QAction::triggered, this, [this, each] { choose(each, line_->text()); });
@@ -150,9 +148,19 @@ bool FilterCell::eventFilter(QObject* watched, QEvent* event) {
   return used || QWidget::eventFilter(watched, event);
 }
 
+void FilterCell::setSignShown(bool shown) {
+  if (shown == signShown_) return;
+  signShown_ = shown;
+  place();
+}
+
 void FilterCell::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  const int sign = width() > 3 * signWidth ? signWidth : 0;
+  place();
+}
+
+void FilterCell::place() {
+  const int sign = signShown_ && width() > 3 * signWidth ? signWidth : 0;
   sign_->setVisible(sign > 0);
   sign_->setGeometry(0, 0, sign, height());
   QWidget* box = lookUp_ != nullptr ? static_cast<QWidget*>(lookUp_) : line_;

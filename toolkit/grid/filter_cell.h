@@ -20,12 +20,14 @@ class FilterCell : public QWidget {
   void setWrong(const QString& reason);
   QLineEdit* line() const { return line_; }
   void openComparisons();
+  void setSignShown(bool shown);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
+  void place();
   void typed(const QString& text, bool atOnce);
   void choose(FilterOperator comparison, const QString& text);
 
@@ -33,6 +35,7 @@ class FilterCell : public QWidget {
   int number_;
   FieldType type_;
   FilterOperator comparison_;
+  bool signShown_ = false;
   QToolButton* sign_;
   QLineEdit* line_;
   LookupEdit* lookUp_ = nullptr;

@@ -7,16 +7,15 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 
 using namespace Qt::StringLiterals;
 
 FilterRow::FilterRow(GridModel* model, QHeaderView* header)
     : QWidget(header), model_(model), header_(header), prompt_(new QLabel(u"Arama yapmak için ilgili hüceye tıklayınız..."_s, this)) {
   setAccessibleName(u"Filtre satırı"_s);
-  setAutoFillBackground(true);
-  setBackgroundRole(QPalette::Base);
   prompt_->setAttribute(Qt::WA_TransparentForMouseEvents);
-  prompt_->setContentsMargins(24, 0, 6, 0);
+  prompt_->setContentsMargins(8, 0, 6, 0);
   prompt_->setForegroundRole(QPalette::PlaceholderText);
   pause_.setSingleShot(true);
   pause_.setInterval(pauseMs);
@@ -26,10 +25,14 @@ FilterRow::FilterRow(GridModel* model, QHeaderView* header)
 
 FilterRow::~FilterRow() = default;
 
-GridCondition FilterRow::unset(int column) const {
+FieldType FilterRow::typeOf(int column) const {
   const int field = model_->fieldOf(column);
-  return {field < 0 ? FilterOperator::Contains : GridConditions::usual(model_->query().fieldInfo(field).type), {}};
+  const GridColumn& about = model_->columns()[size_t(column)];
+  if (field < 0 || about.lookUp || !about.values.empty()) return FieldType::Text;
+  return model_->query().fieldInfo(field).type;
 }
+
+GridCondition FilterRow::unset(int column) const { return {GridConditions::usual(typeOf(column)), {}}; }
 
 void FilterRow::setCondition(int column, const GridCondition& condition) {
   conditions_.insert(column, condition);
@@ -83,6 +86,16 @@ void FilterRow::updatePrompt() {
   for (const FilterCell* cell : std::as_const(cells_)) quiet = quiet && !cell->line()->hasFocus();
   prompt_->setVisible(quiet);
   if (quiet) prompt_->raise();
+  for (FilterCell* cell : std::as_const(cells_)) cell->setSignShown(!quiet);
+}
+
+void FilterRow::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), palette().color(QPalette::Base));
+  painter.setPen(palette().color(QPalette::Mid));
+  painter.drawLine(0, height() - 1, width(), height() - 1);
+  for (const FilterCell* cell : std::as_const(cells_))
+    if (cell->isVisible()) painter.drawLine(cell->geometry().right(), 0, cell->geometry().right(), height());
 }
 
 void FilterRow::setShown(bool shown) {
@@ -101,12 +114,8 @@ void FilterRow::arrange() {
       continue;
     }
     if (cell == nullptr) {
-      const int field = model_->fieldOf(column);
-      const FieldType type = field < 0 ? FieldType::Text : model_->query().fieldInfo(field).type;
-      const GridColumn& about = model_->columns()[size_t(column)];
-      // Cells are made when the columns' types are known.
-      if (field < 0 && !model_->query().Active()) continue;
-      cell = new FilterCell(this, about, column, type);
+      if (!model_->query().Active()) continue;  // the columns' types are not known yet
+      cell = new FilterCell(this, model_->columns()[size_t(column)], column, typeOf(column));
       cells_.insert(column, cell);
       cell->show(condition(column));
     }

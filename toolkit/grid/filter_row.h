@@ -46,8 +46,13 @@ class FilterRow : public QWidget {
   /// The user wants to go on in the rows.
   void left(int column);
 
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
  private:
   friend class FilterCell;
+  /// Type that a cell searches by: a column that shows other texts than it stores is one of texts.
+  FieldType typeOf(int column) const;
   GridCondition unset(int column) const;
   void edited(int column, const GridCondition& condition, bool atOnce);
   void leave(int column);

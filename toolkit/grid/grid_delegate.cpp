@@ -19,7 +19,9 @@ GridDelegate::GridDelegate(GridModel* model, GridView* view) : QStyledItemDelega
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const GridRow line = model_->row(index.row());
   if (line.kind == GridRowKind::Group) return;  // the view paints it over the whole width
-  const bool selected = option.state & QStyle::State_Selected;
+  const bool isCursor = index == view_->currentIndex() && line.kind == GridRowKind::Data;
+  // The cursor's cell stays light within its selected row, so that it is found at a glance.
+  const bool selected = option.state & QStyle::State_Selected && !isCursor;
   const bool footer = line.kind == GridRowKind::GroupFooter;
   const QPalette& colors = option.palette;
   const QPalette::ColorGroup group = view_->hasFocus() || selected ? QPalette::Active : QPalette::Inactive;
@@ -31,7 +33,6 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->fillRect(option.rect, colors.color(QPalette::AlternateBase));
 
   const QString text = index.data(Qt::DisplayRole).toString();
-  const bool isCursor = index == view_->currentIndex() && line.kind == GridRowKind::Data;
   const QRect room = option.rect.adjusted(margin, 0, -margin, 0);
   const QFontMetrics& metrics = option.fontMetrics;
   const QString searched = isCursor ? view_->searched() : QString();

@@ -75,10 +75,12 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
   painter->fillPath(sign, palette().color(QPalette::Link));
   if (order_.size() > 1) {
     QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * 0.7);
+    small.setPointSizeF(small.pointSizeF() * 0.75);
     painter->setFont(small);
     painter->setPen(palette().color(QPalette::ButtonText));
-    painter->drawText(room.translated(0, -1), Qt::AlignTop | Qt::AlignRight, QString::number(key - order_.begin() + 1));
+    const QRect beside = room.translated(-signRoom + 3, 0);
+    painter->fillRect(beside, palette().color(QPalette::Button));
+    painter->drawText(beside, Qt::AlignCenter, QString::number(key - order_.begin() + 1));
   }
   painter->restore();
 }

@@ -181,7 +181,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return isText ? QVariant(groupFooterText(rows_.group(line.index), column)) : QVariant();
     case GridRowKind::NewItem:
       if (!isText) return {};
-      if (rows_.hiddenRow() < 0) return role == Qt::AccessibleTextRole ? QVariant(newItemHint()) : QVariant();
+      if (rows_.hiddenRow() < 0 || query_.state() == QueryState::Browse) return role == Qt::AccessibleTextRole ? QVariant(newItemHint()) : QVariant();
       return role == Qt::EditRole ? editText(rows_.hiddenRow(), column) : shownAt(rows_.hiddenRow(), column);
     default:
       break;

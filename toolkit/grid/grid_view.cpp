@@ -2,11 +2,12 @@
 
 #include "app/exceptions.h"
 #include "app/guard.h"
+#include "app/turkish_text.h"
 #include "toolkit/edits/edit_frame.h"
+#include "toolkit/grid/grid_accessible.h"
 #include "toolkit/grid/grid_delegate.h"
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/grid_model.h"
-#include "app/turkish_text.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -45,6 +46,7 @@ QString quotedForSheet(QString text) {
 }  // namespace
 
 GridView::GridView(GridModel* model, QWidget* parent) : QTableView(parent), model_(model), header_(new GridHeader(model, this)) {
+  installGridAccessible();
   setHorizontalHeader(header_);
   setModel(model);
   setSelectionModel(new GridSelection(model, this));
