@@ -6,10 +6,9 @@
 #include "app/data/my_query.h"
 #include "app/login_rules.h"
 #include "app/platform/time_zone.h"
+#include "bench/measuring.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
 #include <QSqlDatabase>
 #include <QSqlQueryModel>
@@ -18,84 +17,17 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <limits>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+using namespace Measuring;
+
 constexpr int rounds = 5;
 constexpr int postRounds = 40;  ///< short ones, so that one without a wake-up on the other core is among them
 constexpr auto allSlips = "select * from teknikservis";
-
-void figure(const QString& name, double value, const char* unit) {
-  std::printf("%s %.3f %s\n", name.toUtf8().constData(), value, unit);
-  std::fflush(stdout);
-}
-
-double milliseconds(const std::function<void()>& work) {
-  QElapsedTimer timer;
-  timer.start();
-  work();
-  return double(timer.nsecsElapsed()) / 1e6;
-}
-
-double best(const std::function<void()>& work, int times = rounds) {
-  double fastest = std::numeric_limits<double>::max();
-  for (int i = 0; i < times; ++i) fastest = std::min(fastest, milliseconds(work));
-  return fastest;
-}
-
-/// Fastest time of each side, measured by turns.
-double ratio(const std::function<void()>& ours, const std::function<void()>& other, int times = rounds) {
-  double us = std::numeric_limits<double>::max();
-  double them = us;
-  for (int i = 0; i < times; ++i) {
-    us = std::min(us, milliseconds(ours));
-    them = std::min(them, milliseconds(other));
-  }
-  return us / them;
-}
-
-double residentMegabytes() {
-  QFile file(u"/proc/self/status"_s);
-  if (!file.open(QIODevice::ReadOnly)) return 0;
-  for (const QByteArray& line : file.readAll().split('\n'))
-    if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
-  return 0;
-}
-
-struct Account {
-  QString server = qEnvironmentVariable("KVTK_COMPUTER_NAME");
-  QString name = LoginRules::account(u"quend"_s);
-  QString password = LoginRules::password(u"quend"_s);
-};
-
-void open(TMyConnection& connection) {
-  const Account account;
-  connection.Server = account.server;
-  connection.Port = 3313;
-  connection.Database = u"kvtk"_s;
-  connection.Username = account.name;
-  connection.Password = account.password;
-  connection.Connect();
-}
-
-MYSQL* bareConnection() {
-  const Account account;
-  MYSQL* handle = mysql_init(nullptr);
-  mysql_options(handle, MYSQL_SET_CHARSET_NAME, "latin5");
-  if (mysql_real_connect(handle, account.server.toUtf8().constData(), account.name.toLatin1().constData(),
-                         account.password.toLatin1().constData(), "kvtk", 3313, nullptr, 0) == nullptr)
-    qFatal("%s", mysql_error(handle));
-  return handle;
-}
-
-MYSQL_RES* bareResult(MYSQL* handle) {
-  if (mysql_query(handle, allSlips) != 0) qFatal("%s", mysql_error(handle));
-  return mysql_store_result(handle);
-}
 
 /// Memory that the opened slips take, measured in a process that does nothing else.
 double memoryOf(const QString& side) {
@@ -113,7 +45,7 @@ int memoryChild(const QByteArray& side) {
   query.SQL.setText(QString::fromLatin1(allSlips));
   const double before = residentMegabytes();
   if (side == "bare")
-    bareResult(bare);
+    bareResult(bare, allSlips);
   else
     query.Open();
   std::printf("%.3f\n", residentMegabytes() - before);
@@ -133,7 +65,7 @@ void compareOpening(const QString& size) {
     us = std::min(us, milliseconds([&] { query.Open(); }));
     query.Close();
     MYSQL_RES* rows = nullptr;
-    them = std::min(them, milliseconds([&] { rows = bareResult(bare); }));
+    them = std::min(them, milliseconds([&] { rows = bareResult(bare, allSlips); }));
     mysql_free_result(rows);
   }
   figure(u"open_%1_vs_raw"_s.arg(size), us / them, "ratio");
@@ -142,13 +74,12 @@ void compareOpening(const QString& size) {
 }
 
 void compareReading(TMyQuery& query) {
-  const Account account;
   QSqlDatabase database = QSqlDatabase::addDatabase(u"QMYSQL"_s);
-  database.setHostName(account.server);
+  database.setHostName(qEnvironmentVariable("KVTK_COMPUTER_NAME"));
   database.setPort(3313);
   database.setDatabaseName(u"kvtk"_s);
-  database.setUserName(account.name);
-  database.setPassword(account.password);
+  database.setUserName(LoginRules::account(u"quend"_s));
+  database.setPassword(LoginRules::password(u"quend"_s));
   if (!database.open()) return;
   QSqlQueryModel model;
   model.setQuery(QString::fromLatin1(allSlips), database);

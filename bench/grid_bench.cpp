@@ -1,0 +1,134 @@
+// kvtk-bench-grid 100k|1m: figures of the data grid over the slips of the server in KVTK_COMPUTER_NAME, with the columns of
+// the slips' list. Every time is the worst of its rounds and ends with the picture on the screen.
+
+#include "app/data/my_query.h"
+#include "app/look.h"
+#include "app/platform/time_zone.h"
+#include "bench/measuring.h"
+#include "service/slip_tables.h"
+#include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/filter_cell.h"
+#include "toolkit/grid/filter_row.h"
+#include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/grid_view.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+using Measuring::figure;
+using Measuring::milliseconds;
+
+namespace {
+
+constexpr int pageDowns = 200;
+constexpr int keystrokes = 8;
+constexpr int rounds = 5;
+
+/// Starts the time when a query has its rows, before its grid is told.
+class RowsCome : private QueryListener {
+ public:
+  explicit RowsCome(TMyQuery& query) : query_(query) { query_.addListener(this); }
+  ~RowsCome() override { query_.removeListener(this); }
+  QElapsedTimer since;
+
+ private:
+  void queryReset() override { since.start(); }
+  void rowChanged(int) override {}
+  void rowInserted(int) override {}
+  void rowRemoved(int) override {}
+
+  TMyQuery& query_;
+};
+
+/// What is waiting to be painted is painted.
+void paint(DataGrid& grid) {
+  QCoreApplication::sendPostedEvents();
+  grid.repaint();
+  grid.view()->viewport()->repaint();
+}
+
+double worstPage(DataGrid& grid) {
+  grid.setCurrentRow(0);
+  double worst = 0;
+  for (int i = 0; i < pageDowns; ++i)
+    worst = std::max(worst, milliseconds([&] {
+                       QTest::keyClick(grid.view(), Qt::Key_PageDown);
+                       paint(grid);
+                     }));
+  return worst;
+}
+
+/// Worst of several letters typed into the customer's search cell, without the pause that waits for the next one.
+double worstKeystroke(DataGrid& grid) {
+  const int column = grid.model()->columnOf(u"TS_MUSTERI"_s);
+  QLineEdit* line = grid.filterRow()->cell(column)->line();
+  double worst = 0;
+  const QString words = u"IŞIKLAR "_s;
+  for (int i = 0; i < keystrokes; ++i) {
+    line->setFocus();
+    worst = std::max(worst, milliseconds([&] {
+                       QTest::sendKeyEvent(QTest::Click, line, Qt::Key_unknown, QString(words[i]), Qt::NoModifier);
+                       QTest::keyClick(line, Qt::Key_Return);
+                       paint(grid);
+                     }));
+  }
+  grid.clearFilter();
+  return worst;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  nameTimeZone();
+  QApplication application(argc, argv);
+  if (argc != 2) {
+    std::fputs("usage: kvtk-bench-grid 100k|1m\n", stderr);
+    return 2;
+  }
+  applyLook(application);
+  const QString size = QString::fromLocal8Bit(argv[1]);
+  TMyConnection connection;
+  Measuring::open(connection);
+  TMyQuery query(connection, u"qBench"_s);
+  query.SQL.setText(u"select * from teknikservis"_s);
+  RowsCome rowsCome(query);
+  query.Open();
+
+  const double before = Measuring::residentMegabytes();
+  DataGrid grid(query, SlipTables::browserColumns(), u"Fişler"_s);
+  grid.setFilterRow(true);
+  grid.setGroupArea(true);
+  grid.resize(1180, 560);
+  grid.show();
+  paint(grid);
+  figure(u"grid_rss_overhead_%1_mb"_s.arg(size), Measuring::residentMegabytes() - before, "MB");
+
+  double firstPaint = 0;
+  for (int i = 0; i < rounds; ++i) {
+    query.Close();
+    paint(grid);
+    query.Open();
+    paint(grid);
+    firstPaint = std::max(firstPaint, double(rowsCome.since.nsecsElapsed()) / 1e6);
+  }
+  figure(u"grid_first_paint_%1_ms"_s.arg(size), firstPaint, "ms");
+  figure(u"grid_scroll_frame_%1_ms"_s.arg(size), worstPage(grid), "ms");
+  figure(u"grid_filter_keystroke_%1_ms"_s.arg(size), worstKeystroke(grid), "ms");
+  double grouped = 0;
+  for (int i = 0; i < rounds; ++i) {
+    grid.clearGrouping();
+    paint(grid);
+    grouped = std::max(grouped, milliseconds([&] {
+                         grid.setGrouping({u"TS_TURU"_s});
+                         grid.setAllExpanded(true);
+                         paint(grid);
+                       }));
+  }
+  figure(u"grid_group_%1_ms"_s.arg(size), grouped, "ms");
+  return 0;
+}
