@@ -129,14 +129,16 @@ void lookAtHistory(ScreenHands& hands) {
   asAnotherWorkstation(u"delete from teknikservis where TS_NO like 'E-%'"_s);
 }
 
-/// Two parts on the page behind the first, each typed into the append row.
+/// Two parts on the page behind the first, each typed into a row added by the keyboard.
 void addParts(ScreenHands& hands) {
   hands.press({u"ctrl+Next"_s});
-  for (const QStringList& part : {QStringList{u"1"_s, u"şarj soketi"_s, u"1"_s, u"300"_s}, QStringList{u"2"_s, u"fan"_s, u"2"_s, u"125,5"_s}})
+  for (const QStringList& part : {QStringList{u"1"_s, u"şarj soketi"_s, u"1"_s, u"300"_s}, QStringList{u"2"_s, u"fan"_s, u"2"_s, u"125,5"_s}}) {
+    hands.press({u"Insert"_s});
     for (const QString& text : part) {
       hands.type(text);
       hands.press({u"Return"_s});
     }
+  }
   hands.waitFor(u"two parts"_s, [] { return fServisFis->qMalzeme.RecordCount() == 2; });
   hands.picture(u"parcalar"_s);
 }
@@ -172,6 +174,7 @@ void walk(ScreenHands& hands) {
   hands.picture(u"kayit-tamamlandi"_s);
   hands.waitFor(u"saved slip's title"_s, [] { return slipTitle() == u"(100) Servis Fişi"_s; });
   hands.waitFor(u"saved parts"_s, [] { return scalar(u"select sum(MZ_TUTAR) from malzeme"_s).startsWith(u"425,5"); });
+  hands.waitFor(u"balloon gone"_s, [] { return !showsText(u"Servis fiş kaydı tamamlandı."_s); });
   lookAtHistory(hands);
   hands.press({u"F3"_s});
   hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });

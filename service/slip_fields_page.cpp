@@ -118,7 +118,7 @@ void SlipFieldsPage::resizeEvent(QResizeEvent* event) {
 void SlipFieldsPage::arrange() {
   const int top = groupHeight(6);
   const int lowerTop = margin + top + margin;
-  const int lower = std::max(groupHeight(5), std::min(height() - lowerTop - margin, groupHeight(9)));
+  const int lower = std::max(groupHeight(5), height() - lowerTop - margin);
   const int left = margin + 2 * halfWidth + 2 * margin;
   const int side = std::clamp(width() - left - margin, sideWidth, widestSide);
   placeGroup(groups_[SlipGroup::Slip], {margin, margin, halfWidth, top}, boxWidth);
