@@ -249,6 +249,7 @@ TEST_F(SlipDialogsTest, OtherSubsystemsHaveTheirPlacesInTheSave) {
     return smsArrives;
   };
   slipHooks().sendCompletionMail = [&](TfServisFis&) { steps.append(u"mail "_s + stored()); };
+  slipHooks().showSerialStatistics = [&](const QString& serial) { steps.append(u"statistics "_s + serial); };
   slipHooks().printReceipt = [&](TfServisFis& slip) { steps.append(u"receipt "_s + slip.text(u"TS_NO"_s)); };
 
   smsArrives = false;
@@ -261,7 +262,12 @@ TEST_F(SlipDialogsTest, OtherSubsystemsHaveTheirPlacesInTheSave) {
   save(slip);
   slip->MakbuzBask1->trigger();
   save(slip);
-  EXPECT_EQ(steps, (QStringList{u"intake ~"_s, u"completion ~"_s, u"receipt 100"_s, u"completion TAMAMLANDI"_s, u"mail TAMAMLANDI"_s}));
+  for (const QString& serial : {QString(), u"SN1"_s}) {
+    box(slip, u"TS_C_SERINO"_s)->setText(serial);
+    box(slip, u"TS_C_SERINO"_s)->pressButton(0);
+  }
+  EXPECT_EQ(steps, (QStringList{u"intake ~"_s, u"completion ~"_s, u"receipt 100"_s, u"completion TAMAMLANDI"_s, u"mail TAMAMLANDI"_s,
+                                u"statistics SN1"_s}));
   EXPECT_FALSE(slip->MakbuzDzenle1->isEnabled()) << "nobody designs receipts yet";
 }
 

@@ -20,9 +20,17 @@ TEST_F(SlipFormTest, EverySlipWindowTurnsToTheSavedSlip) {
   EXPECT_EQ(fServisFis, newer);
   EXPECT_EQ(newer->windowTitle(), u"(101) Servis Fişi"_s);
 
+  pages(newer)->setCurrentIndex(TfServisFis::LinesPage);
+  lines(newer)->view()->setFocus();
+  press(Qt::Key_Insert);
+  type(u"7"_s);
+  press(Qt::Key_Return);
+  EXPECT_EQ(newer->qMalzeme.state(), QueryState::Insert);
+
   box(older, u"TS_ACIKLAMA"_s)->setText(u"DEĞİŞTİ"_s);
   save(older);
   QCoreApplication::processEvents();
+  EXPECT_TRUE(newer->qMalzeme.IsEmpty()) << "a line that was being typed goes with its slip";
   EXPECT_EQ(text(newer, u"TS_NO"_s), u"100"_s);
   EXPECT_EQ(text(newer, u"TS_ACIKLAMA"_s), u"DEĞİŞTİ"_s);
   EXPECT_EQ(newer->windowTitle(), u"(100) Servis Fişi"_s);
