@@ -9,6 +9,7 @@
 #include "app/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
+#include "service/ffoto_unit.h"
 #include "service/fservisfissecUnit.h"
 
 #include <QApplication>
@@ -54,6 +55,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TfParametreler parameters;
   TfservisfisSec browser;
   TfHatirlat reminder;
+  TfFoto photo;
   TLogin_Form login;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {
     Login_Form->ApplicationEvents1Exception(sender, error);

@@ -7,7 +7,9 @@
 
 using namespace Qt::StringLiterals;
 
-TfFoto::TfFoto(QWidget* parent) : QDialog(parent), URUN_FOTO(new QLabel(this)) {
+TfFoto* fFoto = nullptr;
+
+TfFoto::TfFoto() : URUN_FOTO(new QLabel(this)) {
   setObjectName(u"fFoto"_s);
   URUN_FOTO->setObjectName(u"URUN_FOTO"_s);
   URUN_FOTO->setAccessibleName(u"Cihaz Fotoğrafı"_s);
@@ -15,6 +17,11 @@ TfFoto::TfFoto(QWidget* parent) : QDialog(parent), URUN_FOTO(new QLabel(this)) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->addWidget(URUN_FOTO);
+  fFoto = this;
+}
+
+TfFoto::~TfFoto() {
+  if (fFoto == this) fFoto = nullptr;
 }
 
 void TfFoto::Giris(const QString& title, const QByteArray& picture) {
@@ -27,4 +34,5 @@ void TfFoto::Giris(const QString& title, const QByteArray& picture) {
   const bool fits = pixmap.width() <= room.width() && pixmap.height() <= room.height();
   setFixedSize(fits ? pixmap.size() : pixmap.size().scaled(room, Qt::KeepAspectRatio));
   exec();
+  URUN_FOTO->clear();
 }

@@ -4,14 +4,18 @@
 
 class QLabel;
 
-/// The device's picture in its full size.
+/// The device's picture in its full size. One window serves all slips.
 class TfFoto : public QDialog {
   Q_OBJECT
  public:
-  explicit TfFoto(QWidget* parent = nullptr);
+  TfFoto();
+  ~TfFoto() override;
   /// Shows the picture modally; title is the window's caption.
   void Giris(const QString& title, const QByteArray& picture);
 
  private:
   QLabel* URUN_FOTO;
 };
+
+/// The one instance; null before it is created and after it is gone.
+extern TfFoto* fFoto;

@@ -52,7 +52,7 @@ SlipPicturePage::SlipPicturePage(std::function<QString()> titleOfPicture, QWidge
     buttons->addWidget(button);
   };
   addButton(u"btnShowImage"_s, u"zoom-in"_s, u"Resmi Büyüt"_s, [this] {
-    if (!bytes_.isEmpty()) TfFoto(this).Giris(titleOfPicture_(), bytes_);
+    if (!bytes_.isEmpty()) fFoto->Giris(titleOfPicture_(), bytes_);
   });
   addButton(u"btnEkle"_s, u"list-add"_s, u"Resim Ekle"_s, [this] { addPicture(); });
   addButton(u"btnSil"_s, u"list-remove"_s, u"Resmi Sil"_s, [this] { removePicture(); });

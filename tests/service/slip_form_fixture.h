@@ -6,6 +6,7 @@
 #include "app/parameters.h"
 #include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
+#include "service/ffoto_unit.h"
 #include "service/fservisfis_unit.h"
 #include "tests/support/test_database.h"
 #include "toolkit/edits/balloon.h"
@@ -107,6 +108,7 @@ class SlipFormTest : public testing::Test {
   TDM dataModule;
   TfParametreler parameters;
   TfHatirlat reminder;
+  TfFoto photo;
   TLogin_Form login;
 
  private:

@@ -169,6 +169,13 @@ TEST_F(SlipFormTest, PictureKeepsItsBytes) {
   EXPECT_EQ(rows(u"select hex(FT_RESIM) from foto"_s), QString::fromLatin1(bytes.toHex().toUpper()));
 
   TfServisFis* again = openSlip(savedId(u"100"_s));
+  QTimer::singleShot(0, &photo, [this] {
+    EXPECT_TRUE(photo.isVisible() && photo.isModal());
+    EXPECT_EQ(photo.windowTitle(), u"ÇAMAŞIR MAKİNESİ"_s);
+    EXPECT_EQ(photo.size(), QSize(40, 30));
+    photo.close();
+  });
+  click(again, u"btnShowImage"_s);
   dialogs.file = folder.filePath(u"kopya.jpg"_s);
   click(again, u"RzBitBtn1"_s);
   QFile copy(dialogs.file);
