@@ -47,9 +47,8 @@ class RowsCome : private QueryListener {
 
 /// What is waiting to be painted is painted.
 void paint(DataGrid& grid) {
-  QCoreApplication::sendPostedEvents();
-  grid.repaint();
-  grid.view()->viewport()->repaint();
+  grid.view()->viewport()->update();
+  QCoreApplication::processEvents();
 }
 
 double worstPage(DataGrid& grid) {
@@ -105,6 +104,7 @@ int main(int argc, char** argv) {
   grid.setGroupArea(true);
   grid.resize(1180, 560);
   grid.show();
+  if (!QTest::qWaitForWindowExposed(&grid)) qFatal("the window does not come up");
   paint(grid);
   figure(u"grid_rss_overhead_%1_mb"_s.arg(size), Measuring::residentMegabytes() - before, "MB");
 

@@ -17,7 +17,7 @@ constexpr int signWidth = 18;
 }
 
 FilterCell::FilterCell(FilterRow* row, const GridColumn& column, int number, FieldType type)
-    : QWidget(row), row_(row), number_(number), type_(type), comparison_(GridConditions::usual(type)), sign_(new QToolButton(this)) {
+    : QWidget(row), row_(row), number_(number), type_(type), values_(column.values), comparison_(GridConditions::usual(type)), sign_(new QToolButton(this)) {
   setObjectName(column.field + u"_filter"_s);
   const QString name = u"%1 filtresi"_s.arg(column.caption.trimmed());
   sign_->setAutoRaise(true);
@@ -97,6 +97,11 @@ void FilterCell::openComparisons() {
     action->setChecked(each == comparison_);
     connectGuarded(action, &QAction::triggered, this, [this, each] { choose(each, line_->text()); });
   }
+  if (!values_.empty()) menu.addSeparator();
+  for (const GridListValue& each : values_)
+    connectGuarded(menu.addAction(each.shown.isEmpty() ? u"<boş>"_s : each.shown), &QAction::triggered, this, [this, each] {
+      choose(each.shown.isEmpty() ? FilterOperator::Empty : FilterOperator::Equal, each.shown);
+    });
   if (type_ == FieldType::Date || type_ == FieldType::DateTime) {
     menu.addSeparator();
     for (const GridConditions::Period& period : GridConditions::periods(environment().today()))

@@ -34,6 +34,7 @@ class FilterCell : public QWidget {
   FilterRow* row_;
   int number_;
   FieldType type_;
+  std::vector<GridListValue> values_;  ///< offered with the comparisons
   FilterOperator comparison_;
   bool signShown_ = false;
   QToolButton* sign_;

@@ -75,7 +75,7 @@ class GridView : public QTableView {
 
   GridModel* model_;
   GridHeader* header_;
-  QString emptyText_;
+  QString emptyText_ = QStringLiteral("<Kayıt yok!>");
   QString searched_;
   bool moving_ = false;  ///< the search itself moves the cursor
   QString refusal_;
