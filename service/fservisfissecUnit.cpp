@@ -1,16 +1,24 @@
 #include "service/fservisfissecUnit.h"
 
+#include "app/date_text.h"
 #include "app/dmUnit.h"
+#include "app/environment.h"
+#include "app/exceptions.h"
 #include "app/guard.h"
-#include "service/slip_browser_store.h"
+#include "app/kvbankUnit.h"
+#include "app/parameters.h"
+#include "app/quendUtils.h"
+#include "app/rights.h"
+#include "app/Unit14.h"
+#include "service/slip_browser_rules.h"
+#include "service/slip_rules.h"
 #include "service/slip_tables.h"
-#include "toolkit/edits/text_edit.h"
-#include "toolkit/grid/query_table.h"
+#include "toolkit/grid/data_grid.h"
+#include "toolkit/shell/command_updates.h"
 
 #include <QAction>
 #include <QBoxLayout>
-#include <QLabel>
-#include <QTimer>
+#include <QScreen>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -19,30 +27,33 @@ TfservisfisSec* fservisfisSec = nullptr;
 
 namespace {
 
-constexpr int searchPauseMs = 250;
 /// Result of a dialog that was confirmed.
 constexpr int confirmed = 6;
+constexpr QSize preferredSize(1260, 640);
+
+QString layoutFile() { return QuendUtil->programFolder + u"ServisFis.ini"_s; }
 
 }  // namespace
 
 TfservisfisSec::TfservisfisSec(QWidget* parent)
     : QDialog(parent),
       qServis(DM->MySQL, u"qServis"_s),
-      search_(new TextEdit(this)),
-      searchPause_(new QTimer(this)),
-      table_(new QueryTable(qServis, SlipTables::slipColumns(), u"Servis Fişleri"_s, this)),
-      count_(new QLabel(this)) {
+      qDisServis(DM->MySQL, u"qDisServis"_s),
+      store_(DM->MySQL, qServis, qDisServis, DM->pGetQ),
+      firms_(qDisServis, {{u"DS_AD"_s, u"ADI"_s, 220}, {u"DS_ILCE_IL"_s, u"İLÇE/İL"_s, 130}, {u"DS_TEL"_s, u"TELEFON"_s, 120}}) {
   setObjectName(u"fservisfisSec"_s);
   setWindowTitle(u"Servis Fişleri"_s);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
+  buildCommands();
+  buildGrid();
   buildForm();
-  resize(1180, 560);
+  resize(preferredSize.boundedTo(screen()->availableSize()));
   fservisfisSec = this;
 }
 
 TfservisfisSec::~TfservisfisSec() {
-  // Looks at the query, which ends before the base class would take the table down.
-  delete table_;
+  // Looks at the query, which ends before the base class would take the grid down.
+  delete grid_;
   if (fservisfisSec == this) fservisfisSec = nullptr;
 }
 
@@ -54,30 +65,52 @@ QAction* TfservisfisSec::addCommand(const QString& name, const QString& caption,
   return command;
 }
 
-void TfservisfisSec::buildForm() {
-  QAction* aSec = addCommand(u"aSec"_s, u"F4 » Kayıt Seç"_s, u"dialog-ok-apply"_s, Qt::Key_F4);
-  QAction* aGuncelle = addCommand(u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8);
+void TfservisfisSec::buildCommands() {
+  aSec = addCommand(u"aSec"_s, u"F4 » Kayıt Seç"_s, u"dialog-ok-apply"_s, Qt::Key_F4);
+  aGuncelle = addCommand(u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8);
+  aFisSil = addCommand(u"aFisSil"_s, u"F6 » Fiş(leri) Sil"_s, u"edit-delete"_s, Qt::Key_F6);
   connectGuarded(aSec, &QAction::triggered, this, [this] { choose(); });
-  connectGuarded(aGuncelle, &QAction::triggered, this, [this] { search(); });
+  connectGuarded(aGuncelle, &QAction::triggered, this, [this] { store_.refresh(); });
+  connectGuarded(aFisSil, &QAction::triggered, this, [this] { deleteSlips(); });
+  for (QAction* guardedCommand : {aSec, aFisSil})
+    keepUpdated(this, guardedCommand, [this, path = SlipBrowserRules::rightPath(guardedCommand->text())] {
+      return DM->Kullanici_Yetkileri(path) != Right::Checked && !qServis.IsEmpty();
+    });
+}
 
-  search_->setObjectName(u"search"_s);
-  search_->setCaption(u"  ARA"_s);
-  search_->setCharCase(CharCase::Upper);
-  search_->setEnterMovesOn(true);
-  search_->setMinimumWidth(420);
-  search_->line()->setPlaceholderText(u"Fiş no, müşteri, cihaz veya seri no"_s);
-  searchPause_->setSingleShot(true);
-  searchPause_->setInterval(searchPauseMs);
-  connectGuarded(search_, &EditBox::textEdited, searchPause_, [this] { searchPause_->start(); });
-  connectGuarded(searchPause_, &QTimer::timeout, this, [this] { search(); });
+void TfservisfisSec::buildGrid() {
+  std::vector<GridColumn> columns = SlipTables::browserColumns();
+  for (GridColumn& column : columns)
+    if (column.field == u"TS_DISSERVIS"_s) {
+      column.choices = &firms_;
+      column.refreshChoices = [this] { store_.openFirms(); };
+    }
+  grid_ = new DataGrid(qServis, std::move(columns), windowTitle(), this);
+  grid_->setObjectName(u"slips"_s);
+  grid_->setMultiSelect(true);
+  grid_->setFilterRow(true);
+  grid_->setFilterUpperCase(true);
+  grid_->setGroupArea(true);
+  grid_->setGroupsComparedAsText(true);
+  grid_->setEmptyText(u"<Kayıt yok!>"_s);
+  grid_->setRowColor([this](int row) { return statusColor(row); });
+  grid_->setSortHandler([this](const std::vector<GridSort>& order) { sortAtServer(order); });
+  grid_->setFilterHandler([this](const std::optional<FilterExpression>& filter) {
+    if (isOpen_) store_.narrow(filter);
+    return true;
+  });
+  connectGuarded(grid_, &DataGrid::rowChosen, this, [this] {
+    updateCommands(this);
+    aSec->trigger();
+  });
+}
 
+void TfservisfisSec::buildForm() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(8, 8, 8, 8);
   auto* bar = new QHBoxLayout;
   column->addLayout(bar);
-  bar->addWidget(search_);
-  bar->addStretch(1);
-  for (QAction* command : {aSec, aGuncelle}) {
+  for (QAction* command : {aSec, aGuncelle, aFisSil}) {
     auto* button = new QToolButton(this);
     button->setDefaultAction(command);
     button->setAccessibleName(command->text());
@@ -86,37 +119,90 @@ void TfservisfisSec::buildForm() {
     button->setFocusPolicy(Qt::StrongFocus);
     bar->addWidget(button);
   }
-  table_->setObjectName(u"slips"_s);
-  table_->setMultiSelect();
-  table_->setEmptyText(u"<Kayıt yok!>"_s);
-  column->addWidget(table_, 1);
-  column->addWidget(count_);
-  connectGuarded(table_, &QueryTable::rowChosen, this, [this] { choose(); });
-  setTabOrder(search_, table_);
-}
-
-void TfservisfisSec::search() {
-  searchPause_->stop();
-  SlipBrowserStore::open(qServis, search_->text());
-  const int rows = qServis.RecordCount();
-  count_->setText(rows < SlipBrowserStore::mostRows ? u"%1 Kayıt"_s.arg(rows) : u"En yeni %1 kayıt gösteriliyor"_s.arg(rows));
-  if (rows > 0) table_->view()->setCurrentIndex(table_->model()->index(0, 0));
-}
-
-void TfservisfisSec::choose() {
-  const int key = qServis.fieldIndex(u"TS_ID"_s);
-  chosen_.clear();
-  for (int row : table_->selectedRows()) chosen_.push_back(qServis.valueAt(row, key).toText());
-  done(confirmed);
+  bar->addStretch(1);
+  column->addWidget(grid_, 1);
 }
 
 void TfservisfisSec::Giris(std::vector<QString>& ids) {
   ids.clear();
   chosen_.clear();
-  search_->setText(QString());
-  search();
-  table_->setFocus();
+  openList();
   const bool accepted = exec() == confirmed;
-  qServis.Close();
+  isOpen_ = false;
+  store_.close();
+  grid_->clearFilter();
+  grid_->clearGrouping();
   if (accepted) ids = chosen_;
+}
+
+void TfservisfisSec::openList() {
+  grid_->clearSorting();
+  grid_->clearSelection();
+  grid_->restoreLayout(layoutFile());
+  if (fParametreler->isChecked(ParameterFiles::ListSlipsOfTheDay)) {
+    store_.openWithoutRows();
+    store_.openFirms();
+    grid_->clearFilter();
+    grid_->setColumnFilter(u"TS_TARIH"_s, FilterOperator::Equal, DateText::date(environment().today()));
+    store_.narrow(grid_->filter());
+  } else {
+    store_.openAll();
+    store_.openFirms();
+  }
+  isOpen_ = true;
+  grid_->setFilterEnabled(true);
+  grid_->goToFirstRow();
+  grid_->setFocus();
+}
+
+void TfservisfisSec::done(int result) {
+  try {
+    grid_->storeLayout(layoutFile());
+  } catch (const EInOutError& error) {
+    Login_Form->Log(error.message(), &error);
+  }
+  QDialog::done(result);
+}
+
+void TfservisfisSec::sortAtServer(const std::vector<GridSort>& order) {
+  std::vector<SlipBrowserRules::SortColumn> keys;
+  for (const GridSort& key : order) keys.push_back({key.field, key.descending});
+  store_.setOrder(SlipBrowserRules::orderText(keys));
+}
+
+QColor TfservisfisSec::statusColor(int row) const {
+  const auto status = fParametreler->statusRow(qServis.valueAt(row, qServis.fieldIndex(u"TS_TURU"_s)).toText());
+  const auto rgb = status ? ParameterFiles::rgbOf(status->islemColorRenkSec) : std::nullopt;
+  return rgb ? QColor::fromRgb(*rgb) : QColor();
+}
+
+QStringList TfservisfisSec::selectedTexts(const QString& field) const {
+  const int index = qServis.fieldIndex(field);
+  QStringList texts;
+  for (int row : grid_->selectedRows()) texts += qServis.valueAt(row, index).toText();
+  return texts;
+}
+
+void TfservisfisSec::choose() {
+  const QStringList keys = selectedTexts(u"TS_ID"_s);
+  chosen_.assign(keys.begin(), keys.end());
+  done(confirmed);
+}
+
+void TfservisfisSec::deleteSlips() {
+  const QStringList keys = selectedTexts(u"TS_ID"_s);
+  const QStringList numbers = selectedTexts(u"TS_NO"_s);
+  if (keys.isEmpty()) return;
+  if (QuendUtil->Mesaj(this, SlipBrowserRules::deletionQuestion(numbers)) != TQuendUtil::Confirmed) return;
+  for (const QString& number : numbers)
+    for (QWidget* editor : fKvb->childWindows())
+      if (editor->windowTitle() == SlipRules::slipTitle(number)) editor->parentWidget()->close();
+  const int rows = qServis.RecordCount();
+  try {
+    store_.deleteSlips(keys, [this] { grid_->deleteSelectedRows(); });
+  } catch (const Exception& error) {
+    Login_Form->Log(error.message(), &error);
+    QuendUtil->ErrorMesaj(this, SlipBrowserRules::deletionFailed());
+    if (qServis.RecordCount() != rows) store_.refresh();
+  }
 }

@@ -1,15 +1,17 @@
 #pragma once
 
-#include "app/data/my_query.h"
+#include "service/slip_browser_store.h"
+#include "service/slip_look_ups.h"
 
+#include <QColor>
 #include <QDialog>
 
-class QLabel;
-class QTimer;
-class QueryTable;
-class TextEdit;
+class DataGrid;
+class QAction;
+struct GridSort;
 
-/// "Servis Fişleri": the slips of the database, newest first, to choose from. Created once, reads anew at each opening.
+/// "Servis Fişleri": the slips of the database to choose from and to delete. Created once, reads anew
+/// at each opening.
 class TfservisfisSec : public QDialog {
   Q_OBJECT
  public:
@@ -21,18 +23,33 @@ class TfservisfisSec : public QDialog {
   /// EDatabaseError.
   void Giris(std::vector<QString>& ids);
 
+  /// Keeps the columns' layout beside the program.
+  void done(int result) override;
+
   TMyQuery qServis;
+  TMyQuery qDisServis;
+
+  QAction* aSec;
+  QAction* aGuncelle;
+  QAction* aFisSil;
 
  private:
   QAction* addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key);
+  void buildCommands();
+  void buildGrid();
   void buildForm();
-  void search();
-  void choose();
+  void openList();
+  void sortAtServer(const std::vector<GridSort>& order);
+  QColor statusColor(int row) const;
+  QStringList selectedTexts(const QString& field) const;
 
-  TextEdit* search_;
-  QTimer* searchPause_;
-  QueryTable* table_;
-  QLabel* count_;
+  void choose();
+  void deleteSlips();
+
+  SlipBrowserStore store_;
+  QueryLookup firms_;
+  DataGrid* grid_ = nullptr;
+  bool isOpen_ = false;  ///< the grid's filter concerns the query
   std::vector<QString> chosen_;
 };
 

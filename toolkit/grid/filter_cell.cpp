@@ -13,8 +13,29 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
 constexpr int signWidth = 18;
-}
+constexpr int listWidth = 220;
+
+/// The shown texts of a column's fixed values.
+class ValueChoices : public LookupSource {
+ public:
+  explicit ValueChoices(const GridColumn& column) : caption_(column.caption.trimmed()) {
+    for (const GridListValue& value : column.values)
+      if (!value.shown.isEmpty()) texts_ += value.shown;
+  }
+  int rowCount() const override { return int(texts_.size()); }
+  int columnCount() const override { return 1; }
+  QString text(int row, int) const override { return texts_[row]; }
+  QString caption(int) const override { return caption_; }
+  int width(int) const override { return listWidth; }
+
+ private:
+  QString caption_;
+  QStringList texts_;
+};
+
+}  // namespace
 
 FilterCell::FilterCell(FilterRow* row, const GridColumn& column, int number, FieldType type)
     : QWidget(row), row_(row), number_(number), type_(type), values_(column.values), comparison_(GridConditions::usual(type)), sign_(new QToolButton(this)) {
@@ -24,16 +45,14 @@ FilterCell::FilterCell(FilterRow* row, const GridColumn& column, int number, Fie
   sign_->setFocusPolicy(Qt::NoFocus);
   sign_->setAccessibleName(u"%1 karşılaştırması"_s.arg(column.caption.trimmed()));
   connectGuarded(sign_, &QToolButton::clicked, this, [this] { openComparisons(); });
-  if (column.choices != nullptr) {
+  if (column.choices == nullptr && !column.values.empty()) ownChoices_ = std::make_unique<ValueChoices>(column);
+  if (const LookupSource* choices = ownChoices_ != nullptr ? ownChoices_.get() : column.choices) {
     lookUp_ = new LookupEdit(this);
-    lookUp_->setSource(column.choices);
+    lookUp_->setSource(choices);
     lookUp_->setEnterMovesOn(false);
     line_ = lookUp_->line();
-    if (column.refreshChoices)
-      connectGuarded(lookUp_->button(0), &QToolButton::pressed, lookUp_, [this, refresh = column.refreshChoices] {
-        refresh();
-        lookUp_->sourceChanged();
-      });
+    refreshChoices_ = column.refreshChoices;
+    connectGuarded(lookUp_->button(0), &QToolButton::pressed, lookUp_, [this] { refreshChoices(); });
     connectGuarded(lookUp_, &LookupEdit::entryTaken, this, [this] { choose(FilterOperator::Equal, lookUp_->text()); });
     lookUp_->setAccessibleName(name);
   } else {
@@ -65,6 +84,12 @@ void FilterCell::setWrong(const QString& reason) {
   line_->setToolTip(reason);
 }
 
+void FilterCell::refreshChoices() {
+  if (!refreshChoices_) return;
+  refreshChoices_();
+  lookUp_->sourceChanged();
+}
+
 void FilterCell::typed(const QString& text, bool atOnce) {
   QString searched = text;
   if (row_->upperCase()) {
@@ -76,7 +101,9 @@ void FilterCell::typed(const QString& text, bool atOnce) {
     }
   }
   const bool needsNoText = comparison_ == FilterOperator::Empty || comparison_ == FilterOperator::NotEmpty;
-  if (needsNoText && !searched.isEmpty()) comparison_ = GridConditions::usual(type_);
+  // An entry of the list is searched for as a whole; what is typed after it was taken away is not.
+  const bool entryIsGone = lookUp_ != nullptr && searched.isEmpty();
+  if ((needsNoText && !searched.isEmpty()) || entryIsGone) comparison_ = GridConditions::usual(type_);
   sign_->setText(GridConditions::sign(comparison_));
   row_->edited(number_, {comparison_, searched}, atOnce);
 }
@@ -129,6 +156,7 @@ bool FilterCell::eventFilter(QObject* watched, QEvent* event) {
           row_->leave(number_);
         else
           used = false;
+        if (lookUp_ != nullptr && !listOpen) refreshChoices();
         return;
       case Qt::Key_Return:
       case Qt::Key_Enter:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "toolkit/edits/lookup_source.h"
 #include "toolkit/grid/grid_condition.h"
 
 #include <QWidget>
@@ -28,6 +29,7 @@ class FilterCell : public QWidget {
 
  private:
   void place();
+  void refreshChoices();
   void typed(const QString& text, bool atOnce);
   void choose(FilterOperator comparison, const QString& text);
 
@@ -40,4 +42,6 @@ class FilterCell : public QWidget {
   QToolButton* sign_;
   QLineEdit* line_;
   LookupEdit* lookUp_ = nullptr;
+  std::unique_ptr<LookupSource> ownChoices_;
+  std::function<void()> refreshChoices_;
 };

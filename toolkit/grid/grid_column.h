@@ -29,7 +29,8 @@ struct GridColumn {
   QString summaryFormat = {};
   GridSummary groupSummary = GridSummary::None;  ///< in the footer of each group
   QString groupSummaryFormat = {};
-  std::vector<GridListValue> values = {};  ///< fixed value list; a value that is not in it is shown as it is
+  std::vector<GridListValue> values = {};  ///< fixed value list, which the filter row's cell offers; a value that is not in it is
+                                           ///< shown as it is
   std::function<QString(const Value& key)> lookUp = {};  ///< text that stands for a key of another table; empty when unused
   const LookupSource* choices = nullptr;  ///< rows that the filter row's cell offers; not owned
   std::function<void()> refreshChoices = {};   ///< called before they drop down

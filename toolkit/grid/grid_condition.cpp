@@ -7,6 +7,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -87,6 +89,11 @@ bool matches(const QString& shown, FilterOperator comparison, const QString& tex
     default:
       return folded.contains(wanted);
   }
+}
+
+bool showsOtherTexts(const GridColumn& column) {
+  const auto isOther = [](const GridListValue& each) { return each.value != each.shown; };
+  return column.lookUp || std::any_of(column.values.begin(), column.values.end(), isOther);
 }
 
 /// The stored values of a column whose shown text fits.
@@ -196,7 +203,7 @@ std::optional<FilterExpression> GridConditions::expression(const TMyQuery& query
   if (index < 0) throw EDatabaseError(u"Field '%1' not found"_s.arg(column.field));
   const FieldInfo& field = query.fieldInfo(index);
   if (needsNoText(condition.comparison)) return FilterExpression::condition(field.name, condition.comparison);
-  if (column.lookUp || !column.values.empty()) return onShownTexts(query, index, column, condition);
+  if (showsOtherTexts(column)) return onShownTexts(query, index, column, condition);
 
   QString text = condition.text.trimmed();
   FilterOperator comparison = condition.comparison;

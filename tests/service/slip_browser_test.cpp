@@ -1,0 +1,308 @@
+// The list of slips as a screen: the real form on the real database, dialogs answered by a script.
+#include "app/parameters.h"
+#include "app/quendUtils.h"
+#include "service/fservisfissecUnit.h"
+#include "tests/service/slip_form_fixture.h"
+#include "tests/support/fixed_environment.h"
+#include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/table_content.h"
+#include "toolkit/shell/command_updates.h"
+
+#include <QFile>
+#include <QLineEdit>
+#include <QListView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class SlipBrowserTest : public SlipFormTest {
+ protected:
+  void SetUp() override {
+    SlipFormTest::SetUp();
+    QuendUtil->programFolder = folder.path() + u'/';
+  }
+
+  void listSlipsOfTheDay() {
+    QAbstractItemModel* switches = parameters.findChild<QListView*>(u"ParamList"_s)->model();
+    ASSERT_TRUE(switches->setData(switches->index(ParameterFiles::ListSlipsOfTheDay, 0), Qt::Checked, Qt::CheckStateRole));
+  }
+
+  /// A slip of today, 05.03.2020, unless told otherwise.
+  void add(const QString& number, const QString& customer = u"A"_s, const QString& date = u"2020-03-05"_s) {
+    run(u"INSERT INTO teknikservis (TS_NO, TS_MUSTERI, TS_TARIH) VALUES ('%1', '%2', '%3')"_s.arg(number, customer, date));
+  }
+
+  DataGrid& grid() { return *browser.findChild<DataGrid*>(u"slips"_s); }
+
+  /// A column of the rows as they are shown, joined by blanks.
+  QString shown(const QString& caption = u"FİŞ NO"_s) {
+    const auto content = grid().content(true);
+    QStringList texts;
+    for (int column = 0; column < content->columnCount(); ++column)
+      for (int row = 0; content->column(column).caption == caption && row < content->rowCount(); ++row)
+        if (content->rowKind(row) == ContentRowKind::Data) texts += content->text(row, column);
+    return texts.join(u' ');
+  }
+
+  /// Opens the list, lets work be done in it, and closes it; gives the keys that were handed back.
+  QStringList whileOpen(const std::function<void()>& work) {
+    QTimer::singleShot(0, &browser, [&] {
+      EXPECT_TRUE(QTest::qWaitForWindowActive(&browser));
+      guarded(nullptr, work);
+      if (browser.isVisible()) browser.reject();
+    });
+    std::vector<QString> ids{u"left over"_s};
+    browser.Giris(ids);
+    return QStringList(ids.begin(), ids.end());
+  }
+
+  void select(const QStringList& numbers) {
+    grid().clearSelection();
+    grid().setFocus();
+    for (int row = 0; row < browser.qServis.RecordCount(); ++row)
+      if (numbers.contains(browser.qServis.valueAt(row, browser.qServis.fieldIndex(u"TS_NO"_s)).toText())) {
+        if (numbers.first() == browser.qServis.valueAt(row, browser.qServis.fieldIndex(u"TS_NO"_s)).toText())
+          grid().setCurrentRow(row);
+        else
+          press(Qt::Key_Down, Qt::ShiftModifier);
+      }
+    ASSERT_EQ(grid().selectedRows().size(), size_t(numbers.size()));
+  }
+
+  ScopedEnvironment clock{std::make_unique<FixedEnvironment>()};
+  TfParametreler parameters;
+  TfservisfisSec browser;
+};
+
+TEST_F(SlipBrowserTest, NumbersSortAtTheServerBothWaysAndWithASecondColumn) {
+  for (const QString& number : {u"100"_s, u"9"_s, u"10"_s}) add(number, number == u"9"_s ? u"B"_s : u"A"_s);
+  whileOpen([&] {
+    grid().setOrder({{u"TS_NO"_s, false}});
+    EXPECT_EQ(shown(), u"9 10 100"_s);
+    grid().setOrder({{u"TS_NO"_s, true}});
+    EXPECT_EQ(shown(), u"100 10 9"_s);
+    grid().setOrder({{u"TS_MUSTERI"_s, true}, {u"TS_NO"_s, false}});
+    EXPECT_EQ(shown(), u"9 10 100"_s);
+    EXPECT_TRUE(browser.qServis.SQL.text().contains(u"TS_MUSTERI DESC, LENGTH(TS_NO) ASC, TS_NO ASC"_s));
+  });
+}
+
+TEST_F(SlipBrowserTest, TheDaysListFetchesTheDayAndGivesWayToAllSlips) {
+  add(u"1"_s, u"IŞIK"_s, u"2020-03-04"_s);
+  listSlipsOfTheDay();
+  whileOpen([&] {
+    EXPECT_EQ(shown(), QString());
+    EXPECT_EQ(browser.qServis.RecordCount(), 0);
+    updateCommands(&browser);
+    EXPECT_FALSE(browser.aSec->isEnabled());
+    grid().clearFilter();
+    EXPECT_EQ(shown(), u"1"_s);
+    updateCommands(&browser);
+    EXPECT_TRUE(browser.aSec->isEnabled());
+  });
+  add(u"2"_s, u"İNCİ"_s);
+  add(u"3"_s, u"ışık"_s);
+  whileOpen([&] {
+    EXPECT_EQ(shown(), u"2 3"_s);
+    grid().setColumnFilter(u"TS_MUSTERI"_s, FilterOperator::Contains, u"IŞIK"_s);
+    EXPECT_EQ(shown(), u"3"_s);
+    grid().setColumnFilter(u"TS_TARIH"_s, FilterOperator::Equal, u"04.03.2020"_s);
+    EXPECT_EQ(shown(), u"1"_s);
+    // A part of a date is looked for in what the list shows.
+    grid().setColumnFilter(u"TS_TARIH"_s, FilterOperator::Contains, u"03.2020"_s);
+    EXPECT_EQ(shown(), u"1 3"_s);
+  });
+  // Nothing of what was searched for is left at the next opening.
+  whileOpen([&] { EXPECT_EQ(shown(), u"2 3"_s); });
+}
+
+TEST_F(SlipBrowserTest, SignsOfTheServersLanguageAreLookedForAsTheyAre) {
+  add(u"1"_s, u"O''NEIL"_s);
+  add(u"2"_s, u"%50 İNDİRİM_A"_s);
+  add(u"3"_s, u"BAŞKA"_s);
+  for (const bool ofTheDay : {false, true}) {
+    if (ofTheDay) listSlipsOfTheDay();
+    whileOpen([&] {
+      for (const auto& [text, numbers] : {std::pair(u"'"_s, u"1"_s), std::pair(u"%"_s, u"2"_s), std::pair(u"_"_s, u"2"_s),
+                                          std::pair(u"\\"_s, u""_s), std::pair(u"ınd"_s, u""_s), std::pair(u"ind"_s, u"2"_s)}) {
+        grid().setColumnFilter(u"TS_MUSTERI"_s, FilterOperator::Contains, text);
+        EXPECT_EQ(shown(), numbers) << qPrintable(text);
+      }
+    });
+  }
+}
+
+TEST_F(SlipBrowserTest, TypingInTheFilterRowIsTurnedToTurkishCapitals) {
+  add(u"1"_s, u"IŞIK"_s);
+  add(u"2"_s, u"İNCİ"_s);
+  whileOpen([&] {
+    auto* cell = browser.findChild<QWidget*>(u"TS_MUSTERI_filter"_s);
+    ASSERT_NE(cell, nullptr);
+    auto* line = cell->findChild<QLineEdit*>();
+    line->setFocus();
+    QTest::keyClicks(line, u"inc"_s);
+    EXPECT_EQ(line->text(), u"İNC"_s);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == u"2"_s; }));
+  });
+}
+
+TEST_F(SlipBrowserTest, ChosenSlipsAreHandedBackInTheirOrder) {
+  for (const QString& number : {u"1"_s, u"2"_s, u"3"_s}) add(number);
+  const QStringList two{QString::number(savedId(u"1"_s)), QString::number(savedId(u"2"_s))};
+  EXPECT_EQ(whileOpen([&] {
+              select({u"1"_s, u"2"_s});
+              press(Qt::Key_F4);
+            }),
+            two);
+  EXPECT_EQ(whileOpen([&] {
+              select({u"2"_s});
+              press(Qt::Key_Return);
+            }),
+            two.mid(1));
+  // Without a selection the list closes as well, and nothing is opened.
+  EXPECT_EQ(whileOpen([&] {
+              grid().clearSelection();
+              press(Qt::Key_F4);
+              EXPECT_FALSE(browser.isVisible());
+            }),
+            QStringList());
+  EXPECT_EQ(whileOpen([&] { select({u"1"_s}); }), QStringList()) << "given up";
+}
+
+TEST_F(SlipBrowserTest, AForeignOrDamagedLayoutLeavesTheUsualColumns) {
+  add(u"1"_s);
+  const auto captions = [this] {
+    const auto content = grid().content(true);
+    QStringList all;
+    for (int column = 0; column < content->columnCount(); ++column) all += content->column(column).caption;
+    return all.join(u' ');
+  };
+  QString usual;
+  whileOpen([&] { usual = captions(); });
+  EXPECT_EQ(usual, u"FİŞ NO FİŞ TARİH FİŞ TÜRÜ YETKİLİ ADI DIŞ SERİ NO CİHAZ TANIMI MÜŞTERİ ADI TUTAR MALİYET TUTAR"_s);
+
+  const QString file = folder.filePath(u"ServisFis.ini"_s);
+  ASSERT_TRUE(QFile::exists(file));
+  for (const QByteArray& bytes : {QByteArray("\0\xff\xfe garbage [[[", 16), QByteArray("[Other]\nTS_NO=-5\nWidth=x\n"), QByteArray()}) {
+    QFile damaged(file);
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    damaged.write(bytes);
+    damaged.close();
+    whileOpen([&] { EXPECT_EQ(captions(), usual); });
+  }
+
+  whileOpen([&] {
+    grid().setColumnVisible(u"TS_TEL"_s, true);
+    grid().setColumnVisible(u"TS_MALIYET"_s, false);
+  });
+  whileOpen([&] {
+    EXPECT_TRUE(captions().contains(u"TELEFON"_s));
+    EXPECT_FALSE(captions().contains(u"MALİYET"_s));
+  });
+}
+
+TEST_F(SlipBrowserTest, OneSlipIsDeletedWithItsPictureAndNoteAfterItsEditorIsClosed) {
+  add(u"1"_s);
+  add(u"2"_s);
+  const qint64 id = savedId(u"1"_s);
+  openSlip(id);
+  openSlip(savedId(u"2"_s));
+  run(u"INSERT INTO foto (FT_TS_ID, FT_RESIM) VALUES (%1, 'x')"_s.arg(id));
+  dialogs.answer = 2;
+  whileOpen([&] {
+    select({u"1"_s});
+    press(Qt::Key_F6);
+    EXPECT_EQ(workspace.childWindows().size(), 2);
+
+    dialogs.answer = TQuendUtil::Confirmed;
+    press(Qt::Key_F6);
+    EXPECT_EQ(shown(), u"2"_s);
+  });
+  EXPECT_EQ(dialogs.texts, QStringList(2, u"Seçilen 1 nolu fiş silinecek onaylıyor musunuz?"_s));
+  ASSERT_EQ(workspace.childWindows().size(), 1);
+  EXPECT_EQ(workspace.childWindows().first()->windowTitle(), u"(2) Servis Fişi"_s);
+  EXPECT_EQ(rows(u"select TS_NO from teknikservis"_s), u"2"_s);
+  EXPECT_EQ(rows(u"select (select count(*) from foto), (select count(*) from notlar)"_s), u"0|1"_s);
+}
+
+TEST_F(SlipBrowserTest, SeveralSlipsAtOnceAreRefusedAndStay) {
+  add(u"1"_s);
+  add(u"2"_s);
+  add(u"3"_s);
+  openSlip(savedId(u"2"_s));
+  run(u"INSERT INTO foto (FT_TS_ID, FT_RESIM) VALUES (%1, 'x')"_s.arg(savedId(u"1"_s)));
+  dialogs.answer = TQuendUtil::Confirmed;
+  whileOpen([&] {
+    select({u"1"_s, u"2"_s});
+    press(Qt::Key_F6);
+    EXPECT_EQ(shown(), u"1 2 3"_s);
+  });
+  EXPECT_EQ(dialogs.texts, (QStringList{u"Seçilen fiş(ler) silinecek onaylıyor musunuz?"_s, u"Seçilen fiş(ler) silinemedi!"_s}));
+  EXPECT_TRUE(workspace.childWindows().isEmpty());
+  EXPECT_FALSE(DM->MySQL.InTransaction());
+  EXPECT_EQ(rows(u"select (select count(*) from foto), (select count(*) from notlar), (select count(*) from teknikservis)"_s), u"1|3|3"_s);
+}
+
+TEST_F(SlipBrowserTest, ASlipThatAnotherWorkstationDeletedCanStillBeDeletedAndNotBeOpened) {
+  add(u"1"_s);
+  add(u"2"_s);
+  dialogs.answer = TQuendUtil::Confirmed;
+  whileOpen([&] {
+    select({u"1"_s});
+    run(u"DELETE FROM teknikservis WHERE TS_NO = '1'");
+    press(Qt::Key_F6);
+    EXPECT_EQ(shown(), u"2"_s);
+  });
+  EXPECT_EQ(dialogs.texts.size(), 1);
+
+  dialogs.texts.clear();
+  const QStringList ids = whileOpen([&] {
+    select({u"2"_s});
+    run(u"DELETE FROM teknikservis WHERE TS_NO = '2'");
+    press(Qt::Key_F4);
+  });
+  ASSERT_EQ(ids.size(), 1);
+  workspace.openSlip(ids.first().toLongLong());
+  EXPECT_EQ(dialogs.texts.size(), 1) << "the slip's absence is told";
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(workspace.childWindows().isEmpty());
+}
+
+TEST_F(SlipBrowserTest, RefreshShowsWhatOthersWrote) {
+  add(u"1"_s);
+  whileOpen([&] {
+    add(u"2"_s);
+    EXPECT_EQ(shown(), u"1"_s);
+    press(Qt::Key_F8);
+    EXPECT_EQ(shown(), u"1 2"_s);
+  });
+}
+
+TEST_F(SlipBrowserTest, AStatusPaintsItsSlips) {
+  run(u"INSERT INTO teknikservis (TS_NO, TS_TURU) VALUES ('1', 'TAMAMLANDI'), ('2', 'ONARILIYOR')");
+  ParameterFiles::save(folder.filePath(u"islemrenk.dat"_s), ParameterFiles::writeStatuses({{u"TAMAMLANDI"_s, u"0x000000FF"_s, true}}));
+  parameters.Load();
+  whileOpen([&] {
+    const auto content = grid().content(true);
+    EXPECT_EQ(content->textColor(0), QColor(0, 0, 255));
+    EXPECT_FALSE(content->textColor(1).isValid());
+  });
+}
+
+TEST_F(SlipBrowserTest, AnAccountWithoutRightsMayOnlyLook) {
+  add(u"1"_s);
+  const QString master = std::exchange(DM->MySQL.Username, u"OTHER"_s);
+  const QStringList ids = whileOpen([&] {
+    updateCommands(&browser);
+    for (QAction* command : {browser.aSec, browser.aFisSil}) EXPECT_FALSE(command->isEnabled());
+    EXPECT_TRUE(browser.aGuncelle->isEnabled());
+    select({u"1"_s});
+    press(Qt::Key_Return);
+    EXPECT_TRUE(browser.isVisible());
+  });
+  DM->MySQL.Username = master;
+  EXPECT_TRUE(ids.isEmpty());
+}
+
+}  // namespace
