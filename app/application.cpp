@@ -8,6 +8,13 @@
 #include "app/parameters.h"
 #include "app/platform/time_zone.h"
 #include "app/Unit14.h"
+#include "cards/customer_devices.h"
+#include "cards/customer_editor.h"
+#include "cards/customer_list.h"
+#include "cards/device_list.h"
+#include "cards/firm_editor.h"
+#include "cards/firm_list.h"
+#include "cards/service_types.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfissecUnit.h"
@@ -57,6 +64,13 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TfHatirlat reminder;
   TfFoto photo;
   TLogin_Form login;
+  Tfmusteriler customers;
+  Tfcihazlar devices;
+  TfDisServisler firms;
+  TfDisServisEkle firmEditor;
+  TfCariEkle customerEditor;
+  TfServisTip serviceTypes;
+  TfMusteriCihaz customerDevices;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {
     Login_Form->ApplicationEvents1Exception(sender, error);
   });

@@ -13,6 +13,10 @@
 #include "app/quendUtils.h"
 #include "app/slip_frame.h"
 #include "app/Unit14.h"
+#include "cards/customer_list.h"
+#include "cards/device_list.h"
+#include "cards/firm_list.h"
+#include "cards/service_types.h"
 #include "service/fservisfis_unit.h"
 #include "service/fservisfissecUnit.h"
 #include "toolkit/edits/button_edit.h"
@@ -140,6 +144,10 @@ void TfKvb::connectCommands() {
   };
   on(u"dxBarLargeButton1"_s, [this] { newSlip(); });
   on(u"dxBarLargeButton2"_s, [this] { chooseSlips(); });
+  on(u"dxBarButton16"_s, [] { fmusteriler->Giris(); });
+  on(u"dxBarButton17"_s, [] { fcihazlar->Giris(); });
+  on(u"dxBarButton18"_s, [] { fDisServisler->Giris(); });
+  on(u"dxBarButton22"_s, [] { fServisTip->Giris(); });
   on(u"tileRows"_s, [this] { children_->tileRows(); });
   on(u"tileColumns"_s, [this] { children_->tileColumns(); });
   on(u"cascade"_s, [this] { children_->cascade(); });
@@ -251,6 +259,7 @@ void TfKvb::timer1Timer() {
   const QString picture = programFolder() + u"masaustu.png"_s;
   if (QFileInfo::exists(picture)) children_->clientArea()->setPicture(QPixmap(picture));
   fParametreler->Load();
+  if (fServisTip != nullptr) fServisTip->qServisTip.Open();
   dxBarStatic1->setText(Login_Form->Kullanici->text());
   dxBarStatic2->setText(Login_Form->eSunucu->text());
   applyRights();

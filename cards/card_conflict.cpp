@@ -3,6 +3,7 @@
 #include "app/conflict_text.h"
 #include "app/data/my_query.h"
 #include "app/dmUnit.h"
+#include "app/exceptions.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "cards/card_rules.h"
@@ -14,6 +15,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A row that was written without the check does not know its new version: its next save would meet this one.
+void readNewVersion(TMyQuery& cards) {
+  try {
+    cards.RefreshRecord();
+  } catch (const Exception& error) {
+    Login_Form->Log(error.message(), &error);  // the save itself is done
+  }
+}
+
 /// Saves without the check for changes by others; it is on from then on, whether it was before or not: meant.
 void saveOverOthers(const ConflictingCard& card) {
   card.cards.Options.CheckRowVersion = false;
@@ -24,6 +34,7 @@ void saveOverOthers(const ConflictingCard& card) {
     throw;
   }
   card.cards.Options.CheckRowVersion = true;
+  if (card.cards.state() == QueryState::Browse) readNewVersion(card.cards);
 }
 
 }  // namespace

@@ -60,6 +60,7 @@ void CardStore::openByDevice(TMyQuery& qCari, const FilterExpression& filter) {
   try {
     qCari.AddWhere(filter);
     qCari.Open();
+    if (qCari.filter()) qCari.setFilter(std::nullopt);  // an earlier one of the grid's
   } catch (...) {
     qCari.SQL = before;
     throw;

@@ -1,0 +1,128 @@
+#include "cards/card_list.h"
+
+#include "app/dmUnit.h"
+#include "app/exceptions.h"
+#include "app/guard.h"
+#include "app/quendUtils.h"
+#include "app/rights.h"
+#include "app/Unit14.h"
+#include "toolkit/grid/data_grid.h"
+#include "toolkit/shell/command_updates.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QScreen>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize preferredSize(1060, 600);
+constexpr int failureMessageMs = 8000;
+
+}  // namespace
+
+CardList::CardList(const CardListDescription& description, QWidget* parent)
+    : QDialog(parent),
+      rightPath_(description.rightPath),
+      cards_(DM->MySQL, description.queryName),
+      grid_(new DataGrid(cards_, description.columns, description.caption, this)) {
+  setObjectName(description.objectName);
+  setWindowTitle(description.caption);
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  grid_->setObjectName(u"grid"_s);
+  grid_->setFilterRow(true);
+  grid_->setFilterUpperCase(true);
+  grid_->setGroupArea(true);
+  grid_->setEmptyText(u"<Kayıt yok!>"_s);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(8, 8, 8, 8);
+  column->addWidget(grid_);
+  resize(preferredSize.boundedTo(screen()->availableSize()));
+}
+
+CardList::~CardList() {
+  // Looks at the query, which ends before the base class would take the grid down.
+  delete grid_;
+}
+
+QAction* CardList::command(const QString& name) const { return findChild<QAction*>(name, Qt::FindDirectChildrenOnly); }
+
+void CardList::addCommands(const std::vector<CardCommand>& commands, const QString& onRowChosen) {
+  auto* bar = new QHBoxLayout;
+  bar->setSpacing(4);
+  static_cast<QBoxLayout*>(layout())->insertLayout(0, bar);
+  for (const CardCommand& command : commands) addCommand(command, *bar);
+  bar->addStretch(1);
+  if (QAction* chosen = command(onRowChosen))
+    connectGuarded(grid_, &DataGrid::rowChosen, this, [this, chosen] {
+      updateCommands(this);
+      chosen->trigger();
+    });
+}
+
+void CardList::addCommand(const CardCommand& command, QBoxLayout& bar) {
+  auto* action = new QAction(QIcon::fromTheme(command.icon), command.caption, this);
+  action->setObjectName(command.name);
+  action->setShortcut(command.key);
+  addAction(action);
+  connectGuarded(action, &QAction::triggered, this, [work = command.work] { work(); });
+  keepUpdated(this, action, [this, command] { return isEnabled(command); });
+  auto* button = new QToolButton(this);
+  button->setDefaultAction(action);
+  button->setObjectName(command.name + u"Button"_s);
+  button->setAccessibleName(command.caption);
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  button->setIconSize(QSize(22, 22));
+  button->setFocusPolicy(Qt::TabFocus);
+  bar.addWidget(button);
+}
+
+bool CardList::isEnabled(const CardCommand& command) {
+  if (!command.right.isEmpty() && DM->Kullanici_Yetkileri(rightPath_ + command.right) == Right::Checked) return false;
+  if (command.needsRows && cards_.IsEmpty()) return false;
+  return !command.alsoNeeds || command.alsoNeeds();
+}
+
+void CardList::Giris() {
+  cards_.Open();
+  grid_->setFilterEnabled(true);
+  grid_->goToFirstRow();
+  grid_->setFocus();
+  exec();
+  cards_.Close();
+  grid_->clearFilter();
+  grid_->clearGrouping();
+}
+
+CardCommand CardList::deleteCommand(const QString& question, const QString& failure) {
+  const QString caption = u"F6 » Kayıt Sil"_s;
+  return {u"aFisSil"_s, caption, u"edit-delete"_s, Qt::Key_F6, [=, this] { deleteSelected(question, failure); }, caption};
+}
+
+CardCommand CardList::refreshCommand() {
+  return {u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8, [this] { cards_.Refresh(); }, {}, false};
+}
+
+void CardList::insertCard(const std::function<void()>& insert) {
+  const int before = grid_->currentRow();
+  const int rows = cards_.RecordCount();
+  insert();
+  if (cards_.RecordCount() == rows)
+    grid_->setCurrentRow(before);
+  else
+    grid_->setCurrentRow(cards_.RecNo());
+}
+
+void CardList::deleteSelected(const QString& question, const QString& failure) {
+  if (QuendUtil->Mesaj(this, question) != TQuendUtil::Confirmed) return;
+  try {
+    TransactionGuard transaction(DM->MySQL);
+    grid_->deleteSelectedRows();
+    transaction.commit();
+  } catch (const Exception& error) {
+    Login_Form->Log(error.message(), &error);
+    QuendUtil->mesajTimeOut(this, failure, failureMessageMs);
+  }
+}

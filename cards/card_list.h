@@ -1,0 +1,73 @@
+#pragma once
+
+#include "app/data/my_query.h"
+#include "toolkit/grid/grid_column.h"
+
+#include <QDialog>
+#include <QKeySequence>
+
+#include <functional>
+#include <vector>
+
+class DataGrid;
+class QAction;
+class QBoxLayout;
+
+/// What a list is, as its screen describes it.
+struct CardListDescription {
+  QString objectName;
+  QString caption;
+  QString queryName;
+  QString rightPath;  ///< of the list; a command's right stands below it
+  std::vector<GridColumn> columns;
+};
+
+/// One command of a list.
+struct CardCommand {
+  QString name;     ///< of its action
+  QString caption;
+  QString icon;
+  QKeySequence key;
+  std::function<void()> work;
+  QString right;    ///< caption that its right goes by; empty when nothing guards it
+  bool needsRows = true;
+  std::function<bool()> alsoNeeds = {};
+};
+
+/// A modal list over one table: commands as rights and rows allow them, filter row in Turkish capitals, incremental search,
+/// grouping, guarded delete. Reads anew at each opening.
+class CardList : public QDialog {
+  Q_OBJECT
+ public:
+  ~CardList() override;
+
+  /// Reads the rows, switches the filter on, stands on the first row and shows the list until it is closed; then the query
+  /// is closed, filter and grouping are gone. Throws EDatabaseError.
+  void Giris();
+
+  DataGrid* grid() const { return grid_; }
+  /// The action of that name; null when there is none.
+  QAction* command(const QString& name) const;
+
+ protected:
+  /// Works on DM's connection.
+  CardList(const CardListDescription& description, QWidget* parent);
+
+  TMyQuery& cards() { return cards_; }
+  /// The toolbar, from left to right. Enter and a double click on a row run the command that opened names, if any.
+  void addCommands(const std::vector<CardCommand>& commands, const QString& onRowChosen = {});
+  /// The commands that lists have in common.
+  CardCommand deleteCommand(const QString& question, const QString& failure);
+  CardCommand refreshCommand();
+  /// Runs an editor's Insert; the cursor goes back to where it was when no row came.
+  void insertCard(const std::function<void()>& insert);
+
+ private:
+  void addCommand(const CardCommand& command, QBoxLayout& bar);
+  bool isEnabled(const CardCommand& command);
+  void deleteSelected(const QString& question, const QString& failure);
+
+  QString rightPath_;
+  TMyQuery cards_;
+  DataGrid* grid_;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "cards/card_list.h"
+
+/// "Müşteri Listesi": all customer cards.
+class Tfmusteriler : public CardList {
+  Q_OBJECT
+ public:
+  explicit Tfmusteriler(QWidget* parent = nullptr);
+  ~Tfmusteriler() override;
+
+  /// The open cards, which the editor works on as well.
+  TMyQuery& qCari;
+  /// Opens the bulk SMS with the numbers of all listed customers, and the statistics of one by name. A command whose screen
+  /// is not there does nothing.
+  std::function<void(const QString& numbers)> openBulkSms;
+  std::function<void(const QString& customer)> openStatistics;
+
+ private:
+  bool takeFilter(const std::optional<FilterExpression>& filter);
+  bool hasNamedRow();
+  void showDevices();
+  void sendSms();
+  void showStatistics();
+
+  bool isByDevice_ = false;  ///< the rows are those of a filter by device
+};
+
+extern Tfmusteriler* fmusteriler;

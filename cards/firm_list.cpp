@@ -1,0 +1,44 @@
+#include "cards/firm_list.h"
+
+#include "cards/card_columns.h"
+#include "cards/card_store.h"
+#include "cards/firm_editor.h"
+
+using namespace Qt::StringLiterals;
+
+TfDisServisler* fDisServisler = nullptr;
+
+namespace {
+
+std::vector<GridColumn> firmColumns() {
+  using namespace CardColumns;
+  return {internal(u"DS_ID"_s),
+          stretching(u"DS_AD"_s, u"DIŞ SERVİS ADI"_s, 240),
+          shown(u"DS_YETKILI"_s, u"YETKİLİ"_s, 150),
+          shown(u"DS_ADRES"_s, u"ADRES"_s, 260),
+          shown(u"DS_ILCE_IL"_s, u"İLÇE / İL"_s, 150),
+          shown(u"DS_TEL"_s, u"TELEFON"_s, 110),
+          shown(u"DS_FAKS"_s, u"FAKS"_s, 110)};
+}
+
+}  // namespace
+
+TfDisServisler::TfDisServisler(QWidget* parent)
+    : CardList({u"fDisServisler"_s, u"Dış Servisler Listesi"_s, u"qDisServis"_s, u"Kartlar\\Dış Servis Kartları\\"_s, firmColumns()},
+               parent),
+      qDisServis(cards()) {
+  CardStore::setUpFirms(qDisServis);
+  const QString add = u"F3 » Kayıt Ekle"_s;
+  const CardCommand aEkle{u"aEkle"_s, add, u"list-add"_s, Qt::Key_F3, [this] { insertCard([] { fDisServisEkle->Insert(); }); }, add, false};
+  // Goes by the right to add: meant.
+  const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, Qt::Key_F4, [] { fDisServisEkle->Edit(); }, add};
+  addCommands({aEkle, aDuzelt,
+               deleteCommand(u"Seçilen dış servis kartı silinecek onaylıyor musunuz?"_s, u"Seçilen dış servis kartı silinemedi!"_s),
+               refreshCommand()},
+              u"aDuzelt"_s);
+  fDisServisler = this;
+}
+
+TfDisServisler::~TfDisServisler() {
+  if (fDisServisler == this) fDisServisler = nullptr;
+}
