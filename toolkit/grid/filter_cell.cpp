@@ -15,25 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int signWidth = 18;
-constexpr int listWidth = 220;
-
-/// The shown texts of a column's fixed values.
-class ValueChoices : public LookupSource {
- public:
-  explicit ValueChoices(const GridColumn& column) : caption_(column.caption.trimmed()) {
-    for (const GridListValue& value : column.values)
-      if (!value.shown.isEmpty()) texts_ += value.shown;
-  }
-  int rowCount() const override { return int(texts_.size()); }
-  int columnCount() const override { return 1; }
-  QString text(int row, int) const override { return texts_[row]; }
-  QString caption(int) const override { return caption_; }
-  int width(int) const override { return listWidth; }
-
- private:
-  QString caption_;
-  QStringList texts_;
-};
 
 }  // namespace
 
@@ -45,10 +26,9 @@ FilterCell::FilterCell(FilterRow* row, const GridColumn& column, int number, Fie
   sign_->setFocusPolicy(Qt::NoFocus);
   sign_->setAccessibleName(u"%1 karşılaştırması"_s.arg(column.caption.trimmed()));
   connectGuarded(sign_, &QToolButton::clicked, this, [this] { openComparisons(); });
-  if (column.choices == nullptr && !column.values.empty()) ownChoices_ = std::make_unique<ValueChoices>(column);
-  if (const LookupSource* choices = ownChoices_ != nullptr ? ownChoices_.get() : column.choices) {
+  if (column.choices != nullptr) {
     lookUp_ = new LookupEdit(this);
-    lookUp_->setSource(choices);
+    lookUp_->setSource(column.choices);
     lookUp_->setEnterMovesOn(false);
     line_ = lookUp_->line();
     refreshChoices_ = column.refreshChoices;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "toolkit/edits/lookup_source.h"
 #include "toolkit/grid/grid_condition.h"
 
 #include <QWidget>
@@ -42,6 +41,5 @@ class FilterCell : public QWidget {
   QToolButton* sign_;
   QLineEdit* line_;
   LookupEdit* lookUp_ = nullptr;
-  std::unique_ptr<LookupSource> ownChoices_;
   std::function<void()> refreshChoices_;
 };
