@@ -29,7 +29,7 @@ namespace {
 
 /// Result of a dialog that was confirmed.
 constexpr int confirmed = 6;
-constexpr QSize preferredSize(1260, 640);
+constexpr QSize preferredSize(1228, 640);
 
 QString layoutFile() { return QuendUtil->programFolder + u"ServisFis.ini"_s; }
 

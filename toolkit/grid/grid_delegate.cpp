@@ -29,6 +29,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->fillRect(option.rect, colors.color(QPalette::Midlight));
   else if (selected)
     painter->fillRect(option.rect, colors.color(group, QPalette::Highlight));
+  else if (isCursor)
+    painter->fillRect(option.rect, colors.color(QPalette::Base));  // the style has painted the selected row behind it
   else if (index.row() % 2 == 1)
     painter->fillRect(option.rect, colors.color(QPalette::AlternateBase));
 
