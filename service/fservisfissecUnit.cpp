@@ -14,6 +14,8 @@
 #include "service/slip_rules.h"
 #include "service/slip_tables.h"
 #include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/filter_row.h"
+#include "toolkit/grid/grid_model.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <QAction>
@@ -96,7 +98,7 @@ void TfservisfisSec::buildGrid() {
   grid_->setRowColor([this](int row) { return statusColor(row); });
   grid_->setSortHandler([this](const std::vector<GridSort>& order) { sortAtServer(order); });
   grid_->setFilterHandler([this](const std::optional<FilterExpression>& filter) {
-    if (isOpen_) store_.narrow(filter);
+    if (isOpen_) narrow(filter);
     return true;
   });
   connectGuarded(grid_, &DataGrid::rowChosen, this, [this] {
@@ -162,6 +164,16 @@ void TfservisfisSec::done(int result) {
     Login_Form->Log(error.message(), &error);
   }
   QDialog::done(result);
+}
+
+void TfservisfisSec::narrow(const std::optional<FilterExpression>& filter) {
+  const QString dateField = u"TS_TARIH"_s;
+  const bool dateIsTyped = !grid_->filterRow()->condition(grid_->model()->columnOf(dateField)).isEmpty();
+  // A date that is still being typed is no reason to fetch all slips.
+  if (grid_->isFilterEnabled() && dateIsTyped && !SlipBrowserRules::hasCondition(filter, dateField))
+    store_.narrowFetched(filter);
+  else
+    store_.narrow(filter);
 }
 
 void TfservisfisSec::sortAtServer(const std::vector<GridSort>& order) {

@@ -39,6 +39,7 @@ class TfservisfisSec : public QDialog {
   void buildGrid();
   void buildForm();
   void openList();
+  void narrow(const std::optional<FilterExpression>& filter);
   void sortAtServer(const std::vector<GridSort>& order);
   QColor statusColor(int row) const;
   QStringList selectedTexts(const QString& field) const;

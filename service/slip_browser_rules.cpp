@@ -1,5 +1,7 @@
 #include "service/slip_browser_rules.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -36,6 +38,12 @@ SplitFilter split(const std::optional<FilterExpression>& filter) {
   std::vector<FilterExpression> inMemory;
   for (const FilterExpression& part : filter->conjuncts()) (isServerCondition(part) ? atServer : inMemory).push_back(part);
   return {joined(std::move(atServer)), joined(std::move(inMemory))};
+}
+
+bool hasCondition(const std::optional<FilterExpression>& filter, const QString& column) {
+  if (!filter) return false;
+  const std::vector<FilterExpression> parts = filter->conjuncts();
+  return std::any_of(parts.begin(), parts.end(), [&](const FilterExpression& part) { return part.column() == column; });
 }
 
 QString deletionQuestion(const QStringList& numbers) {

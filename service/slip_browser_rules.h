@@ -27,6 +27,9 @@ struct SplitFilter {
 };
 SplitFilter split(const std::optional<FilterExpression>& filter);
 
+/// True when one of the parts that must all be true is a condition on that column.
+bool hasCondition(const std::optional<FilterExpression>& filter, const QString& column);
+
 /// What is asked before slips with these numbers are deleted.
 QString deletionQuestion(const QStringList& numbers);
 QString deletionFailed();

@@ -40,16 +40,10 @@ void SlipBrowserStore::openAll() {
 }
 
 void SlipBrowserStore::narrow(const std::optional<FilterExpression>& filter) {
-  if (!fetched_ && qServis_.Active()) {
-    qServis_.setFilter(filter);
-    return;
-  }
+  if (!fetched_ && qServis_.Active()) return narrowFetched(filter);
   const SlipBrowserRules::SplitFilter parts = SlipBrowserRules::split(filter);
   std::optional<Condition> wanted = conditionOf(parts.atServer);
-  if (wanted == fetched_ && qServis_.Active()) {
-    qServis_.setFilter(parts.inMemory);
-    return;
-  }
+  if (wanted == fetched_ && qServis_.Active()) return narrowFetched(parts.inMemory);
   qServis_.Close();
   qServis_.setFilter(parts.inMemory);
   fetch(allSlips(), std::move(wanted));

@@ -18,6 +18,8 @@ class SlipBrowserStore {
   /// Shows the slips that pass. A list that is limited at the server is fetched anew when its condition on the slip date
   /// changes; everything else is narrowed among the rows that are there.
   void narrow(const std::optional<FilterExpression>& filter);
+  /// Shows those that pass of the slips that are there, and fetches none.
+  void narrowFetched(const std::optional<FilterExpression>& filter) { qServis_.setFilter(filter); }
   /// Orders by an order clause and fetches the slips anew. With an empty one the order stays as it is, which is meant.
   void setOrder(const QString& columns);
   /// Fetches the slips again, also after a fetch that failed.

@@ -107,11 +107,22 @@ TEST_F(SlipBrowserTest, TheDaysListFetchesTheDayAndGivesWayToAllSlips) {
     EXPECT_EQ(shown(), u"2 3"_s);
     grid().setColumnFilter(u"TS_MUSTERI"_s, FilterOperator::Contains, u"IŞIK"_s);
     EXPECT_EQ(shown(), u"3"_s);
+    // An unfinished date fetches nothing.
+    const quint64 statements = DM->MySQL.roundTrips();
+    for (const QString& unfinished : {u"05.03.20201"_s, u">"_s, u"=0"_s}) {
+      grid().setColumnFilter(u"TS_TARIH"_s, FilterOperator::Equal, unfinished);
+      EXPECT_EQ(shown(), u"3"_s) << qPrintable(unfinished);
+    }
+    EXPECT_EQ(DM->MySQL.roundTrips(), statements);
     grid().setColumnFilter(u"TS_TARIH"_s, FilterOperator::Equal, u"04.03.2020"_s);
     EXPECT_EQ(shown(), u"1"_s);
     // A part of a date is looked for in what the list shows.
     grid().setColumnFilter(u"TS_TARIH"_s, FilterOperator::Contains, u"03.2020"_s);
     EXPECT_EQ(shown(), u"1 3"_s);
+  });
+  whileOpen([&] {
+    grid().setFilterEnabled(false);
+    EXPECT_EQ(shown(), u"1 2 3"_s);
   });
   // Nothing of what was searched for is left at the next opening.
   whileOpen([&] { EXPECT_EQ(shown(), u"2 3"_s); });

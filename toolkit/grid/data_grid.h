@@ -91,7 +91,7 @@ class DataGrid : public QWidget {
   /// Takes all conditions away.
   void clearFilter();
   void setFilterEnabled(bool on);
-  bool isFilterEnabled() const;
+  bool isFilterEnabled() const { return filterEnabled_; }
 
   std::vector<GridSort> order() const;
   void setOrder(std::vector<GridSort> order);
