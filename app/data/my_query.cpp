@@ -5,6 +5,8 @@
 #include "app/data/sql_text.h"
 #include "app/exceptions.h"
 
+#include <QSet>
+
 #include <mysql.h>
 
 #include <algorithm>
@@ -270,6 +272,17 @@ std::optional<QByteArrayView> TMyQuery::rawCell(int row, int field) const {
   const Row cells = rows_[size_t(row)];
   if (cells[field] == nullptr) return std::nullopt;
   return cell(cells, field);
+}
+
+std::vector<Value> TMyQuery::distinctValues(int field) const {
+  QSet<QByteArrayView> seen;
+  std::vector<Value> values;
+  for (const Row row : filter_ ? allRows_ : rows_) {
+    if (row[field] == nullptr || seen.contains(cell(row, field))) continue;
+    seen.insert(cell(row, field));
+    values.push_back(FieldCodec::decode(fields_[size_t(field)], cell(row, field)));
+  }
+  return values;
 }
 
 QByteArrayView TMyQuery::cell(Row row, int field) const {

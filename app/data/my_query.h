@@ -166,6 +166,8 @@ class TMyQuery {
   Value valueAt(int row, int field) const;
   /// A shown row's cell as the server delivered it; nothing is NULL. The view lives until the row changes.
   std::optional<QByteArrayView> rawCell(int row, int field) const;
+  /// The different values of a column, NULL left out, over all rows that were read, also those that the filter hides.
+  std::vector<Value> distinctValues(int field) const;
   const std::vector<FieldInfo>& fields() const { return fields_; }
 
   quint64 lastInsertId() const { return lastInsertId_; }

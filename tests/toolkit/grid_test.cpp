@@ -300,6 +300,19 @@ TEST_F(GridTest, LayoutIsKeptAndForeignFilesChangeNothing) {
   }
 }
 
+TEST_F(GridTest, AColumnShowsAndSearchesTheTextBehindAKey) {
+  fill();
+  std::vector<GridColumn> shown = columns();
+  shown[1].lookUp = [](const Value& key) { return u"MÜŞTERİ %1"_s.arg(key.toText()); };
+  show(shown);
+  grid->setFilterRow(true);
+  EXPECT_EQ(lines(u"NO"_s).first(), u"MÜŞTERİ 1"_s);
+  grid->setColumnFilter(u"NO"_s, FilterOperator::Contains, u"müşteri 5"_s);
+  EXPECT_EQ(lines(), QStringList{u"şeker"_s});
+  grid->setColumnFilter(u"NO"_s, FilterOperator::Contains, u"6"_s);
+  EXPECT_EQ(lines(), QStringList{u""_s}) << "rows that the filter before had hidden are searched as well";
+}
+
 TEST_F(GridTest, ColumnsAreChosenAndTheLastOneStays) {
   fill();
   show();

@@ -38,8 +38,8 @@ enum class GridEditing {
 /// Enter chooses the row (edits the cell in a grid that is edited in place), F2 edits. Ctrl+F goes to the filter row, Down
 /// or Enter there back to the rows, Alt+Down there opens the operators, Escape empties the cell. Ctrl+Shift+F switches the
 /// filter off and on, Ctrl+Shift+C clears it. Plus and minus open and close a group, Ctrl+plus and Ctrl+minus all of them.
-/// Ctrl+Shift+S sorts by the column, Ctrl+Shift+G groups by it or takes it out, Ctrl+Shift+B fits its width, Ctrl+Left and
-/// Ctrl+Right with Shift move it, Ctrl+Shift+H hides it. Alt+F10 opens the header's menu, Ctrl+Shift+K the column chooser.
+/// Ctrl+Shift+S sorts by the column, Ctrl+Shift+G groups by it or takes it out, Ctrl+Shift+B fits its width, Ctrl+Alt+Left
+/// and Ctrl+Alt+Right narrow and widen it, Ctrl+Shift+Left and Ctrl+Shift+Right move it, Ctrl+Shift+H hides it. Alt+F10 opens the header's menu, Ctrl+Shift+K the column chooser.
 /// Ctrl+A selects all, Ctrl+C copies the selected rows. In place: Insert adds a row, Ctrl+Delete deletes it, Escape gives
 /// the cell, then the row back.
 class DataGrid : public QWidget {
@@ -154,6 +154,7 @@ class DataGrid : public QWidget {
   void toggleGroup(const QString& field);
   void moveColumn(int by);
   void fitColumn(int column);
+  void widenColumn(int by);
   void step(int by);
   void addRow();
   void copySelection() const;

@@ -20,6 +20,11 @@ using namespace Qt::StringLiterals;
 
 // The keys and menus of the data grid.
 
+namespace {
+constexpr int widthStep = 10;
+constexpr int leastWidth = 24;
+}  // namespace
+
 void DataGrid::addKey(const QString& name, const QKeySequence& key, std::function<void()> work) {
   auto* action = new QAction(name, this);
   action->setShortcut(key);
@@ -46,6 +51,8 @@ void DataGrid::buildCommands() {
   addKey(u"Sütunu gizle"_s, QKeySequence(u"Ctrl+Shift+H"_s), [this] { setColumnVisible(currentField(), false); });
   addKey(u"Sütunu sola taşı"_s, QKeySequence(u"Ctrl+Shift+Left"_s), [this] { moveColumn(-1); });
   addKey(u"Sütunu sağa taşı"_s, QKeySequence(u"Ctrl+Shift+Right"_s), [this] { moveColumn(1); });
+  addKey(u"Sütunu daralt"_s, QKeySequence(u"Ctrl+Alt+Left"_s), [this] { widenColumn(-widthStep); });
+  addKey(u"Sütunu genişlet"_s, QKeySequence(u"Ctrl+Alt+Right"_s), [this] { widenColumn(widthStep); });
   addKey(u"Sütun seç"_s, QKeySequence(u"Ctrl+Shift+K"_s), [this] { openColumnChooser(); });
   addKey(u"Başlık menüsü"_s, QKeySequence(u"Alt+F10"_s), [this] {
     QMenu menu(this);
@@ -107,6 +114,11 @@ void DataGrid::moveColumn(int by) {
 void DataGrid::fitColumn(int column) {
   if (columns()[size_t(column)].stretches) return;
   view_->setColumnWidth(column, view_->fittingWidth(column));
+}
+
+void DataGrid::widenColumn(int by) {
+  const int column = view_->currentColumn();
+  if (!columns()[size_t(column)].stretches) view_->setColumnWidth(column, std::max(leastWidth, view_->columnWidth(column) + by));
 }
 
 void DataGrid::copySelection() const {

@@ -5,8 +5,6 @@
 #include "app/exceptions.h"
 #include "app/turkish_text.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -99,12 +97,7 @@ bool showsOtherTexts(const GridColumn& column) {
 /// The stored values of a column whose shown text fits.
 FilterExpression onShownTexts(const TMyQuery& query, int field, const GridColumn& column, const GridCondition& condition) {
   std::vector<FilterExpression> equal;
-  QSet<QByteArray> seen;
-  for (int row = 0; row < query.RecordCount(); ++row) {
-    const auto cell = query.rawCell(row, field);
-    if (!cell || seen.contains(QByteArray::fromRawData(cell->data(), cell->size()))) continue;
-    seen.insert(cell->toByteArray());
-    const Value value = FieldCodec::decode(query.fieldInfo(field), *cell);
+  for (const Value& value : query.distinctValues(field)) {
     QString shown = column.lookUp ? column.lookUp(value) : value.toText();
     for (const GridListValue& each : column.values)
       if (each.value == shown) {
