@@ -17,7 +17,6 @@
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
-#include "toolkit/grid/query_table.h"
 
 #include <gmock/gmock.h>
 

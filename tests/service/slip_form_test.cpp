@@ -1,4 +1,3 @@
-#include "service/fservisfissecUnit.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/edits/combo_edit.h"
 
@@ -225,40 +224,4 @@ TEST_F(SlipFormTest, LinesAreTypedInTheirTable) {
   press(Qt::Key_Insert);
   slip->aKaydet->trigger();
   EXPECT_EQ(rows(u"select MZ_SIRANO, MZ_PARCA_ADI, MZ_ADET, MZ_TUTAR from malzeme"_s), u"1|Şase|1,5000|2000,2500"_s);
-}
-
-TEST_F(SlipFormTest, BrowserFindsAndHandsOverSlips) {
-  run(u"INSERT INTO teknikservis (TS_NO, TS_MUSTERI) VALUES ('9', 'İSMAİL'), ('10', '%100 KAHVE'), ('11', 'ISPARTA')");
-  TfservisfisSec browser;
-  std::vector<QString> ids{u"old"_s};
-  const auto giris = [&](auto work) {
-    QTimer::singleShot(0, &browser, work);
-    browser.Giris(ids);
-  };
-  auto* table = browser.findChild<QueryTable*>(u"slips"_s);
-  const auto search = [&](const QString& words) {
-    browser.findChild<EditBox*>(u"search"_s)->setText(words);
-    browser.findChild<QAction*>(u"aGuncelle"_s)->trigger();
-    QStringList numbers;
-    for (int row = 0; row < table->model()->rowCount(); ++row) numbers.append(table->model()->index(row, 0).data().toString());
-    return numbers.join(u' ');
-  };
-  giris([&] {
-    EXPECT_EQ(search({}), u"11 10 9"_s);
-    EXPECT_EQ(search(u"ismail"_s), u"9"_s);
-    EXPECT_EQ(search(u"%"_s), u"10"_s);
-    EXPECT_EQ(search(u"' or 1=1"_s), QString());
-    browser.reject();
-  });
-  EXPECT_TRUE(ids.empty());
-  giris([&] {
-    table->view()->selectAll();
-    browser.findChild<QAction*>(u"aSec"_s)->trigger();
-  });
-  EXPECT_EQ(ids.size(), 3u);
-  giris([&] {
-    table->view()->setCurrentIndex(table->model()->index(1, 0));
-    QTest::keyClick(table->view(), Qt::Key_Return);
-  });
-  EXPECT_EQ(ids, std::vector<QString>{QString::number(savedId(u"10"_s))});
 }
