@@ -4,6 +4,7 @@
 #include "service/fservisfissecUnit.h"
 #include "tests/service/slip_form_fixture.h"
 #include "tests/support/fixed_environment.h"
+#include "toolkit/edits/lookup_edit.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/table_content.h"
 #include "toolkit/shell/command_updates.h"
@@ -155,6 +156,64 @@ TEST_F(SlipBrowserTest, TypingInTheFilterRowIsTurnedToTurkishCapitals) {
     QTest::keyClicks(line, u"inc"_s);
     EXPECT_EQ(line->text(), u"İNC"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == u"2"_s; }));
+  });
+}
+
+TEST_F(SlipBrowserTest, FirmsAreReadAnewWhenTheirListDropsDown) {
+  run(u"INSERT INTO teknikservis (TS_NO, TS_DISSERVIS) VALUES ('1', 'YENİ FİRMA'), ('2', 'ESKİ FİRMA'), ('3', NULL)");
+  const QString third = QString::number(savedId(u"3"_s));
+  EXPECT_EQ(whileOpen([&] {
+              select({u"3"_s});
+              grid().setColumnVisible(u"TS_DISSERVIS"_s, true);
+              auto* cell = browser.findChild<QWidget*>(u"TS_DISSERVIS_filter"_s);
+              ASSERT_NE(cell, nullptr);
+              auto* firms = cell->findChild<LookupEdit*>();
+              ASSERT_NE(firms, nullptr);
+              run(u"INSERT INTO disservis (DS_AD) VALUES ('YENİ FİRMA')");
+              EXPECT_EQ(firms->findEntry(u"YENİ FİRMA"_s), -1);
+              firms->line()->setFocus();
+              press(Qt::Key_Down, Qt::AltModifier);
+              EXPECT_TRUE(firms->isDropDownOpen());
+              EXPECT_EQ(firms->findEntry(u"YENİ FİRMA"_s), 0);
+              press(Qt::Key_Down);
+              press(Qt::Key_Return);
+              EXPECT_EQ(shown(), u"1"_s);
+              grid().clearFilter();
+              grid().setCurrentRow(2);
+              // The key chooses slips here as well, it does not open the list.
+              firms->line()->setFocus();
+              press(Qt::Key_F4);
+            }),
+            QStringList{third});
+}
+
+TEST_F(SlipBrowserTest, GroupsAndSumsReadAsTheyShouldAndGoWithTheLayout) {
+  run(u"INSERT INTO teknikservis (TS_NO, TS_TURU, TS_TUTAR, TS_MALIYET) VALUES ('1', 'TAMAMLANDI', 1250.5, 10), ('2', 'ONARILIYOR', -3, 0),"
+      u"('3', 'TAMAMLANDI', 2, 0.25)");
+  const auto footers = [this](ContentRowKind kind) {
+    const auto content = grid().content(true);
+    QStringList texts;
+    for (int row = 0; row < content->rowCount(); ++row)
+      for (int column = 0; content->rowKind(row) == kind && column < content->columnCount(); ++column)
+        if (const QString text = content->text(row, column); !text.isEmpty()) texts += text;
+    return texts.join(u" | "_s);
+  };
+  whileOpen([&] {
+    EXPECT_EQ(footers(ContentRowKind::Footer), u"3 Kayıt | 1.249,50 | 10,25"_s);
+    grid().setOrder({{u"TS_TUTAR"_s, false}});
+    grid().setGrouping({u"TS_TURU"_s});
+    EXPECT_EQ(footers(ContentRowKind::GroupFooter), u"1 Kayıt | -3,00 TL | 2 Kayıt | 1.252,50 TL"_s);
+    EXPECT_EQ(shown(), u"2 3 1"_s) << "the server's order within the groups";
+  });
+  EXPECT_TRUE(grid().grouping().isEmpty());
+  whileOpen([&] {
+    EXPECT_EQ(grid().grouping(), QStringList{u"TS_TURU"_s});
+    EXPECT_EQ(grid().order(), (std::vector<GridSort>{{u"TS_TUTAR"_s, false}}));
+  });
+  QFile::remove(folder.filePath(u"ServisFis.ini"_s));
+  whileOpen([&] {
+    EXPECT_TRUE(grid().grouping().isEmpty());
+    EXPECT_TRUE(grid().order().empty());
   });
 }
 
