@@ -4,6 +4,7 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "demo/screen_hands.h"
+#include "demo/slip_list_road.h"
 #include "service/fservisfis_unit.h"
 
 #include <QApplication>
@@ -145,7 +146,7 @@ void addParts(ScreenHands& hands) {
 
 void printSavedRow() {
   TMyQuery query(DM->MySQL, u"qDemo"_s);
-  query.SQL.setText(u"select * from teknikservis"_s);
+  query.SQL.setText(u"select * from teknikservis where TS_NO = '100'"_s);
   query.Open();
   for (int i = 0; i < query.fieldCount(); ++i)
     if (!query.field(i).isNull())
@@ -180,13 +181,10 @@ void walk(ScreenHands& hands) {
   hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
   hands.picture(u"fis-kapandi"_s);
 
-  hands.click(u"dxBarLargeButton2"_s);
-  hands.waitFor(u"slip list"_s, [] {
-    const QWidget* dialog = QApplication::activeModalWidget();
-    return dialog != nullptr && dialog->windowTitle() == u"Servis Fişleri"_s;
-  });
-  hands.picture(u"servis-fisleri"_s);
-  hands.press({u"Return"_s});
+  SlipListRoad::addSlipsOfOthers(hands);
+  SlipListRoad::askForTheDaysList(hands);
+  SlipListRoad::openList(hands);
+  SlipListRoad::openSlipOf(hands, u"ayşe ış"_s);
   hands.waitFor(u"slip reopened"_s, [] { return slipTitle() == u"(100) Servis Fişi"_s; });
   hands.click(u"TS_ACIKLAMA"_s);
   hands.type(u"müşteri akşam uğrayacak"_s);
@@ -204,9 +202,11 @@ void walk(ScreenHands& hands) {
   hands.picture(u"silme-sorusu"_s);
   hands.press({u"Return"_s});
   hands.waitFor(u"slip deleted"_s, [] {
-    return fKvb->childWindows().isEmpty() && scalar(u"select count(*) from teknikservis"_s) == u"0"_s;
+    return fKvb->childWindows().isEmpty() && scalar(u"select count(*) from teknikservis where TS_NO = '100'"_s) == u"0"_s;
   });
   hands.picture(u"silindi"_s);
+  SlipListRoad::openList(hands);
+  hands.picture(u"kalan-fisler"_s);
 }
 
 }  // namespace
