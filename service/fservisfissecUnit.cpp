@@ -7,6 +7,7 @@
 #include "app/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/parameters.h"
+#include "app/platform/shell_open.h"
 #include "app/quendUtils.h"
 #include "app/rights.h"
 #include "app/Unit14.h"
@@ -16,6 +17,8 @@
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/filter_row.h"
 #include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/grid_preview.h"
+#include "toolkit/grid/xls_export.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <QAction>
@@ -70,11 +73,13 @@ QAction* TfservisfisSec::addCommand(const QString& name, const QString& caption,
 void TfservisfisSec::buildCommands() {
   aSec = addCommand(u"aSec"_s, u"F4 » Kayıt Seç"_s, u"dialog-ok-apply"_s, Qt::Key_F4);
   aGuncelle = addCommand(u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8);
+  aYazdir = addCommand(u"aYazdir"_s, u"F9 » Yazdır"_s, u"document-print"_s, Qt::Key_F9);
   aFisSil = addCommand(u"aFisSil"_s, u"F6 » Fiş(leri) Sil"_s, u"edit-delete"_s, Qt::Key_F6);
   connectGuarded(aSec, &QAction::triggered, this, [this] { choose(); });
   connectGuarded(aGuncelle, &QAction::triggered, this, [this] { store_.refresh(); });
+  connectGuarded(aYazdir, &QAction::triggered, this, [this] { print(); });
   connectGuarded(aFisSil, &QAction::triggered, this, [this] { deleteSlips(); });
-  for (QAction* guardedCommand : {aSec, aFisSil})
+  for (QAction* guardedCommand : {aSec, aYazdir, aFisSil})
     keepUpdated(this, guardedCommand, [this, path = SlipBrowserRules::rightPath(guardedCommand->text())] {
       return DM->Kullanici_Yetkileri(path) != Right::Checked && !qServis.IsEmpty();
     });
@@ -112,7 +117,7 @@ void TfservisfisSec::buildForm() {
   column->setContentsMargins(8, 8, 8, 8);
   auto* bar = new QHBoxLayout;
   column->addLayout(bar);
-  for (QAction* command : {aSec, aGuncelle, aFisSil}) {
+  for (QAction* command : {aSec, aGuncelle, aYazdir, aFisSil}) {
     auto* button = new QToolButton(this);
     button->setDefaultAction(command);
     button->setAccessibleName(command->text());
@@ -217,4 +222,24 @@ void TfservisfisSec::deleteSlips() {
     QuendUtil->ErrorMesaj(this, SlipBrowserRules::deletionFailed());
     if (qServis.RecordCount() != rows) store_.refresh();
   }
+}
+
+void TfservisfisSec::print() {
+  GridPreviewRequest request;
+  request.texts.title = windowTitle();
+  request.documentName = windowTitle();
+  request.exportToExcel = [this](QWidget* preview) { exportToExcel(preview); };
+  showGridPreview(this, grid_->content(false), request);
+}
+
+void TfservisfisSec::exportToExcel(QWidget* preview) {
+  const QString file = QuendUtil->programFolder + u"ServisFisleri.xls"_s;
+  try {
+    exportXls(*grid_->content(true), windowTitle(), file);
+  } catch (const EInOutError& error) {
+    Login_Form->Log(error.message(), &error);
+    QuendUtil->ErrorMesaj(preview, u"Liste Excel dosyasına aktarılamadı.\n"_s + error.message());
+    return;
+  }
+  if (!shellOpen(file)) QuendUtil->ErrorMesaj(preview, file + u" dosyası yazıldı, ancak onu açacak program başlatılamadı."_s);
 }

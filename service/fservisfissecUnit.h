@@ -10,7 +10,7 @@ class DataGrid;
 class QAction;
 struct GridSort;
 
-/// "Servis Fişleri": the slips of the database to choose from and to delete. Created once, reads anew
+/// "Servis Fişleri": the slips of the database to choose from, to delete, to print and to export. Created once, reads anew
 /// at each opening.
 class TfservisfisSec : public QDialog {
   Q_OBJECT
@@ -31,6 +31,7 @@ class TfservisfisSec : public QDialog {
 
   QAction* aSec;
   QAction* aGuncelle;
+  QAction* aYazdir;
   QAction* aFisSil;
 
  private:
@@ -46,6 +47,8 @@ class TfservisfisSec : public QDialog {
 
   void choose();
   void deleteSlips();
+  void print();
+  void exportToExcel(QWidget* preview);
 
   SlipBrowserStore store_;
   QueryLookup firms_;

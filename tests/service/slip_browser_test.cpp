@@ -9,6 +9,7 @@
 #include "toolkit/grid/table_content.h"
 #include "toolkit/shell/command_updates.h"
 
+#include <QAbstractButton>
 #include <QFile>
 #include <QLineEdit>
 #include <QListView>
@@ -349,6 +350,48 @@ TEST_F(SlipBrowserTest, RefreshShowsWhatOthersWrote) {
   });
 }
 
+TEST_F(SlipBrowserTest, ThePreviewExportsIntoTheProgramsFolderOrTellsWhyNot) {
+  add(u"1"_s, u"IŞIK"_s);
+  // Stands before the desktop's own program for files, and leaves the name of what it is to open.
+  QFile opener(folder.filePath(u"xdg-open"_s));
+  ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
+  opener.write("#!/bin/sh\nprintf %s \"$1\" > \"$(dirname \"$0\")/opened.tmp\"\nmv \"$(dirname \"$0\")/opened.tmp\" \"$(dirname \"$0\")/opened\"\n");
+  opener.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  opener.close();
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", folder.path().toLocal8Bit() + ':' + path);
+
+  const QString file = folder.filePath(u"ServisFisleri.xls"_s);
+  const auto exportFromPreview = [this] {
+    whileOpen([&] {
+      QTimer::singleShot(0, &browser, [&] {
+        QWidget* preview = QApplication::activeModalWidget();
+        ASSERT_NE(preview, &browser);
+        EXPECT_EQ(preview->windowTitle(), u"Önizleme"_s);
+        for (QAbstractButton* button : preview->findChildren<QAbstractButton*>())
+          if (button->text() == u"Excel`e Aktar"_s) button->click();
+        preview->close();
+      });
+      press(Qt::Key_F9);
+    });
+  };
+  exportFromPreview();
+  EXPECT_TRUE(dialogs.texts.isEmpty());
+  QFile written(file);
+  ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(written.readAll().startsWith("\xd0\xcf\x11\xe0"));
+  QFile opened(folder.filePath(u"opened"_s));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return opened.exists(); }));
+  ASSERT_TRUE(opened.open(QIODevice::ReadOnly));
+  EXPECT_EQ(QString::fromLocal8Bit(opened.readAll()), file);
+
+  QuendUtil->programFolder = folder.filePath(u"missing/"_s);
+  exportFromPreview();
+  ASSERT_EQ(dialogs.texts.size(), 1);
+  EXPECT_TRUE(dialogs.texts.first().startsWith(u"Liste Excel dosyasına aktarılamadı.\n"_s)) << qPrintable(dialogs.texts.first());
+  qputenv("PATH", path);
+}
+
 TEST_F(SlipBrowserTest, AStatusPaintsItsSlips) {
   run(u"INSERT INTO teknikservis (TS_NO, TS_TURU) VALUES ('1', 'TAMAMLANDI'), ('2', 'ONARILIYOR')");
   ParameterFiles::save(folder.filePath(u"islemrenk.dat"_s), ParameterFiles::writeStatuses({{u"TAMAMLANDI"_s, u"0x000000FF"_s, true}}));
@@ -365,7 +408,7 @@ TEST_F(SlipBrowserTest, AnAccountWithoutRightsMayOnlyLook) {
   const QString master = std::exchange(DM->MySQL.Username, u"OTHER"_s);
   const QStringList ids = whileOpen([&] {
     updateCommands(&browser);
-    for (QAction* command : {browser.aSec, browser.aFisSil}) EXPECT_FALSE(command->isEnabled());
+    for (QAction* command : {browser.aSec, browser.aYazdir, browser.aFisSil}) EXPECT_FALSE(command->isEnabled());
     EXPECT_TRUE(browser.aGuncelle->isEnabled());
     select({u"1"_s});
     press(Qt::Key_Return);
