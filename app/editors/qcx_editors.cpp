@@ -17,6 +17,8 @@ void qcxTextEdit::keyPress(QString& characters) {
   properties_.keepOnlyChars(characters);
 }
 
+QString qcxTextEdit::typingRefusal(const QString& typed) const { return properties_.refusal(typed); }
+
 QString qcxTextEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
   const QString inherited = TextEdit::pasteRefusal(pasted, whole);
   return inherited.isEmpty() ? properties_.refusal(pasted) : inherited;
@@ -31,6 +33,8 @@ void qcxButtonEdit::keyPress(QString& characters) {
   ButtonEdit::keyPress(characters);
   properties_.keepOnlyChars(characters);
 }
+
+QString qcxButtonEdit::typingRefusal(const QString& typed) const { return properties_.refusal(typed); }
 
 QString qcxButtonEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
   const QString inherited = ButtonEdit::pasteRefusal(pasted, whole);
@@ -54,9 +58,16 @@ void qcxCurrencyEdit::keyPress(QString& characters) {
   properties_.keepOnlyChars(characters);
 }
 
+QString qcxCurrencyEdit::digitsComplaint() const { return u"Bu alana en çok %1 rakam girilebilir."_s.arg(properties_.dataSize); }
+
+QString qcxCurrencyEdit::typingRefusal(const QString& typed) const {
+  if (const QString inherited = CurrencyEdit::typingRefusal(typed); !inherited.isEmpty()) return inherited;
+  const QString refusal = properties_.refusal(typed);
+  return refusal.isEmpty() ? digitsComplaint() : refusal;
+}
+
 QString qcxCurrencyEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
   if (const QString inherited = CurrencyEdit::pasteRefusal(pasted, whole); !inherited.isEmpty()) return inherited;
-  if (properties_.dataSize > 0 && std::count_if(whole.cbegin(), whole.cend(), isDigit) > properties_.dataSize)
-    return u"Bu alana en çok %1 rakam girilebilir."_s.arg(properties_.dataSize);
+  if (properties_.dataSize > 0 && std::count_if(whole.cbegin(), whole.cend(), isDigit) > properties_.dataSize) return digitsComplaint();
   return properties_.refusal(pasted);
 }

@@ -16,6 +16,7 @@ class qcxTextEdit : public TextEdit {
 
  protected:
   void keyPress(QString& characters) override;
+  QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
 
  private:
@@ -32,6 +33,7 @@ class qcxButtonEdit : public ButtonEdit {
 
  protected:
   void keyPress(QString& characters) override;
+  QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
 
  private:
@@ -51,8 +53,11 @@ class qcxCurrencyEdit : public CurrencyEdit {
 
  protected:
   void keyPress(QString& characters) override;
+  QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
 
  private:
+  QString digitsComplaint() const;
+
   EditorProperties properties_;
 };

@@ -164,6 +164,44 @@ TEST_F(EditorsTest, CurrencyReadsWhatPeopleType) {
   EXPECT_EQ(edit->text(), u"0,00"_s);
 }
 
+TEST_F(EditorsTest, NoAmountBecomesAnotherNumber) {
+  auto* edit = shown<qcxCurrencyEdit>();
+  const std::vector<std::tuple<QString, QString, std::optional<double>>> cases = {
+      {u"1.234,56"_s, u"1.234,56"_s, 1234.56},
+      {u"1,234.56"_s, u"1,234.56"_s, {}},
+      {u"1,234"_s, u"1,234"_s, {}},
+      {u"12.5055"_s, u"12.5055"_s, {}},
+      {u"5-3"_s, u"5-3"_s, {}},
+      {u"1,2,3"_s, u"1,2,3"_s, {}}};
+  for (const auto& [entered, stays, value] : cases) {
+    SCOPED_TRACE(entered.toStdString());
+    edit->setFocus();
+    edit->clear();
+    type(edit->line(), entered);
+    next_->setFocus();
+    EXPECT_EQ(edit->text(), stays);
+    EXPECT_EQ(edit->hasError(), !value);
+    if (value)
+      EXPECT_EQ(edit->value(), *value);
+    else
+      EXPECT_THROW(edit->value(), EConvertError);
+
+    edit->clear();
+    refusalBalloon().hide();
+    paste(edit->line(), entered);
+    EXPECT_EQ(refusalBalloon().isUp(), !value);
+    EXPECT_EQ(edit->text(), value ? stays : QString());
+  }
+  edit->setFocus();
+  edit->clear();
+  refusalBalloon().hide();
+  type(edit->line(), u"1e"_s);
+  EXPECT_EQ(refusalBalloon().text(), u"Bu alana yalnızca sayı yazılabilir."_s);
+  edit->clear();
+  paste(edit->line(), u"1e308"_s);
+  EXPECT_TRUE(edit->isEmpty());
+}
+
 TEST_F(EditorsTest, ABrokenNumberStaysAndIsMarked) {
   auto* edit = shown<qcxCurrencyEdit>();
   type(edit->line(), u"1.2.3,4,5"_s);

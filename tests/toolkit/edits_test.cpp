@@ -45,7 +45,7 @@ class EditsTest : public testing::Test {
   TextEdit* other_ = nullptr;
 };
 
-TEST_F(EditsTest, NoPasteIsCutOrChangedInSilence) {
+TEST_F(EditsTest, NothingPastedIsCutInSilence) {
   auto* edit = shown<TextEdit>();
   edit->setMaxLength(10);
   edit->setText(u"stored text that is longer than ten"_s);
@@ -54,22 +54,29 @@ TEST_F(EditsTest, NoPasteIsCutOrChangedInSilence) {
   struct Case {
     QString pasted;
     QString result;
-    bool refused;
+    QString told;  ///< a part of the balloon's text
   };
-  const std::vector<Case> cases = {{QString(10000, u'x'), u"ab"_s, true},
-                                   {u"0123456789"_s, u"ab"_s, true},
-                                   {u"01234567"_s, u"ab01234567"_s, false},
-                                   {u"bir\r\niki\n"_s, u"abbir iki"_s, false},
-                                   {u"a\0b"_s, u"ab"_s, true},
-                                   {u"\U0001F600"_s, u"ab\U0001F600"_s, false}};
+  const std::vector<Case> cases = {{QString(10000, u'x'), u"abxxxxxxxx"_s, u"sonundaki 9992 karakter"_s},
+                                   {u"0123456789"_s, u"ab01234567"_s, u"sonundaki 2 karakter"_s},
+                                   {u"01234567"_s, u"ab01234567"_s, {}},
+                                   {u"bir\r\niki\n"_s, u"abbir iki"_s, {}},
+                                   {u"a\0b"_s, u"ab"_s, u"kullanılamayan"_s},
+                                   {u"\U0001F600"_s, u"ab\U0001F600"_s, {}},
+                                   {u"0123456\U0001F600"_s, u"ab0123456"_s, u"sonundaki 2 karakter"_s}};
   for (const Case& one : cases) {
     edit->setText(u"ab"_s);
     edit->line()->end(false);
-    refusalBalloon().hide();
+    if (one.told.isEmpty()) refusalBalloon().hide();
     edit->line()->pasteText(one.pasted);
     EXPECT_EQ(edit->text(), one.result) << qPrintable(one.pasted.left(20));
-    EXPECT_EQ(refusalBalloon().isUp(), one.refused) << qPrintable(one.pasted.left(20));
+    EXPECT_EQ(refusalBalloon().isUp(), !one.told.isEmpty()) << qPrintable(one.pasted.left(20));
+    EXPECT_TRUE(refusalBalloon().text().contains(one.told)) << qPrintable(refusalBalloon().text());
   }
+  // A stored text longer than the limit stays, and so does what was selected to be typed over when nothing fits.
+  edit->setText(u"0123456789abcdef"_s);
+  edit->line()->setSelection(1, 2);
+  edit->line()->pasteText(u"x"_s);
+  EXPECT_EQ(edit->text(), u"0123456789abcdef"_s);
   edit->setText(u"0123456789"_s);
   edit->line()->setSelection(2, 3);
   paste(edit->line(), u"abc"_s);
@@ -93,7 +100,7 @@ TEST_F(EditsTest, DatesAreTypedInEveryUsualForm) {
     EXPECT_EQ(edit->text(), shown);
     EXPECT_FALSE(edit->hasError());
   }
-  for (const QString& typed : {u"31.02.2020"_s, u"29022023"_s, u"1"_s, u"00.00.0000"_s}) {
+  for (const QString& typed : {u"31.02.2020"_s, u"29022023"_s, u"1"_s, u"00.00.0000"_s, u"01.01.0000"_s}) {
     edit->setFocus();
     edit->clear();
     type(edit->line(), typed);
@@ -103,6 +110,11 @@ TEST_F(EditsTest, DatesAreTypedInEveryUsualForm) {
     EXPECT_THROW(edit->editValue(), EConvertError);
   }
   edit->setEditValue(Value(ZeroDate()));
+  refusalBalloon().hide();
+  type(edit->line(), u"y"_s);
+  EXPECT_TRUE(refusalBalloon().isUp());
+  paste(edit->line(), QString(10000, u'1'));
+  EXPECT_LT(refusalBalloon().text().size(), 100);
   EXPECT_TRUE(edit->editValue().isNull());
   EXPECT_FALSE(edit->hasError());
 }
@@ -233,7 +245,7 @@ TEST_F(EditsTest, MaskIsEmptyUntilAPlaceIsFilled) {
   EXPECT_EQ(mask->editValue(), Value(u"0532 123"_s));
 }
 
-TEST_F(EditsTest, MemoKeepsForeignLineEndsAndRefusesLongPaste) {
+TEST_F(EditsTest, MemoKeepsForeignLineEndsAndCutsALongPaste) {
   auto* memo = shown<MemoEdit>();
   const QString stored = u"bir\r\niki\u00A0üç"_s;
   memo->setText(stored);
@@ -243,13 +255,17 @@ TEST_F(EditsTest, MemoKeepsForeignLineEndsAndRefusesLongPaste) {
   EXPECT_EQ(memo->text(), u"İ"_s + stored);
   memo->resetEdit(5);
   EXPECT_TRUE(memo->editValue().isNull());
-  paste(memo->editor(), u"123456"_s);
-  EXPECT_TRUE(memo->text().isEmpty());
-  EXPECT_TRUE(refusalBalloon().isUp());
+  paste(memo->editor(), u"12\r\n3456"_s);
+  EXPECT_EQ(memo->text(), u"12\n34"_s);
+  EXPECT_TRUE(refusalBalloon().text().contains(u"sonundaki 2 karakter"_s));
+  memo->setText({});
   paste(memo->editor(), u"12\r\n4"_s);
   EXPECT_EQ(memo->text(), u"12\n4"_s);
   type(memo->editor(), u"56"_s);
   EXPECT_EQ(memo->text(), u"12\n45"_s);
+  QTest::keyClick(memo->editor(), Qt::Key_Return);
+  EXPECT_EQ(memo->text(), u"12\n45"_s);
+  EXPECT_EQ(refusalBalloon().text(), u"Bu alana en çok 5 karakter sığar."_s);
   QTest::keyClick(memo->editor(), Qt::Key_Tab);
   EXPECT_TRUE(other_->line()->hasFocus());
 }

@@ -123,3 +123,9 @@ Balloon& refusalBalloon() {
   if (!shared) shared = new Balloon(qApp);
   return *shared;
 }
+
+void showRefusal(QWidget* box, const QString& text) {
+  constexpr int readingMs = 4000;
+  refusalBalloon().hide();
+  refusalBalloon().showAt(box, text, readingMs);
+}

@@ -30,3 +30,5 @@ class Balloon : public QObject {
 
 /// The balloon that all boxes share for what they refuse.
 Balloon& refusalBalloon();
+/// Tells in it what a box did not take, in place of what is told there now.
+void showRefusal(QWidget* box, const QString& text);

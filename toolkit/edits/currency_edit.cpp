@@ -12,7 +12,9 @@ namespace {
 
 bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
-QString complaintAbout(const QString& text) { return u"\"%1\" geçerli bir sayı değil."_s.arg(text); }
+QString complaintAbout(const QString& text) { return u"%1 geçerli bir sayı değil."_s.arg(quoted(text)); }
+
+bool isNumberMark(QChar c) { return isDigit(c) || u",.-"_s.contains(c); }
 
 }  // namespace
 
@@ -57,9 +59,18 @@ void CurrencyEdit::setText(const QString& text) {
 Value CurrencyEdit::editValue() const {
   if (!typed_) return value_ ? Value(*value_) : Value();
   if (isEmpty()) return {};
-  const auto number = NumberText::toDouble(text());
-  if (!number) throw EConvertError(complaintAbout(text()));
-  return *number;
+  if (const QString complaint = complaintOf(text()); !complaint.isEmpty()) throw EConvertError(complaint);
+  return *NumberText::toDouble(text());
+}
+
+/// Why a text cannot be the amount; empty when it can. More digits behind the mark than the box has are not cut: "1,234.56"
+/// or "1,234" may have been meant as thousands.
+QString CurrencyEdit::complaintOf(const QString& text) const {
+  const auto plain = NumberText::toDecimal(text);
+  if (!plain || !NumberText::toDouble(text)) return complaintAbout(text);
+  const qsizetype mark = plain->indexOf(u'.');
+  if (mark < 0 || plain->size() - mark - 1 <= decimalPlaces_) return {};
+  return u"%1: virgülden sonra en çok %2 basamak yazılabilir."_s.arg(quoted(text)).arg(decimalPlaces_);
 }
 
 void CurrencyEdit::setEditValue(const Value& value) {
@@ -89,31 +100,24 @@ void CurrencyEdit::show() {
 /// Takes the typed text over as the value; a text that is no number stays and is marked.
 void CurrencyEdit::readText() {
   if (!typed_) return;
-  if (const auto number = NumberText::toDouble(text()); number || isEmpty()) {
-    value_ = number;
-    typed_ = false;
-    show();
-  } else {
-    setErrorText(complaintAbout(text()));
-  }
+  const QString complaint = isEmpty() ? QString() : complaintOf(text());
+  if (!complaint.isEmpty()) return setErrorText(complaint);
+  value_ = NumberText::toDouble(text());
+  typed_ = false;
+  show();
 }
 
 void CurrencyEdit::keyPress(QString& characters) {
   EditBox::keyPress(characters);
-  characters.removeIf([](QChar c) { return !isDigit(c) && !u",.-"_s.contains(c); });
-  if (characters.isEmpty()) return;
-  const int start = line()->hasSelectedText() ? line()->selectionStart() : line()->cursorPosition();
-  QString whole = text();
-  whole.replace(start, line()->selectedText().size(), characters);
-  const qsizetype minus = whole.lastIndexOf(u'-');
-  const qsizetype comma = whole.indexOf(u',');
-  const bool tooFine = comma >= 0 && start > comma && whole.size() - comma - 1 > decimalPlaces_;
-  if (minus > 0 || comma != whole.lastIndexOf(u',') || tooFine) characters.clear();
+  characters.removeIf([](QChar c) { return !isNumberMark(c); });
 }
 
-QString CurrencyEdit::pasteRefusal(const QString&, const QString& whole) const {
-  return NumberText::toDouble(whole) ? QString() : complaintAbout(whole);
+QString CurrencyEdit::typingRefusal(const QString& typed) const {
+  const bool isNumber = std::all_of(typed.begin(), typed.end(), isNumberMark);
+  return isNumber ? QString() : u"Bu alana yalnızca sayı yazılabilir."_s;
 }
+
+QString CurrencyEdit::pasteRefusal(const QString&, const QString& whole) const { return complaintOf(whole); }
 
 void CurrencyEdit::entering() {
   valueAtEntry_ = value_;

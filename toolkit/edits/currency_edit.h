@@ -5,8 +5,8 @@
 #include <optional>
 
 /// An amount, shown by a display format, and as a plain number while it has the focus ("," is the decimal mark; a typed
-/// "12.50" is 12.5). Entering and leaving without typing never changes the value. A text that is no number stays, is
-/// marked red, and asking for the value throws EConvertError.
+/// "12.50" is 12.5). Entering and leaving without typing never changes the value. A text that is no number, or a finer one
+/// than the box has places, stays, is marked red, and asking for the value throws EConvertError.
 class CurrencyEdit : public EditBox {
   Q_OBJECT
  public:
@@ -15,7 +15,7 @@ class CurrencyEdit : public EditBox {
   /// For example ",0.00;-,0.00", which is also what it starts with.
   void setDisplayFormat(const QString& format);
   const QString& displayFormat() const { return displayFormat_; }
-  /// Most digits behind the mark that can be typed; 2 at first. A value set by the program keeps all it has.
+  /// Most digits behind the mark that a user can bring in; 2 at first. A value set by the program keeps all it has.
   void setDecimalPlaces(int places) { decimalPlaces_ = places; }
   int decimalPlaces() const { return decimalPlaces_; }
 
@@ -40,6 +40,7 @@ class CurrencyEdit : public EditBox {
 
  protected:
   void keyPress(QString& characters) override;
+  QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
   void entering() override;
   void leaving() override;
@@ -47,6 +48,7 @@ class CurrencyEdit : public EditBox {
  private:
   void show();
   void readText();
+  QString complaintOf(const QString& text) const;
 
   QString displayFormat_;
   int decimalPlaces_ = 2;

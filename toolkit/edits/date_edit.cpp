@@ -32,7 +32,7 @@ Value DateEdit::parsed(const QString& text) const { return DateText::toDate(text
 
 QString DateEdit::shown(const Value& value) const { return DateText::date(value.toDate()); }
 
-QString DateEdit::complaint() const { return u"\"%1\" geçerli bir tarih değil."_s.arg(text()); }
+QString DateEdit::complaintOf(const QString& text) const { return u"%1 geçerli bir tarih değil."_s.arg(quoted(text)); }
 
 bool DateEdit::takes(QChar character) const { return (character >= u'0' && character <= u'9') || u"./-"_s.contains(character); }
 

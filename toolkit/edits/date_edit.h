@@ -27,7 +27,7 @@ class DateEdit : public ParsedEdit {
  protected:
   Value parsed(const QString& text) const override;
   QString shown(const Value& value) const override;
-  QString complaint() const override;
+  QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
 

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString complaintAbout(const QString& text) { return u"\"%1\" geçerli bir tarih ve saat değil."_s.arg(text); }
+QString complaintAbout(const QString& text) { return u"%1 geçerli bir tarih ve saat değil."_s.arg(quoted(text)); }
 
 }  // namespace
 
@@ -36,7 +36,7 @@ Value DateTimeEdit::parsed(const QString& text) const { return DateText::toDateT
 
 QString DateTimeEdit::shown(const Value& value) const { return DateText::dateTime(std::get<QDateTime>(value.data())); }
 
-QString DateTimeEdit::complaint() const { return complaintAbout(text()); }
+QString DateTimeEdit::complaintOf(const QString& text) const { return complaintAbout(text); }
 
 bool DateTimeEdit::takes(QChar character) const {
   return (character >= u'0' && character <= u'9') || u"./-: "_s.contains(character);

@@ -16,6 +16,6 @@ class DateTimeEdit : public ParsedEdit {
  protected:
   Value parsed(const QString& text) const override;
   QString shown(const Value& value) const override;
-  QString complaint() const override;
+  QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
 };

@@ -117,6 +117,8 @@ void EditBox::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
 
 void EditBox::keyPress(QString&) {}
 
+QString EditBox::typingRefusal(const QString&) const { return {}; }
+
 QString EditBox::pasteRefusal(const QString&, const QString&) const { return {}; }
 
 bool EditBox::wheelSteps(int) { return false; }

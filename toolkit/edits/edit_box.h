@@ -12,8 +12,8 @@ class QHBoxLayout;
 /// Base of all one-line inputs: label buttons at the left, the line, buttons at the right, in one frame. One stop in the
 /// tab order. Set its objectName to the column's name and its caption, and it can be bound.
 ///
-/// A pasted text that would be longer than the limit, or holds what the box does not take, is kept out as a whole and a
-/// balloon names the reason; line breaks in it become blanks.
+/// Of a pasted text as much comes in as there is room for, and a balloon tells how much was left out; one that holds what
+/// the box does not take is kept out as a whole, with a balloon as well. Line breaks in it become blanks.
 class EditBox : public EditFrame {
   Q_OBJECT
  public:
@@ -80,6 +80,8 @@ class EditBox : public EditFrame {
   virtual void keyDown(int& key, Qt::KeyboardModifiers modifiers);
   /// Key press, second stage: the characters that a key brings, to be changed or emptied; empty swallows it.
   virtual void keyPress(QString& characters);
+  /// What to tell of typed characters that keyPress swallowed; empty for nothing.
+  virtual QString typingRefusal(const QString& typed) const;
   /// Why text may not be pasted as it would stand in the box (whole is the box's text afterwards); empty when it may.
   virtual QString pasteRefusal(const QString& pasted, const QString& whole) const;
   /// The wheel turned over the focused box; steps is positive upward. True when used.

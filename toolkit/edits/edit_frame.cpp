@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 QString inCase(CharCase charCase, const QString& text) {
   switch (charCase) {
     case CharCase::Upper:
@@ -17,6 +19,20 @@ QString inCase(CharCase charCase, const QString& text) {
       break;
   }
   return text;
+}
+
+QString quoted(const QString& text) {
+  constexpr qsizetype longest = 30;
+  return u'"' + (text.size() > longest ? text.left(longest) + u'…' : text) + u'"';
+}
+
+FittingText fittingText(const QString& text, qsizetype staying, int maxLength) {
+  const qsizetype room = maxLength == 0 ? text.size() : std::max<qsizetype>(0, maxLength - staying);
+  if (text.size() <= room) return {text, {}};
+  const bool splits = room > 0 && text[room - 1].isHighSurrogate();
+  const QString fitting = text.left(splits ? room - 1 : room);
+  return {fitting, u"Bu alana en çok %1 karakter sığar, yapıştırılan metnin sonundaki %2 karakter alınmadı."_s.arg(maxLength).arg(
+                       text.size() - fitting.size())};
 }
 
 bool writesText(const QKeyEvent& press) {

@@ -12,6 +12,18 @@ enum class CharCase { Normal, Upper, Lower };
 /// text in the case asked for.
 QString inCase(CharCase charCase, const QString& text);
 
+/// How text reads in a message: its beginning, when it is long.
+QString quoted(const QString& text);
+
+/// What of a text finds room, and what a user is told of the rest.
+struct FittingText {
+  QString text;
+  QString complaint;  ///< empty when all of it fits
+};
+/// The beginning of text that a box of at most maxLength characters (0 is unlimited) has room for besides those that stay
+/// in it. Never ends within a character.
+FittingText fittingText(const QString& text, qsizetype staying, int maxLength);
+
 /// True when a key writes its text. AltGr, which some systems tell as Ctrl and Alt, writes letters; Ctrl alone commands.
 bool writesText(const QKeyEvent& press);
 

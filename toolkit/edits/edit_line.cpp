@@ -73,34 +73,35 @@ void EditLine::keyPressEvent(QKeyEvent* event) {
 }
 
 void EditLine::typeText(QString characters) {
-  box_->keyPress(characters);
-  if (characters.isEmpty() || isReadOnly()) return;
+  const QString typed = characters;
+  box_->keyPress(characters);  // chooses from a list in boxes that are written in only so
+  if (isReadOnly()) return;
+  if (characters.isEmpty()) {
+    if (const QString refusal = box_->typingRefusal(typed); !refusal.isEmpty()) showRefusal(box_, refusal);
+    return;
+  }
   characters = inCase(box_->charCase(), characters);
-  if (hasRoomFor(characters.size())) insert(characters);
+  if (fittingText(characters, stayingLength(), box_->maxLength()).complaint.isEmpty())
+    insert(characters);
+  else
+    showRefusal(box_, u"Bu alana en çok %1 karakter sığar."_s.arg(box_->maxLength()));
 }
 
-bool EditLine::hasRoomFor(qsizetype length) const {
-  return box_->maxLength() == 0 || text().size() - selectedText().size() + length <= box_->maxLength();
-}
+/// Characters that stay when the selected ones are typed over.
+qsizetype EditLine::stayingLength() const { return text().size() - selectedText().size(); }
 
 void EditLine::pasteText(const QString& pasted) {
   if (isReadOnly() || pasted.isEmpty() || !box_) return;
   const QString text = inCase(box_->charCase(), asOneLine(pasted));
+  const FittingText fitting = fittingText(text, stayingLength(), box_->maxLength());
   QString whole = this->text();
   const int place = hasSelectedText() ? selectionStart() : cursorPosition();
-  whole.replace(place, selectedText().size(), text);
+  whole.replace(place, selectedText().size(), fitting.text);
 
-  QString refusal;
-  if (!isPrintable(text))
-    refusal = u"Yapıştırılan metin kullanılamayan karakterler içeriyor."_s;
-  else if (!hasRoomFor(text.size()))
-    refusal = u"Bu alana en çok %1 karakter girilebilir, metin eklenmedi."_s.arg(box_->maxLength());
-  else
-    refusal = box_->pasteRefusal(text, whole);
-  if (refusal.isEmpty())
-    insert(text);
-  else
-    refusalBalloon().showAt(box_, refusal);
+  const QString refusal = isPrintable(text) ? box_->pasteRefusal(text, whole) : u"Yapıştırılan metin kullanılamayan karakterler içeriyor."_s;
+  if (!refusal.isEmpty()) return showRefusal(box_, refusal);
+  if (!fitting.text.isEmpty()) insert(fitting.text);
+  if (!fitting.complaint.isEmpty()) showRefusal(box_, fitting.complaint);
 }
 
 void EditLine::inputMethodEvent(QInputMethodEvent* event) {

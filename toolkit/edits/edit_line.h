@@ -11,7 +11,8 @@ class EditLine : public QLineEdit {
  public:
   explicit EditLine(EditBox* box);
 
-  /// Inserts text as if pasted: whole, or not at all with a balloon that tells why.
+  /// Inserts text as if pasted: as much as there is room for, or nothing of a text that the box does not take. A balloon
+  /// tells what was left out.
   void pasteText(const QString& text);
   /// The box goes: nothing is told to it any more.
   void leaveBox() { box_ = nullptr; }
@@ -30,7 +31,7 @@ class EditLine : public QLineEdit {
 
  private:
   void typeText(QString characters);
-  bool hasRoomFor(qsizetype length) const;
+  qsizetype stayingLength() const;
 
   EditBox* box_;
 };

@@ -5,8 +5,8 @@
 class EditSideButton;
 class MemoText;
 
-/// Several lines of text, with an optional caption at the left. TAB moves on. A text pasted beyond the limit is kept out
-/// as a whole, with a balloon.
+/// Several lines of text, with an optional caption at the left. TAB moves on. Of a pasted text as much comes in as there
+/// is room for, and a balloon tells how much was left out.
 class MemoEdit : public EditFrame {
   Q_OBJECT
  public:

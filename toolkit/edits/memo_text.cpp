@@ -47,22 +47,25 @@ void MemoText::setWholeText(const QString& text) {
   document()->setModified(false);
 }
 
-bool MemoText::hasRoomFor(const QString& text) const {
-  return maxLength == 0 || document()->characterCount() - 1 - selectedLength(textCursor()) + text.size() <= maxLength;
-}
+qsizetype MemoText::stayingLength() const { return document()->characterCount() - 1 - selectedLength(textCursor()); }
 
 void MemoText::typeText(const QString& characters) {
+  if (isReadOnly()) return;
   const QString text = inCase(charCase, characters);
-  if (!isReadOnly() && hasRoomFor(text)) insertPlainText(text);
+  if (fittingText(text, stayingLength(), maxLength).complaint.isEmpty())
+    insertPlainText(text);
+  else
+    showRefusal(parentWidget(), u"Bu alana en çok %1 karakter sığar."_s.arg(maxLength));
   ensureCursorVisible();
 }
 
 void MemoText::keyPressEvent(QKeyEvent* event) {
   guarded(this, [&] {
     const bool breaksLine = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (breaksLine && !hasRoomFor(u"\n"_s)) {
+    if (breaksLine) {
+      typeText(u"\n"_s);
       event->accept();
-    } else if (!breaksLine && writesText(*event)) {
+    } else if (writesText(*event)) {
       typeText(event->text());
       event->accept();
     } else {
@@ -89,15 +92,11 @@ void MemoText::insertFromMimeData(const QMimeData* source) {
     QString text = inCase(charCase, source->text());
     text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     if (text.isEmpty() || isReadOnly()) return;
-    QString refusal;
     if (!std::all_of(text.begin(), text.end(), isKeepable))
-      refusal = u"Yapıştırılan metin kullanılamayan karakterler içeriyor."_s;
-    else if (!hasRoomFor(text))
-      refusal = u"Bu alana en çok %1 karakter girilebilir, metin eklenmedi."_s.arg(maxLength);
-    if (refusal.isEmpty())
-      insertPlainText(text);
-    else
-      refusalBalloon().showAt(parentWidget(), refusal);
+      return showRefusal(parentWidget(), u"Yapıştırılan metin kullanılamayan karakterler içeriyor."_s);
+    const FittingText fitting = fittingText(text, stayingLength(), maxLength);
+    if (!fitting.text.isEmpty()) insertPlainText(fitting.text);
+    if (!fitting.complaint.isEmpty()) showRefusal(parentWidget(), fitting.complaint);
   });
 }
 

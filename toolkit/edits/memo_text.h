@@ -32,7 +32,7 @@ class MemoText : public QPlainTextEdit {
 
  private:
   void typeText(const QString& characters);
-  bool hasRoomFor(const QString& text) const;
+  qsizetype stayingLength() const;
 
   QString original_;
 };

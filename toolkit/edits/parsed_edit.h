@@ -22,11 +22,12 @@ class ParsedEdit : public EditBox {
   /// The usual form of a value.
   virtual QString shown(const Value& value) const = 0;
   /// What stands in the hint of a text that cannot be read.
-  virtual QString complaint() const = 0;
+  virtual QString complaintOf(const QString& text) const = 0;
   /// Characters that can be typed; others are dropped.
   virtual bool takes(QChar character) const = 0;
 
   void keyPress(QString& characters) override;
+  QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
   void leaving() override;
 };

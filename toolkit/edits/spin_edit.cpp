@@ -46,8 +46,8 @@ Value SpinEdit::parsed(const QString& text) const {
 
 QString SpinEdit::shown(const Value& value) const { return value.toText(); }
 
-QString SpinEdit::complaint() const {
-  return u"\"%1\", %2 ile %3 arasında bir tam sayı değil."_s.arg(text(), QString::number(least_), QString::number(most_));
+QString SpinEdit::complaintOf(const QString& text) const {
+  return u"%1, %2 ile %3 arasında bir tam sayı değil."_s.arg(quoted(text), QString::number(least_), QString::number(most_));
 }
 
 bool SpinEdit::takes(QChar character) const {

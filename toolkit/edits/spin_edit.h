@@ -19,7 +19,7 @@ class SpinEdit : public ParsedEdit {
  protected:
   Value parsed(const QString& text) const override;
   QString shown(const Value& value) const override;
-  QString complaint() const override;
+  QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
   bool wheelSteps(int steps) override;

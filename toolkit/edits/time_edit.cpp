@@ -19,6 +19,6 @@ QString TimeEdit::shown(const Value& value) const {
   return time.second() == 0 ? time.toString(u"HH:mm"_s) : DateText::time(time);
 }
 
-QString TimeEdit::complaint() const { return u"\"%1\" geçerli bir saat değil."_s.arg(text()); }
+QString TimeEdit::complaintOf(const QString& text) const { return u"%1 geçerli bir saat değil."_s.arg(quoted(text)); }
 
 bool TimeEdit::takes(QChar character) const { return (character >= u'0' && character <= u'9') || u":."_s.contains(character); }

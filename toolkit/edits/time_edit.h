@@ -17,6 +17,6 @@ class TimeEdit : public ParsedEdit {
  protected:
   Value parsed(const QString& text) const override;
   QString shown(const Value& value) const override;
-  QString complaint() const override;
+  QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
 };
