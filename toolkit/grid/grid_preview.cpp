@@ -93,8 +93,14 @@ GridPreview::GridPreview(QWidget* owner, std::unique_ptr<TableContent> content, 
   const QSize room = screen()->availableSize();
   resize(std::min(1180, room.width() - 40), std::min(760, room.height() - 80));
   goTo(0);
-  fitWidth();
   scroll_->setFocus();
+}
+
+void GridPreview::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  guarded(this, [&] {
+    if (!event->spontaneous()) fitWidth();
+  });
 }
 
 GridPreview::~GridPreview() = default;

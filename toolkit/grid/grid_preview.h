@@ -35,6 +35,9 @@ class GridPreview : public QDialog {
   /// Writes all pages as PDF; the file is replaced in one step. Throws EInOutError.
   void writePdf(const QString& file);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void buildToolBar();
   QAction* addCommand(const QString& name, const QString& caption, const QString& icon, const QKeySequence& key, std::function<void()> work);

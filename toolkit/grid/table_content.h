@@ -8,10 +8,10 @@
 /// What a table shows, row by row, for those who put it on paper or into a file. Knows nothing of widgets.
 
 struct ContentColumn {
-  QString caption;
+  QString caption = {};
   int width = 100;           ///< logical pixels at 100 %
   bool alignsRight = false;  ///< numbers
-  QString displayFormat;     ///< of numbers, as NumberText::formatted understands it; empty shows the value as it is
+  QString displayFormat = {};  ///< of numbers, as NumberText::formatted understands it; empty shows the value as it is
 };
 
 enum class ContentRowKind {

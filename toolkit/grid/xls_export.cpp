@@ -264,8 +264,7 @@ QByteArray inContainer(const QByteArray& workbook) {
   GsfOutfile* container = gsf_outfile_msole_new(memory);
   GsfOutput* stream = gsf_outfile_new_child(container, "Workbook", FALSE);
   const bool written = gsf_output_write(stream, size_t(workbook.size()), reinterpret_cast<const guint8*>(workbook.constData())) &&
-                       gsf_output_close(stream) && gsf_output_close(GSF_OUTPUT(container)) &&
-                       (gsf_output_is_closed(memory) || gsf_output_close(memory));  // the container may have closed it
+                       gsf_output_close(stream) && gsf_output_close(GSF_OUTPUT(container));
   QByteArray bytes;
   if (written)
     bytes = QByteArray(reinterpret_cast<const char*>(gsf_output_memory_get_bytes(GSF_OUTPUT_MEMORY(memory))), qsizetype(gsf_output_size(memory)));
