@@ -7,6 +7,8 @@
 #include "app/rights.h"
 #include "app/Unit14.h"
 #include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/grid_preview.h"
+#include "toolkit/grid/table_content.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <QAction>
@@ -105,6 +107,10 @@ CardCommand CardList::refreshCommand() {
   return {u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8, [this] { cards_.Refresh(); }, {}, false};
 }
 
+CardCommand CardList::printCommand(const QString& caption, const CardReport& report) {
+  return {u"aYazdir"_s, caption, u"document-print"_s, Qt::Key_F9, [=, this] { preview(report); }, caption};
+}
+
 void CardList::insertCard(const std::function<void()>& insert) {
   const int before = grid_->currentRow();
   const int rows = cards_.RecordCount();
@@ -125,4 +131,14 @@ void CardList::deleteSelected(const QString& question, const QString& failure) {
     Login_Form->Log(error.message(), &error);
     QuendUtil->mesajTimeOut(this, failure, failureMessageMs);
   }
+}
+
+void CardList::preview(const CardReport& report) {
+  GridPreviewRequest request;
+  request.caption = u"Önizleme"_s;
+  request.texts = {report.title, report.header, u"[Date & Time Printed]"_s, u"Torvane Teknik Servis Programı"_s,
+                   u" Sayfa: [Page #]-[Total Pages]"_s};
+  request.documentName = report.title;
+  request.exportToExcel = report.exportToExcel;
+  showGridPreview(this, grid_->content(true), request);
 }

@@ -34,8 +34,16 @@ struct CardCommand {
   std::function<bool()> alsoNeeds = {};
 };
 
+/// What a list's print preview says around the rows.
+struct CardReport {
+  QString header;                        ///< at the left, above the rows
+  QString title;
+  /// Adds a button "Excel`e Aktar" to the preview, which owns its messages; none when empty.
+  std::function<void(QWidget* preview)> exportToExcel = {};
+};
+
 /// A modal list over one table: commands as rights and rows allow them, filter row in Turkish capitals, incremental search,
-/// grouping, guarded delete. Reads anew at each opening.
+/// grouping, guarded delete and print preview. Reads anew at each opening.
 class CardList : public QDialog {
   Q_OBJECT
  public:
@@ -59,6 +67,7 @@ class CardList : public QDialog {
   /// The commands that lists have in common.
   CardCommand deleteCommand(const QString& question, const QString& failure);
   CardCommand refreshCommand();
+  CardCommand printCommand(const QString& caption, const CardReport& report);
   /// Runs an editor's Insert; the cursor goes back to where it was when no row came.
   void insertCard(const std::function<void()>& insert);
 
@@ -66,6 +75,7 @@ class CardList : public QDialog {
   void addCommand(const CardCommand& command, QBoxLayout& bar);
   bool isEnabled(const CardCommand& command);
   void deleteSelected(const QString& question, const QString& failure);
+  void preview(const CardReport& report);
 
   QString rightPath_;
   TMyQuery cards_;

@@ -1,12 +1,16 @@
 #include "cards/customer_list.h"
 
 #include "app/guard.h"
+#include "app/platform/shell_open.h"
+#include "app/program_paths.h"
 #include "cards/card_columns.h"
 #include "cards/card_rules.h"
 #include "cards/card_store.h"
 #include "cards/customer_devices.h"
 #include "cards/customer_editor.h"
 #include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/table_content.h"
+#include "toolkit/grid/xls_export.h"
 
 #include <QAction>
 
@@ -51,9 +55,10 @@ Tfmusteriler::Tfmusteriler(QWidget* parent)
   const CardCommand actSMS{u"actSMS"_s, u"SMS Gönder"_s, u"smartphone"_s, Qt::Key_F11, [this] { sendSms(); }, u"SMS Gönder"_s};
   const CardCommand aIstatistik{u"aIstatistik"_s, u"F10 » İstatistik"_s, u"office-chart-bar"_s, Qt::Key_F10,
                                 [this] { showStatistics(); }, u"F10 » İstatistik"_s, true, [this] { return hasNamedRow(); }};
+  const CardReport report{u"Müşteri Listesi Raporu"_s, u"Cari Hesaplar"_s, [this](QWidget*) { exportToExcel(); }};
   addCommands({aEkle, aDuzelt,
                deleteCommand(u"Seçilen cari kart silinecek onaylıyor musunuz?"_s, u"Seçilen cari kart silinemedi!"_s), aCihaz,
-               refreshCommand(), actSMS, aIstatistik},
+               refreshCommand(), printCommand(u"F9 » Yazdır"_s, report), actSMS, aIstatistik},
               u"aDuzelt"_s);
   grid()->setFilterHandler([this](const std::optional<FilterExpression>& filter) { return takeFilter(filter); });
   fmusteriler = this;
@@ -93,4 +98,10 @@ void Tfmusteriler::sendSms() {
 
 void Tfmusteriler::showStatistics() {
   if (openStatistics) openStatistics(qCari.FieldByName(u"CA_AD"_s).asText());
+}
+
+void Tfmusteriler::exportToExcel() {
+  // Written into the current folder and opened beside the program, wherever that is: meant.
+  exportXls(*grid()->content(true), windowTitle(), u"CariHesaplar.xls"_s);
+  shellOpen(programFolder() + u"CariHesaplar.xls"_s);
 }

@@ -22,6 +22,7 @@ class Tfmusteriler : public CardList {
   void showDevices();
   void sendSms();
   void showStatistics();
+  void exportToExcel();
 
   bool isByDevice_ = false;  ///< the rows are those of a filter by device
 };

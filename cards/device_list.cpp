@@ -21,8 +21,9 @@ Tfcihazlar::Tfcihazlar(QWidget* parent)
     : CardList({u"fcihazlar"_s, u"Cihaz Listesi"_s, u"qCihaz"_s, u"Kartlar\\Cihaz Kartları\\"_s, catalogueColumns()}, parent),
       qCihaz(cards()) {
   CardStore::setUpDevices(qCihaz);
+  // The report bears the slips' title: meant.
   addCommands({deleteCommand(u"Seçilen cihaz kartı silinecek onaylıyor musunuz?"_s, u"Seçilen cihaz kartı silinemedi!"_s),
-               refreshCommand()});
+               refreshCommand(), printCommand(u"F9 » Rapor Yazdır"_s, {u"Cihaz Listesi Raporu"_s, u"Servis Fişleri"_s})});
   fcihazlar = this;
 }
 

@@ -34,7 +34,7 @@ TfDisServisler::TfDisServisler(QWidget* parent)
   const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, Qt::Key_F4, [] { fDisServisEkle->Edit(); }, add};
   addCommands({aEkle, aDuzelt,
                deleteCommand(u"Seçilen dış servis kartı silinecek onaylıyor musunuz?"_s, u"Seçilen dış servis kartı silinemedi!"_s),
-               refreshCommand()},
+               refreshCommand(), printCommand(u"F9 » Rapor Yazdır"_s, {u"Dış Servis Listesi Raporu"_s, u"Dış Servisler Listesi"_s})},
               u"aDuzelt"_s);
   fDisServisler = this;
 }

@@ -198,7 +198,7 @@ TEST_F(CustomersTest, DeleteAsksAndIsTakenBackWhenTheServerRefuses) {
 }
 
 TEST_F(CustomersTest, CommandsFollowRightsAndRows) {
-  const QStringList all{u"aEkle"_s, u"aDuzelt"_s, u"aFisSil"_s, u"aCihaz"_s, u"aGuncelle"_s, u"actSMS"_s, u"aIstatistik"_s};
+  const QStringList all{u"aEkle"_s, u"aDuzelt"_s, u"aFisSil"_s, u"aCihaz"_s, u"aGuncelle"_s, u"aYazdir"_s, u"actSMS"_s, u"aIstatistik"_s};
   const auto enabled = [&] {
     updateCommands(&customers);
     QStringList names;

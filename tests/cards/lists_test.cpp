@@ -1,14 +1,15 @@
-#include "app/program_paths.h"
 #include "app/editors/qcx_db_editors.h"
+#include "app/program_paths.h"
 #include "service/fservisfis_unit.h"
 #include "tests/cards/cards_fixture.h"
 #include "toolkit/grid/data_grid.h"
-#include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/grid_preview.h"
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <QFile>
 #include <QLabel>
+#include <QTimer>
 #include <QToolButton>
 
 #include <utility>
@@ -184,7 +185,7 @@ TEST_F(ListsTest, FirmIsChangedByTheRightToAdd) {
     DM->MySQL.Username = u"OTHER"_s;
     updateCommands(&firms);
     DM->MySQL.Username = u"QUEND"_s;
-    for (const QString& name : {u"aEkle"_s, u"aDuzelt"_s, u"aFisSil"_s}) EXPECT_FALSE(firms.command(name)->isEnabled());
+    for (const QString& name : {u"aEkle"_s, u"aDuzelt"_s, u"aFisSil"_s, u"aYazdir"_s}) EXPECT_FALSE(firms.command(name)->isEnabled());
     EXPECT_TRUE(firms.command(u"aGuncelle"_s)->isEnabled());
     // Every path that was asked for and is not in the tree leaves an entry.
     ASSERT_TRUE(log.open(QIODevice::ReadOnly) && log.seek(before));
@@ -192,6 +193,39 @@ TEST_F(ListsTest, FirmIsChangedByTheRightToAdd) {
     EXPECT_EQ(asked.count(u"Kartlar\\Dış Servis Kartları\\F3 » Kayıt Ekle"_s), 2);
     EXPECT_FALSE(asked.contains(u"F4 » Kayıt Düzelt"_s));
   });
+}
+
+// The sheet lands in the current folder, and the one beside the program is opened, wherever that is.
+TEST_F(ListsTest, CustomersGoToPaperAndToASheet) {
+  QFile opener(folder.filePath(u"xdg-open"_s));
+  ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
+  opener.write("#!/bin/sh\necho \"$1\" >" + folder.filePath(u"opened"_s).toUtf8() + "\n");
+  opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  opener.close();
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", folder.path().toUtf8() + ':' + path);
+  run(u"INSERT INTO cari (CA_AD) VALUES ('AYŞE IŞIK'), ('CEM')");
+  within([this] { customers.Giris(); }, customers, [this] {
+    QTimer preview;
+    connectGuarded(&preview, &QTimer::timeout, &customers, [&] {
+      auto* shown = qobject_cast<GridPreview*>(QApplication::activeModalWidget());
+      if (shown == nullptr) return;
+      preview.stop();
+      EXPECT_EQ(shown->windowTitle(), u"Önizleme"_s);
+      EXPECT_EQ(shown->pages().rowsOn(0).second, 2);
+      shown->findChild<QAction*>(u"excel"_s)->trigger();
+      shown->reject();
+    });
+    preview.start(5);
+    press(customers, Qt::Key_F9);
+    EXPECT_FALSE(preview.isActive());
+  });
+  EXPECT_GT(QFile(u"CariHesaplar.xls"_s).size(), 1000);
+  QFile opened(folder.filePath(u"opened"_s));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return opened.size() > 0; }));
+  ASSERT_TRUE(opened.open(QIODevice::ReadOnly));
+  EXPECT_EQ(QString::fromUtf8(opened.readAll()).trimmed(), programFolder() + u"CariHesaplar.xls"_s);
+  qputenv("PATH", path);
 }
 
 // What the cards hold is what a new slip offers and copies.
