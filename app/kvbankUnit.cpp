@@ -224,7 +224,8 @@ void TfKvb::openSlip(qint64 id) {
 void TfKvb::chooseSlips() {
   std::vector<QString> ids;
   fservisfisSec->Giris(ids);
-  for (const QString& id : ids) openSlip(id.toLongLong());
+  // One that cannot be read in full does not keep the others closed.
+  for (const QString& id : ids) guarded(this, [&] { openSlip(id.toLongLong()); });
 }
 
 void TfKvb::showEvent(QShowEvent* event) {

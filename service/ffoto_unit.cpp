@@ -1,13 +1,19 @@
 #include "service/ffoto_unit.h"
 
+#include "toolkit/edits/image_box.h"
+
 #include <QBoxLayout>
 #include <QLabel>
 #include <QPixmap>
 #include <QScreen>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 TfFoto* fFoto = nullptr;
+
+QByteArray slipPictureFormat() { return "jpeg"; }
 
 TfFoto::TfFoto() : URUN_FOTO(new QLabel(this)) {
   setObjectName(u"fFoto"_s);
@@ -25,12 +31,11 @@ TfFoto::~TfFoto() {
 }
 
 void TfFoto::Giris(const QString& title, const QByteArray& picture) {
-  setWindowTitle(title);
-  QPixmap pixmap;
-  pixmap.loadFromData(picture);
-  URUN_FOTO->setPixmap(pixmap);
   // A picture larger than the screen is shown as large as there is room.
   const QSize room = screen()->availableSize() * 9 / 10;
+  const QPixmap pixmap = QPixmap::fromImage(decodedPicture(picture, slipPictureFormat(), std::max(room.width(), room.height()) * 2));
+  setWindowTitle(title);
+  URUN_FOTO->setPixmap(pixmap);
   const bool fits = pixmap.width() <= room.width() && pixmap.height() <= room.height();
   setFixedSize(fits ? pixmap.size() : pixmap.size().scaled(room, Qt::KeepAspectRatio));
   exec();

@@ -4,13 +4,16 @@
 
 class QLabel;
 
+/// Format of the slips' pictures.
+QByteArray slipPictureFormat();
+
 /// The device's picture in its full size. One window serves all slips.
 class TfFoto : public QDialog {
   Q_OBJECT
  public:
   TfFoto();
   ~TfFoto() override;
-  /// Shows the picture modally; title is the window's caption.
+  /// Shows the picture modally; title is the window's caption. Throws Exception for bytes that are no picture of a slip.
   void Giris(const QString& title, const QByteArray& picture);
 
  private:

@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -179,8 +180,8 @@ void SlipFieldsPage::connectAids() {
 void SlipFieldsPage::showTotal() {
   const auto amount = [this](const QString& column) { return edit<CurrencyEdit>(column)->value(); };
   try {
-    edit<CurrencyEdit>(u"TS_TUTAR"_s)
-        ->setValue(SlipRules::total(amount(u"TS_SERVIS_TUTAR"_s), amount(u"TS_ISCILIK_TUTAR"_s), amount(u"TS_PARCA_TUTAR"_s)));
+    const double total = SlipRules::total(amount(u"TS_SERVIS_TUTAR"_s), amount(u"TS_ISCILIK_TUTAR"_s), amount(u"TS_PARCA_TUTAR"_s));
+    if (std::isfinite(total)) edit<CurrencyEdit>(u"TS_TUTAR"_s)->setValue(total);
   } catch (const EConvertError&) {
     // The box with the unreadable amount is marked, and the save will tell.
   }

@@ -17,7 +17,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// The server takes statements of 64 MB, and a byte may need two places in one.
+constexpr qint64 mostMegabytes = 30;
+
 QString pictureFilter() { return u"JPeg Dosyası (*.jpg)"_s; }
+QString noPictureText() { return u"Resim yok"_s; }
+
+/// The whole of a file that may be added. Throws EInOutError.
+QByteArray readPictureFile(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) throw EInOutError(u"Dosya açılamadı: %1"_s.arg(path));
+  if (file.size() > mostMegabytes * 1024 * 1024) throw EInOutError(u"Resim dosyası en çok %1 MB olabilir: %2"_s.arg(mostMegabytes).arg(path));
+  const QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) throw EInOutError(u"Dosya okunamadı: %1"_s.arg(path));
+  if (bytes.isEmpty()) throw EInOutError(u"Dosya boş: %1"_s.arg(path));
+  return bytes;
+}
 
 }  // namespace
 
@@ -32,7 +47,8 @@ SlipPicturePage::SlipPicturePage(std::function<QString()> titleOfPicture, QWidge
   URUN_FOTO = new ImageBox(group);
   URUN_FOTO->setObjectName(u"URUN_FOTO"_s);
   URUN_FOTO->setAccessibleName(group->title());
-  URUN_FOTO->setEmptyText(u"Resim yok"_s);
+  URUN_FOTO->setEmptyText(noPictureText());
+  URUN_FOTO->setFormat(slipPictureFormat());
   URUN_FOTO->setContextMenuPolicy(Qt::NoContextMenu);
   line->addWidget(URUN_FOTO, 1);
   line->addLayout(buttons);
@@ -51,9 +67,7 @@ SlipPicturePage::SlipPicturePage(std::function<QString()> titleOfPicture, QWidge
     connectGuarded(button, &QToolButton::clicked, this, work);
     buttons->addWidget(button);
   };
-  addButton(u"btnShowImage"_s, u"zoom-in"_s, u"Resmi Büyüt"_s, [this] {
-    if (!bytes_.isEmpty()) fFoto->Giris(titleOfPicture_(), bytes_);
-  });
+  addButton(u"btnShowImage"_s, u"zoom-in"_s, u"Resmi Büyüt"_s, [this] { enlargePicture(); });
   addButton(u"btnEkle"_s, u"list-add"_s, u"Resim Ekle"_s, [this] { addPicture(); });
   addButton(u"btnSil"_s, u"list-remove"_s, u"Resmi Sil"_s, [this] { removePicture(); });
   addButton(u"RzBitBtn1"_s, u"document-save-as"_s, u"Resmi Kaydet"_s, [this] { savePicture(); });
@@ -62,23 +76,38 @@ SlipPicturePage::SlipPicturePage(std::function<QString()> titleOfPicture, QWidge
 
 void SlipPicturePage::clear() {
   URUN_FOTO->clearImage();
+  URUN_FOTO->setEmptyText(noPictureText());
   bytes_.clear();
 }
 
 void SlipPicturePage::setBytes(const QByteArray& bytes) {
-  URUN_FOTO->clearImage();
+  clear();
   bytes_ = bytes;
+  URUN_FOTO->setEmptyText(u"Kayıtlı resim bozuk"_s);
   URUN_FOTO->setImageBytes(bytes);
+  URUN_FOTO->setEmptyText(noPictureText());
+}
+
+void SlipPicturePage::telling(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const Exception& error) {
+    QuendUtil->ErrorMesaj(this, error.message());
+  }
+}
+
+void SlipPicturePage::enlargePicture() {
+  if (!bytes_.isEmpty()) telling([this] { fFoto->Giris(titleOfPicture_(), bytes_); });
 }
 
 void SlipPicturePage::addPicture() {
   const QString path = askOpenFile(this, u"Resim Ekle"_s, pictureFilter(), u"jpg"_s);
   if (path.isEmpty()) return;
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) throw EInOutError(u"Dosya açılamadı: %1"_s.arg(path));
-  const QByteArray bytes = file.readAll();
-  URUN_FOTO->setImageBytes(bytes);
-  bytes_ = bytes;
+  telling([&] {
+    const QByteArray bytes = readPictureFile(path);
+    URUN_FOTO->setImageBytes(bytes);
+    bytes_ = bytes;
+  });
 }
 
 void SlipPicturePage::removePicture() {
@@ -89,7 +118,9 @@ void SlipPicturePage::savePicture() {
   if (bytes_.isEmpty()) return;
   const QString path = askSaveFile(this, u"Resmi Kaydet"_s, pictureFilter(), u"jpg"_s);
   if (path.isEmpty()) return;
-  QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes_) != bytes_.size() || !file.commit())
-    throw EInOutError(u"Dosya yazılamadı: %1"_s.arg(path));
+  telling([&] {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes_) != bytes_.size() || !file.commit())
+      throw EInOutError(u"Dosya yazılamadı: %1"_s.arg(path));
+  });
 }

@@ -20,9 +20,12 @@ class SlipPicturePage : public QWidget {
   void setBytes(const QByteArray& bytes);
 
  private:
+  void enlargePicture();
   void addPicture();
   void removePicture();
   void savePicture();
+  /// Runs what reads or writes a picture; what it throws is told.
+  void telling(const std::function<void()>& work);
 
   ImageBox* URUN_FOTO;
   QByteArray bytes_;

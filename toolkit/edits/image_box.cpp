@@ -11,16 +11,12 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Longest side that is kept decoded; more than any screen shows of it.
-constexpr int longestSide = 2560;
-
-QImage decoded(const QByteArray& bytes) {
+QImage decodedPicture(const QByteArray& bytes, const QByteArray& format, int longestSide) {
   QBuffer buffer;
   buffer.setData(bytes);
   buffer.open(QIODevice::ReadOnly);
-  QImageReader reader(&buffer);
+  QImageReader reader(&buffer, format);
+  reader.setAutoDetectImageFormat(format.isEmpty());
   reader.setAutoTransform(true);
   const QSize size = reader.size();
   if (size.isValid() && std::max(size.width(), size.height()) > longestSide)
@@ -30,13 +26,11 @@ QImage decoded(const QByteArray& bytes) {
   return image;
 }
 
-}  // namespace
-
 ImageBox::ImageBox(QWidget* parent) : QFrame(parent) { setFrameStyle(QFrame::StyledPanel | QFrame::Sunken); }
 
 void ImageBox::setImageBytes(const QByteArray& bytes) {
   if (bytes.isEmpty()) return clearImage();
-  image_ = decoded(bytes);
+  image_ = decodedPicture(bytes, format_);
   bytes_ = bytes;
   update();
 }

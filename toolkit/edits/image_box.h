@@ -5,12 +5,19 @@
 #include <QFrame>
 #include <QImage>
 
+/// The picture in a file's bytes, upright, made smaller when a side is longer than longestSide (by default more than a screen
+/// shows of it). format: the only one that is taken, as "jpeg"; empty for any. Throws Exception for bytes that are no such
+/// picture.
+QImage decodedPicture(const QByteArray& bytes, const QByteArray& format = {}, int longestSide = 2560);
+
 /// A picture, shown scaled with its proportions. Its bytes stay exactly as they came.
 class ImageBox : public QFrame, public EditControl {
   Q_OBJECT
  public:
   explicit ImageBox(QWidget* parent = nullptr);
 
+  /// Takes pictures of one format only, as "jpeg".
+  void setFormat(const QByteArray& format) { format_ = format; }
   /// Bytes of a picture file; empty bytes empty the box. Throws Exception for damaged or unknown bytes and leaves the
   /// picture as it was.
   void setImageBytes(const QByteArray& bytes);
@@ -29,6 +36,7 @@ class ImageBox : public QFrame, public EditControl {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QByteArray format_;
   QByteArray bytes_;
   QImage image_;
   QString emptyText_;
