@@ -1,7 +1,9 @@
+#include "app/guard.h"
 #include "app/ini_file.h"
 #include "toolkit/shell/child_tab_strip.h"
 #include "toolkit/shell/child_windows.h"
 #include "toolkit/shell/key_state_panel.h"
+#include "toolkit/shell/key_tips.h"
 #include "toolkit/shell/redraw_lock.h"
 #include "toolkit/shell/ribbon.h"
 #include "toolkit/shell/ribbon_button.h"
@@ -126,6 +128,35 @@ TEST_F(ChildWindowsTest, ManyTabsScrollWithTurkishHintsAndStandInTheList) {
   EXPECT_TRUE(list->actions()[29]->isChecked());
   list->actions()[3]->trigger();
   EXPECT_EQ(children.clientArea()->activeSubWindow(), window(children.contents()[3]));
+}
+
+TEST_F(ChildWindowsTest, TabsCloseByMiddleButtonKeyAndMenu) {
+  for (int i = 0; i < 6; ++i) add(QString::number(i));
+  QTabBar* bar = children.tabStrip()->tabBar();
+  QTest::mouseClick(bar, Qt::MiddleButton, {}, bar->tabRect(1).center());
+  EXPECT_EQ(tabs(), (QStringList{u"0"_s, u"2"_s, u"3"_s, u"4"_s, u"5"_s}));
+  EXPECT_EQ(children.tabStrip()->currentIndex(), 4) << "another tab's closing moves nothing";
+  QTest::keyClick(bar, Qt::Key_Left);
+  QTest::keyClick(bar, Qt::Key_Delete);
+  EXPECT_EQ(tabs(), (QStringList{u"0"_s, u"2"_s, u"3"_s, u"5"_s}));
+
+  const auto menu = [&](const QString& caption) {
+    QContextMenuEvent wanted(QContextMenuEvent::Mouse, bar->tabRect(1).center(), bar->mapToGlobal(bar->tabRect(1).center()));
+    QCoreApplication::sendEvent(bar, &wanted);
+    auto* opened = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(opened, nullptr);
+    for (QAction* action : opened->actions())
+      if (action->text() == caption) action->trigger();
+    opened->close();
+  };
+  static_cast<Page*>(children.contents()[2])->refuses = true;
+  menu(u"Diğerlerini Kapat"_s);
+  EXPECT_EQ(tabs(), (QStringList{u"2"_s, u"3"_s, u"5"_s})) << "stops at the one that refuses";
+  static_cast<Page*>(children.contents()[1])->refuses = false;
+  menu(u"Kapat"_s);
+  EXPECT_EQ(tabs(), (QStringList{u"2"_s, u"5"_s}));
+  menu(u"Hepsini Kapat"_s);
+  EXPECT_EQ(tabs(), QStringList());
 }
 
 /// Notes in which order windows first change their state.
@@ -284,6 +315,103 @@ TEST_F(RibbonTest, EveryCommandIsReachedByKeyboard) {
   EXPECT_EQ(qobject_cast<RibbonButton*>(QApplication::focusWidget())->defaultAction(), commands.last());
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &editor);
+}
+
+QStringList visibleTips() {
+  QStringList letters;
+  for (const QWidget* widget : QApplication::allWidgets())
+    if (widget->objectName() == u"keyTip"_s && widget->isVisible()) letters.append(widget->accessibleName());
+  letters.sort();
+  return letters;
+}
+
+TEST(KeyTipsTest, LettersAreUniqueAndBeginWords) {
+  const auto letters = [](const QStringList& captions) {
+    QString all;
+    for (const QChar letter : keyTipLetters(captions)) all += letter.isNull() ? u'-' : letter;
+    return all;
+  };
+  EXPECT_EQ(letters({u"Yeni Servis Fişi"_s, u"Servis Fişleri"_s, u"Servis Formu"_s, u"Yeni"_s, u"ışık"_s, u"İşlem"_s, u"Şu"_s}), u"YSFEILU"_s)
+      << "İ and I are one key, Ş and S too";
+  EXPECT_EQ(letters({u"1"_s, u""_s, u"-"_s}), u"ABC"_s) << "digits are left free";
+  EXPECT_EQ(letters(QStringList(27, u"Ğ"_s)), u"ĞABCDEFHIJKLMNOPQRSTUVWXYZ-"_s);
+}
+
+TEST_F(RibbonTest, LettersRunCommandsAndLeaveTheKeyboardWhereItWas) {
+  host.resize(2500, 200);
+  host.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+  for (int i = 0; i < commands.size(); ++i) commands[i]->setText(u"%1 komutu"_s.arg(QStringLiteral("ÖBCDEFGHIJLMNP").at(i)));
+  commands[1]->setEnabled(false);
+  QMenu menu;
+  QAction* entry = menu.addAction(u"Şirket"_s);
+  QAction* off = menu.addAction(u"Parametre"_s);
+  off->setEnabled(false);
+  commands[3]->setMenu(&menu);
+  editor.setFocus();
+  QWindow* window = host.windowHandle();
+  const auto alt = [&] {
+    QTest::keyPress(window, Qt::Key_Alt, Qt::AltModifier);
+    QTest::keyRelease(window, Qt::Key_Alt);
+    QCoreApplication::processEvents();
+  };
+  const auto shown = [] { return !visibleTips().isEmpty(); };
+
+  alt();
+  QStringList expected{u"0"_s, u"Ö"_s};
+  for (const QChar letter : u"CDEFGHIJLMNP"_s) expected.append(letter);
+  expected.sort();
+  EXPECT_EQ(visibleTips(), expected) << "without the disabled B";
+  alt();
+  EXPECT_FALSE(shown());
+  EXPECT_TRUE(editor.hasFocus());
+
+  QSignalSpy first(commands[0], &QAction::triggered);
+  QSignalSpy disabled(commands[1], &QAction::triggered);
+  QTest::keyClick(window, Qt::Key_F10);
+  QCoreApplication::processEvents();
+  QTest::keyClick(window, Qt::Key_B);
+  EXPECT_TRUE(shown()) << "a key without a badge";
+  QTest::keyClick(window, Qt::Key_O);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return first.count() == 1; }, 500)) << "O runs Ö";
+  EXPECT_EQ(disabled.count(), 0);
+  EXPECT_FALSE(shown());
+  EXPECT_TRUE(editor.hasFocus());
+  EXPECT_EQ(editor.text(), QString());
+
+  alt();
+  QTest::keyClick(window, Qt::Key_Escape);
+  EXPECT_FALSE(shown());
+  EXPECT_TRUE(editor.hasFocus());
+
+  // Alt that belongs to something else.
+  QTest::keyPress(window, Qt::Key_Alt, Qt::AltModifier);
+  QTest::keyClick(window, Qt::Key_X, Qt::AltModifier);
+  QTest::keyRelease(window, Qt::Key_Alt);
+  QTest::keyPress(window, Qt::Key_Alt, Qt::AltModifier);
+  QTest::mouseClick(&editor, Qt::LeftButton, Qt::AltModifier);
+  QTest::keyRelease(window, Qt::Key_Alt);
+  QTest::keyPress(window, Qt::Key_Alt, Qt::AltModifier | Qt::ShiftModifier);
+  QTest::keyRelease(window, Qt::Key_Alt);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(shown());
+
+  // A menu's entries have letters of their own.
+  QSignalSpy inMenu(entry, &QAction::triggered);
+  alt();
+  QStringList inside;
+  postGuarded(&menu, [&] {
+    inside = visibleTips();
+    QTest::keyClick(&menu, Qt::Key_P);
+    EXPECT_TRUE(menu.isVisible()) << "disabled";
+    QTest::keyClick(&menu, Qt::Key_S);
+  }, 200);
+  QTest::keyClick(window, Qt::Key_D);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return inMenu.count() == 1; }, 2000));
+  EXPECT_EQ(inside, QStringList{u"Ş"_s});
+  EXPECT_FALSE(menu.isVisible());
+  EXPECT_FALSE(shown());
+  EXPECT_TRUE(editor.hasFocus());
 }
 
 TEST(KeyStatePanelTest, InsertTogglesOncePerPress) {

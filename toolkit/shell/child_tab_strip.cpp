@@ -4,7 +4,9 @@
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QTabBar>
 #include <QToolButton>
 
@@ -59,6 +61,45 @@ ChildTabStrip::ChildTabStrip(QWidget* parent)
   };
   connectGuarded(tabs_, &QTabBar::currentChanged, this, choose);
   connectGuarded(tabs_, &QTabBar::tabBarClicked, this, choose);
+  tabs_->installEventFilter(this);
+  tabs_->setContextMenuPolicy(Qt::CustomContextMenu);
+  connectGuarded(tabs_, &QWidget::customContextMenuRequested, this, [this](QPoint place) {
+    openMenu(tabs_->tabAt(place), tabs_->mapToGlobal(place));
+  });
+}
+
+bool ChildTabStrip::eventFilter(QObject* watched, QEvent* event) {
+  bool taken = false;
+  guarded(this, [&] {
+    int closed = -1;
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
+      const auto* mouse = static_cast<QMouseEvent*>(event);
+      taken = mouse->button() == Qt::MiddleButton;
+      if (taken && event->type() == QEvent::MouseButtonRelease) closed = tabs_->tabAt(mouse->position().toPoint());
+    } else if (event->type() == QEvent::KeyPress) {
+      const int key = static_cast<QKeyEvent*>(event)->key();
+      taken = key == Qt::Key_Delete || key == Qt::Key_Menu;
+      if (key == Qt::Key_Delete) closed = tabs_->currentIndex();
+      if (key == Qt::Key_Menu)
+        openMenu(tabs_->currentIndex(), tabs_->mapToGlobal(tabs_->tabRect(tabs_->currentIndex()).bottomLeft()));
+    }
+    if (closed >= 0) Q_EMIT closeRequested(closed);
+  });
+  return taken || QWidget::eventFilter(watched, event);
+}
+
+void ChildTabStrip::openMenu(int index, QPoint globalPlace) {
+  if (index < 0) return;
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setObjectName(u"tabMenu"_s);
+  connectGuarded(menu->addAction(QIcon::fromTheme(u"window-close"_s), u"Kapat"_s), &QAction::triggered, this,
+                 [this, index] { Q_EMIT closeRequested(index); });
+  QAction* others = menu->addAction(u"Diğerlerini Kapat"_s);
+  others->setEnabled(tabs_->count() > 1);
+  connectGuarded(others, &QAction::triggered, this, [this, index] { Q_EMIT closeOthersRequested(index); });
+  connectGuarded(menu->addAction(u"Hepsini Kapat"_s), &QAction::triggered, this, [this] { Q_EMIT closeAllRequested(); });
+  menu->popup(globalPlace);
 }
 
 int ChildTabStrip::count() const { return tabs_->count(); }

@@ -6,7 +6,9 @@ class QMenu;
 class QTabBar;
 class QToolButton;
 
-/// Strip of tabs under the client area: a close button on each tab, scroll buttons, a button that lists all tabs.
+/// Strip of tabs under the client area: a close button on each tab, which the middle mouse button does as well, scroll
+/// buttons, a button that lists all tabs, and a menu on each tab. With the keyboard on it, arrows move, Delete closes and
+/// the menu key opens the menu.
 class ChildTabStrip : public QWidget {
   Q_OBJECT
  public:
@@ -26,9 +28,15 @@ class ChildTabStrip : public QWidget {
  Q_SIGNALS:
   void tabChosen(int index);
   void closeRequested(int index);
+  void closeOthersRequested(int index);
+  void closeAllRequested();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void fillList();
+  void openMenu(int index, QPoint globalPlace);
   void addCloseButton(int index);
 
   QTabBar* tabs_;

@@ -64,6 +64,8 @@ ChildWindows::ChildWindows(QWidget* parent)
   strip_->hide();
   connectGuarded(strip_, &ChildTabStrip::tabChosen, this, [this](int index) { activate(windows_[index]); });
   connectGuarded(strip_, &ChildTabStrip::closeRequested, this, [this](int index) { windows_[index]->close(); });
+  connectGuarded(strip_, &ChildTabStrip::closeOthersRequested, this, [this](int index) { closeAllBut(windows_[index]); });
+  connectGuarded(strip_, &ChildTabStrip::closeAllRequested, this, [this] { closeAll(); });
   connectGuarded(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* window) {
     const qsizetype index = windows_.indexOf(qobject_cast<ChildWindow*>(window));
     if (index >= 0) strip_->setCurrentIndex(static_cast<int>(index));
@@ -125,9 +127,11 @@ QList<QWidget*> ChildWindows::contents() const {
   return contents;
 }
 
-bool ChildWindows::closeAll() {
+bool ChildWindows::closeAll() { return closeAllBut(nullptr); }
+
+bool ChildWindows::closeAllBut(const ChildWindow* kept) {
   const QList<ChildWindow*> windows = windows_;
-  return std::ranges::all_of(windows, [](ChildWindow* window) { return window->close(); });
+  return std::ranges::all_of(windows, [kept](ChildWindow* window) { return window == kept || window->close(); });
 }
 
 void ChildWindows::maximizeAll() {

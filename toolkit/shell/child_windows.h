@@ -75,6 +75,7 @@ class ChildWindows : public QWidget {
  private:
   ChildWindow* windowOf(QWidget* content) const;
   void activate(ChildWindow* window);
+  bool closeAllBut(const ChildWindow* kept);
   void step(int by);
   void tile(Qt::Orientation direction);
   void forget(ChildWindow* window);

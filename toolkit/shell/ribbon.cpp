@@ -1,6 +1,7 @@
 #include "toolkit/shell/ribbon.h"
 
 #include "app/guard.h"
+#include "toolkit/shell/key_tips.h"
 #include "toolkit/shell/ribbon_button.h"
 
 #include <QAction>
@@ -28,7 +29,8 @@ Ribbon::Ribbon(const QString& tabCaption, QWidget* parent)
       applicationButton_(new QToolButton(this)),
       tab_(new QToolButton(this)),
       page_(new QWidget(this)),
-      quickAccessRow_(new QHBoxLayout) {
+      quickAccessRow_(new QHBoxLayout),
+      keyTips_(new KeyTips(this)) {
   applicationButton_->setObjectName(u"applicationButton"_s);
   applicationButton_->setFocusPolicy(Qt::TabFocus);
   applicationButton_->setStyleSheet(
@@ -62,6 +64,12 @@ Ribbon::Ribbon(const QString& tabCaption, QWidget* parent)
   connectGuarded(fold, &QShortcut::activated, this, [this] { setPageVisible(!isPageVisible()); });
   auto* enter = new QShortcut(Qt::Key_F10, this);
   connectGuarded(enter, &QShortcut::activated, this, [this] { enterByKeyboard(); });
+  connectGuarded(keyTips_, &KeyTips::asked, this, [this] { enterByKeyboard(); });
+  connectGuarded(keyTips_, &KeyTips::left, this, [this] { leaveKeyboard(); });
+  connectGuarded(keyTips_, &KeyTips::chosen, this, [this] { leaveKeyboard(); });
+  connectGuarded(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+    if (now == nullptr || !isAncestorOf(now)) keyTips_->hide();
+  });
 }
 
 RibbonGroup* Ribbon::addGroup(const QString& caption, const QIcon& icon) {
@@ -102,13 +110,45 @@ void Ribbon::setPageVisible(bool visible) { page_->setVisible(visible); }
 bool Ribbon::isPageVisible() const { return page_->isVisibleTo(this); }
 
 void Ribbon::enterByKeyboard() {
-  setPageVisible(true);
-  focusBefore_ = QApplication::focusWidget();
-  for (RibbonButton* button : page_->findChildren<RibbonButton*>()) {
-    if (!button->isVisible() || !button->isEnabled()) continue;
-    button->setFocus(Qt::ShortcutFocusReason);
+  if (keyTips_->isShown()) {
+    leaveKeyboard();
     return;
   }
+  setPageVisible(true);
+  if (QWidget* focus = QApplication::focusWidget(); focus == nullptr || !isAncestorOf(focus)) focusBefore_ = focus;
+  QWidget* first = applicationButton_;
+  for (RibbonButton* button : page_->findChildren<RibbonButton*>()) {
+    if (!button->isVisible() || !button->isEnabled()) continue;
+    first = button;
+    break;
+  }
+  first->setFocus(Qt::ShortcutFocusReason);
+  // The page may just have been unfolded; its buttons stand in their places once it is laid out.
+  postGuarded(this, [this] {
+    if (const QWidget* focus = QApplication::focusWidget(); focus != nullptr && isAncestorOf(focus)) showKeyTips();
+  });
+}
+
+/// Digits for the quick-access bar, letters for the groups. A command keeps its letter, whatever room its group has.
+void Ribbon::showKeyTips() {
+  QList<std::pair<QToolButton*, QChar>> tips{{applicationButton_, u'0'}};
+  for (int i = 0; i < std::min(quickAccessRow_->count(), 9); ++i)
+    tips.append({qobject_cast<QToolButton*>(quickAccessRow_->itemAt(i)->widget()), QChar(u'1' + i)});
+  QList<QToolButton*> buttons;
+  for (const RibbonGroup* group : groups_)
+    for (RibbonButton* button : group->buttons()) buttons.append(button);
+  for (const RibbonGroup* group : groups_) buttons.append(group->dropDownButton());
+  QStringList captions;
+  for (const QToolButton* button : buttons) captions.append(button->text());
+  const QList<QChar> letters = keyTipLetters(captions);
+  for (qsizetype i = 0; i < buttons.size(); ++i) tips.append({buttons[i], letters[i]});
+  keyTips_->show(tips);
+}
+
+void Ribbon::leaveKeyboard() {
+  keyTips_->hide();
+  if (focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
+  focusBefore_ = nullptr;
 }
 
 /// Moves the focus among the buttons of the page in reading order, round its ends.
@@ -138,10 +178,11 @@ void Ribbon::keyPressEvent(QKeyEvent* event) {
       moveFocus(1);
       break;
     case Qt::Key_Escape:
-      if (focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
+      leaveKeyboard();
       break;
     default:
-      QWidget::keyPressEvent(event);
+      if (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier) || !keyTips_->press(event->text()))
+        QWidget::keyPressEvent(event);
   }
 }
 

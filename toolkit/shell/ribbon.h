@@ -5,12 +5,14 @@
 #include <QPointer>
 #include <QWidget>
 
+class KeyTips;
 class QHBoxLayout;
 class QToolButton;
 
 /// Command bar over a main window: application button, one tab with its page of groups, quick-access bar. Groups give
 /// way from the right when the window is narrow, so that no command is ever cut off. Ctrl+F1 or a double click on the
-/// tab folds the page; F10 puts the keyboard into it, arrow keys move, Escape goes back.
+/// tab folds the page. F10, or Alt alone, puts the keyboard into it and shows a letter over each command that runs it or
+/// opens its menu; arrow keys move, Escape goes back.
 class Ribbon : public QWidget {
   Q_OBJECT
  public:
@@ -29,7 +31,7 @@ class Ribbon : public QWidget {
 
   void setPageVisible(bool visible);
   bool isPageVisible() const;
-  /// Puts the keyboard focus on the first command.
+  /// Puts the keyboard focus on the first command and shows the letters; called again, goes back.
   void enterByKeyboard();
   QSize minimumSizeHint() const override;
 
@@ -42,12 +44,15 @@ class Ribbon : public QWidget {
  private:
   void fitGroups();
   void moveFocus(int step);
+  void showKeyTips();
+  void leaveKeyboard();
 
   QToolButton* applicationButton_;
   QToolButton* tab_;
   QWidget* page_;
   QHBoxLayout* quickAccessRow_;
   QList<RibbonGroup*> groups_;
+  KeyTips* keyTips_;
   QPointer<QWidget> focusBefore_;
   qint32 updates_ = 0;
 };

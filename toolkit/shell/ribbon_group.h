@@ -20,6 +20,8 @@ class RibbonGroup : public QWidget {
   void addCommand(QAction* action);
   const QString& caption() const { return caption_; }
   QList<RibbonButton*> buttons() const { return buttons_; }
+  /// The button that drops the commands down; visible while the group is collapsed.
+  RibbonButton* dropDownButton() const { return collapsed_; }
   void setMode(RibbonGroupMode mode);
   RibbonGroupMode mode() const { return mode_; }
   /// Width in device-independent pixels that the group takes in a mode.
