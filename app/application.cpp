@@ -47,7 +47,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   nameTimeZone();
   Application application(argc, argv);
   QCoreApplication::setApplicationName(u"Torvane Teknik Servis Takip"_s);
-  applyLook(application);
+  applyLook(application, wantedColors());
   QApplication::setWindowIcon(QIcon(u":/kvtk.svg"_s));
   QApplication::setQuitOnLastWindowClosed(false);  // the main window ends the program, no other one does
 

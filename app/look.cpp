@@ -5,7 +5,11 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
+#include <QProxyStyle>
+#include <QStandardPaths>
 #include <QTranslator>
+
+#include <span>
 
 using namespace Qt::StringLiterals;
 
@@ -33,6 +37,49 @@ QPalette lightPalette() {
   return palette;
 }
 
+QPalette darkPalette() {
+  const QColor window(0x25, 0x2a, 0x31);
+  const QColor base(0x1b, 0x1f, 0x25);
+  const QColor ink(0xe6, 0xe9, 0xed);
+  const QColor pale(0x7d, 0x87, 0x92);
+  const QColor accent(0x3a, 0x8f, 0xd6);
+  const QColor hint(0x36, 0x3d, 0x47);
+  QPalette palette(ink, QColor(0x30, 0x37, 0x40), QColor(0x4a, 0x53, 0x5e), QColor(0x12, 0x15, 0x19), QColor(0x43, 0x4b, 0x55),
+                   ink, Qt::white, base, window);
+  palette.setColor(QPalette::Midlight, QColor(0x3a, 0x42, 0x4c));
+  palette.setColor(QPalette::AlternateBase, QColor(0x20, 0x24, 0x2a));
+  palette.setColor(QPalette::Highlight, accent);
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Link, accent);
+  palette.setColor(QPalette::PlaceholderText, pale);
+  palette.setColor(QPalette::ToolTipBase, hint);
+  palette.setColor(QPalette::ToolTipText, ink);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, pale);
+  palette.setColor(QPalette::Disabled, QPalette::Base, window);
+  return palette;
+}
+
+/// Fusion, with icons of disabled commands as pale as their captions.
+class Style : public QProxyStyle {
+ public:
+  Style() : QProxyStyle(u"Fusion"_s) {}
+
+  QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override {
+    if (mode != QIcon::Disabled) return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+    QImage pale = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < pale.height(); ++y)
+      for (QRgb& pixel : std::span(reinterpret_cast<QRgb*>(pale.scanLine(y)), size_t(pale.width()))) {
+        const int gray = DarkestOfPale + qGray(pixel) * (255 - DarkestOfPale) / 255;
+        pixel = qRgba(gray, gray, gray, qAlpha(pixel) * 2 / 3);
+      }
+    return QPixmap::fromImage(pale);
+  }
+
+ private:
+  static constexpr int DarkestOfPale = 110;
+};
+
 /// The first of the faces that the computer has; the system's own otherwise.
 QFont interfaceFont() {
   QFont font;
@@ -42,11 +89,17 @@ QFont interfaceFont() {
 }
 }  // namespace
 
-void applyLook(QApplication& application) {
-  QApplication::setStyle(u"Fusion"_s);
-  QApplication::setPalette(lightPalette());
+LookColors wantedColors() { return qEnvironmentVariable("KVTK_LOOK") == "dark"_L1 ? LookColors::Dark : LookColors::Light; }
+
+void applyLook(QApplication& application, LookColors colors) {
+  const bool dark = colors == LookColors::Dark;
+  QApplication::setStyle(new Style);
+  QApplication::setPalette(dark ? darkPalette() : lightPalette());
   QApplication::setFont(interfaceFont());
-  QIcon::setThemeName(u"breeze"_s);  // the same icons on every desktop, and without one
+  // Where the platform knows of no icon folders, the usual ones are searched.
+  QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() + QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s,
+                                                                                   QStandardPaths::LocateDirectory));
+  QIcon::setThemeName(dark ? u"breeze-dark"_s : u"breeze"_s);  // the same icons on every desktop, and without one
   QIcon::setFallbackThemeName(u"breeze"_s);
   QLocale::setDefault(QLocale(QLocale::Turkish, QLocale::Turkey));
   auto* translator = new QTranslator(&application);

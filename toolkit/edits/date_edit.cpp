@@ -68,6 +68,7 @@ void DateEdit::buildCalendar() {
   calendar_->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
   calendar_->setDateEditEnabled(false);
   calendar_->setAccessibleName(u"Takvim"_s);
+  whitenArrows(*calendar_);
   auto* today = new QPushButton(u"Bugün"_s, content);
   auto* empty = new QPushButton(u"Temizle"_s, content);
 

@@ -152,7 +152,7 @@ void KeyTips::decorate(QMenu* menu) {
     if (letters[i].isNull() || !usable[i]->isEnabled()) continue;
     const QRect row = menu->actionGeometry(usable[i]);
     entries_[menu].insert(plain(letters[i]), usable[i]);
-    addBadge(menu, letters[i], QPoint(row.left() + row.height() / 2, row.center().y() + row.height() / 4));
+    addBadge(menu, letters[i], QPoint(row.left() + row.height() / 2, row.center().y()));
   }
   if (menu->activeAction() == nullptr && !usable.isEmpty()) menu->setActiveAction(usable.first());
 }
