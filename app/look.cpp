@@ -1,6 +1,7 @@
 #include "app/look.h"
 
 #include <QApplication>
+#include <QHash>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -60,6 +61,21 @@ QPalette darkPalette() {
   return palette;
 }
 
+/// What the toolkit's own Turkish translation leaves in English.
+class MissingTexts : public QTranslator {
+ public:
+  using QTranslator::QTranslator;
+
+  bool isEmpty() const override { return false; }
+  QString translate(const char* context, const char* sourceText, const char*, int) const override {
+    if (QByteArrayView(context) != "QAbstractFileIconProvider" && QByteArrayView(context) != "QFileIconProvider") return {};
+    static const QHash<QByteArray, QString> texts{
+        {"Drive", u"Sürücü"_s},       {"File", u"Dosya"_s},   {"%1 File", u"%1 dosyası"_s}, {"File Folder", u"Klasör"_s},
+        {"Folder", u"Klasör"_s},      {"Alias", u"Kısayol"_s}, {"Shortcut", u"Kısayol"_s},  {"Unknown", u"Bilinmeyen"_s}};
+    return texts.value(sourceText);
+  }
+};
+
 /// Fusion, with icons of disabled commands as pale as their captions.
 class Style : public QProxyStyle {
  public:
@@ -105,4 +121,5 @@ void applyLook(QApplication& application, LookColors colors) {
   auto* translator = new QTranslator(&application);
   if (translator->load(u"qtbase_tr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QCoreApplication::installTranslator(translator);
+  QCoreApplication::installTranslator(new MissingTexts(&application));
 }

@@ -9,9 +9,27 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The theme's arrows are dark and would not be seen on the calendar's coloured bar.
+void whitenArrows(QCalendarWidget& calendar) {
+  for (const auto& [name, arrow] : {std::pair(u"qt_calendar_prevmonth"_s, Qt::LeftArrow), std::pair(u"qt_calendar_nextmonth"_s, Qt::RightArrow)}) {
+    auto* button = calendar.findChild<QToolButton*>(name);
+    if (button == nullptr) continue;
+    QPalette palette = button->palette();
+    palette.setColor(QPalette::ButtonText, palette.color(QPalette::HighlightedText));
+    button->setPalette(palette);
+    button->setIcon({});
+    button->setArrowType(arrow);
+  }
+}
+
+}  // namespace
 
 DateEdit::DateEdit(QWidget* parent) : ParsedEdit(parent) {
   auto arrow = arrowButton();
