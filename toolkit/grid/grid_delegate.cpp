@@ -21,8 +21,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
   if (line.kind == GridRowKind::Group) return;  // the view paints it over the whole width
   const bool isCursor = index == view_->currentIndex() && line.kind == GridRowKind::Data;
   // The cursor's cell stays light within its selected row, so that it is found at a glance.
-  const bool selected = option.state & QStyle::State_Selected && !isCursor;
   const bool footer = line.kind == GridRowKind::GroupFooter;
+  const bool selected = option.state & QStyle::State_Selected && !isCursor && !footer;
   const QPalette& colors = option.palette;
   const QPalette::ColorGroup group = view_->hasFocus() || selected ? QPalette::Active : QPalette::Inactive;
   if (footer)
