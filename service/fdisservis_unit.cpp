@@ -161,13 +161,11 @@ bool TfDisServis::isReadable() {
 
 /// A failure is told to nobody: meant. The slip keeps the name as text all the same.
 void TfDisServis::writeFirm(const QString& name) {
-  // An emptied box takes the firm off the slip; its card keeps the name.
-  if (name.trimmed().isEmpty()) return;
   try {
-    if (firm_ == OutsideServiceStore::noFirm)
+    if (firm_ != OutsideServiceStore::noFirm)
+      store_.renameFirm(firm_, name);  // an emptied name is refused by the database, and the card keeps its own
+    else if (!name.trimmed().isEmpty())
       store_.addFirm(name);
-    else
-      store_.renameFirm(firm_, name);
   } catch (const Exception& error) {
     Login_Form->Log(error.message(), &error);
   }
