@@ -6,8 +6,10 @@
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPalette>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QStandardPaths>
+#include <QStyleOption>
 #include <QTranslator>
 
 #include <span>
@@ -76,10 +78,25 @@ class MissingTexts : public QTranslator {
   }
 };
 
-/// Fusion, with icons of disabled commands as pale as their captions.
+/// Fusion, with icons of disabled commands as pale as their captions, and frames that are seen on dark colours.
 class Style : public QProxyStyle {
  public:
   Style() : QProxyStyle(u"Fusion"_s) {}
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override {
+    return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+  }
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool framed = element == PE_IndicatorCheckBox || element == PE_FrameMenu;
+    if (!framed || option->palette.color(QPalette::Window).lightness() > DarkWindow) return;
+    painter->save();
+    painter->setPen(option->palette.color(QPalette::Mid).lighter(130));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+  }
 
   QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override {
     if (mode != QIcon::Disabled) return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
@@ -94,6 +111,7 @@ class Style : public QProxyStyle {
 
  private:
   static constexpr int DarkestOfPale = 110;
+  static constexpr int DarkWindow = 127;
 };
 
 /// The first of the faces that the computer has; the system's own otherwise.

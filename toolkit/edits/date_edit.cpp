@@ -7,6 +7,7 @@
 
 #include <QCalendarWidget>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QPushButton>
 #include <QTextCharFormat>
 #include <QToolButton>
@@ -16,17 +17,27 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A chevron that points left or right, in three sizes' worth of pixels.
+QIcon chevron(const QColor& colour, bool left) {
+  constexpr int Size = 16;
+  QPixmap pixmap(QSize(Size, Size) * 3);
+  pixmap.setDevicePixelRatio(3);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(colour, 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  const double tip = left ? 5.5 : 10.5;
+  const double ends = left ? 10 : 6;
+  painter.drawPolyline(QPolygonF{{ends, 3.5}, {tip, 8}, {ends, 12.5}});
+  return pixmap;
+}
+
 /// The theme's arrows are dark and would not be seen on the calendar's coloured bar.
-void whitenArrows(QCalendarWidget& calendar) {
-  for (const auto& [name, arrow] : {std::pair(u"qt_calendar_prevmonth"_s, Qt::LeftArrow), std::pair(u"qt_calendar_nextmonth"_s, Qt::RightArrow)}) {
-    auto* button = calendar.findChild<QToolButton*>(name);
-    if (button == nullptr) continue;
-    QPalette palette = button->palette();
-    palette.setColor(QPalette::ButtonText, palette.color(QPalette::HighlightedText));
-    button->setPalette(palette);
-    button->setIcon({});
-    button->setArrowType(arrow);
-  }
+void showArrows(QCalendarWidget& calendar) {
+  const QColor colour = calendar.palette().color(QPalette::HighlightedText);
+  for (const bool left : {true, false})
+    if (auto* button = calendar.findChild<QToolButton*>(left ? u"qt_calendar_prevmonth"_s : u"qt_calendar_nextmonth"_s))
+      button->setIcon(chevron(colour, left));
 }
 
 }  // namespace
@@ -86,7 +97,7 @@ void DateEdit::buildCalendar() {
   calendar_->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
   calendar_->setDateEditEnabled(false);
   calendar_->setAccessibleName(u"Takvim"_s);
-  whitenArrows(*calendar_);
+  showArrows(*calendar_);
   auto* today = new QPushButton(u"Bugün"_s, content);
   auto* empty = new QPushButton(u"Temizle"_s, content);
 

@@ -47,9 +47,14 @@ class DropDownGrip : public QWidget {
 
 }  // namespace
 
+void DropDown::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::Mid).darker(115));
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
 DropDown::DropDown(QWidget* box, QWidget* content, QWidget* keyTarget, bool sizeable)
     : QFrame(box, Qt::Popup | Qt::FramelessWindowHint), box_(box), content_(content), keyTarget_(keyTarget), sizeable_(sizeable) {
-  setFrameStyle(QFrame::Box | QFrame::Plain);
   setAttribute(Qt::WA_WindowPropagation);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(1, 1, 1, 1);

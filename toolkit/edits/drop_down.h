@@ -21,6 +21,7 @@ class DropDown : public QFrame {
 
  protected:
   bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
