@@ -14,6 +14,7 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QScreen>
+#include <QToolBar>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -52,11 +53,12 @@ CardList::~CardList() {
 QAction* CardList::command(const QString& name) const { return findChild<QAction*>(name, Qt::FindDirectChildrenOnly); }
 
 void CardList::addCommands(const std::vector<CardCommand>& commands, const QString& onRowChosen) {
-  auto* bar = new QHBoxLayout;
-  bar->setSpacing(4);
-  static_cast<QBoxLayout*>(layout())->insertLayout(0, bar);
+  // A narrow screen shows the last commands behind an arrow.
+  auto* bar = new QToolBar(this);
+  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  bar->setIconSize(QSize(22, 22));
+  static_cast<QBoxLayout*>(layout())->insertWidget(0, bar);
   for (const CardCommand& command : commands) addCommand(command, *bar);
-  bar->addStretch(1);
   if (QAction* chosen = command(onRowChosen))
     connectGuarded(grid_, &DataGrid::rowChosen, this, [this, chosen] {
       updateCommands(this);
@@ -64,21 +66,19 @@ void CardList::addCommands(const std::vector<CardCommand>& commands, const QStri
     });
 }
 
-void CardList::addCommand(const CardCommand& command, QBoxLayout& bar) {
+void CardList::addCommand(const CardCommand& command, QToolBar& bar) {
   auto* action = new QAction(QIcon::fromTheme(command.icon), command.caption, this);
   action->setObjectName(command.name);
   action->setShortcut(command.key);
   addAction(action);
   connectGuarded(action, &QAction::triggered, this, [work = command.work] { work(); });
   keepUpdated(this, action, [this, command] { return isEnabled(command); });
-  auto* button = new QToolButton(this);
-  button->setDefaultAction(action);
+  bar.addAction(action);
+  auto* button = static_cast<QToolButton*>(bar.widgetForAction(action));
   button->setObjectName(command.name + u"Button"_s);
   button->setAccessibleName(command.caption);
-  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  button->setIconSize(QSize(22, 22));
+  button->setAutoRaise(false);
   button->setFocusPolicy(Qt::TabFocus);
-  bar.addWidget(button);
 }
 
 bool CardList::isEnabled(const CardCommand& command) {
@@ -100,7 +100,7 @@ void CardList::Giris() {
 
 CardCommand CardList::deleteCommand(const QString& question, const QString& failure) {
   const QString caption = u"F6 » Kayıt Sil"_s;
-  return {u"aFisSil"_s, caption, u"edit-delete"_s, Qt::Key_F6, [=, this] { deleteSelected(question, failure); }, caption};
+  return {u"aFisSil"_s, caption, u"edit-delete"_s, Qt::Key_F6, atRow([=, this] { deleteSelected(question, failure); }), caption};
 }
 
 CardCommand CardList::refreshCommand() {
@@ -109,6 +109,12 @@ CardCommand CardList::refreshCommand() {
 
 CardCommand CardList::printCommand(const QString& caption, const CardReport& report) {
   return {u"aYazdir"_s, caption, u"document-print"_s, Qt::Key_F9, [=, this] { preview(report); }, caption};
+}
+
+std::function<void()> CardList::atRow(std::function<void()> work) {
+  return [this, work = std::move(work)] {
+    if (grid_->currentRow() >= 0) work();
+  };
 }
 
 void CardList::insertCard(const std::function<void()>& insert) {

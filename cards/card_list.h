@@ -11,7 +11,7 @@
 
 class DataGrid;
 class QAction;
-class QBoxLayout;
+class QToolBar;
 
 /// What a list is, as its screen describes it.
 struct CardListDescription {
@@ -68,11 +68,13 @@ class CardList : public QDialog {
   CardCommand deleteCommand(const QString& question, const QString& failure);
   CardCommand refreshCommand();
   CardCommand printCommand(const QString& caption, const CardReport& report);
+  /// Work on the row under the cursor; nothing happens while the cursor stands on a group.
+  std::function<void()> atRow(std::function<void()> work);
   /// Runs an editor's Insert; the cursor goes back to where it was when no row came.
   void insertCard(const std::function<void()>& insert);
 
  private:
-  void addCommand(const CardCommand& command, QBoxLayout& bar);
+  void addCommand(const CardCommand& command, QToolBar& bar);
   bool isEnabled(const CardCommand& command);
   void deleteSelected(const QString& question, const QString& failure);
   void preview(const CardReport& report);

@@ -26,8 +26,8 @@ std::vector<GridColumn> customerColumns() {
   balance.displayFormat = u",0.00 (B);,0.00 (A);0"_s;
   return {internal(u"CA_ID"_s),
           shown(u"CA_NO"_s, u"CARİ NO"_s, 80),
-          stretching(u"CA_AD"_s, u"MÜŞTERİ ADI"_s, 210),
-          shown(u"CA_UNVAN"_s, u"CARİ ÜNVAN"_s, 200),
+          shown(u"CA_AD"_s, u"MÜŞTERİ ADI"_s, 220),
+          stretching(u"CA_UNVAN"_s, u"CARİ ÜNVAN"_s, 200),
           hidden(u"CA_ADRES"_s, u"MÜŞTERİ ADRES"_s, 260),
           shown(u"CA_ILCE"_s, u"İLÇE / İL"_s, 150),
           shown(u"CA_YETKILI"_s, u"YETKİLİ ADI"_s, 150),
@@ -50,8 +50,9 @@ Tfmusteriler::Tfmusteriler(QWidget* parent)
   const CardCommand aEkle{u"aEkle"_s, u"F3 » Kayıt Ekle"_s, u"list-add"_s, {},
                           [this] { insertCard([] { fCariEkle->Insert(); }); }, u"F3 » Kayıt Ekle"_s, false};
   const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, {},
-                            [] { fCariEkle->Edit(); }, u"F4 » Kayıt Düzelt"_s};
-  const CardCommand aCihaz{u"aCihaz"_s, u"Cihazlar"_s, u"computer"_s, {}, [this] { showDevices(); }, u"Cihazlar"_s};
+                            atRow([] { fCariEkle->Edit(); }), u"F4 » Kayıt Düzelt"_s};
+  const CardCommand aCihaz{u"aCihaz"_s, u"Cihazlar"_s, u"computer"_s, {},
+                           atRow([this] { showDevices(); }), u"Cihazlar"_s};
   const CardCommand actSMS{u"actSMS"_s, u"SMS Gönder"_s, u"smartphone"_s, Qt::Key_F11, [this] { sendSms(); }, u"SMS Gönder"_s};
   const CardCommand aIstatistik{u"aIstatistik"_s, u"F10 » İstatistik"_s, u"office-chart-bar"_s, Qt::Key_F10,
                                 [this] { showStatistics(); }, u"F10 » İstatistik"_s, true, [this] { return hasNamedRow(); }};

@@ -13,9 +13,9 @@ namespace {
 std::vector<GridColumn> firmColumns() {
   using namespace CardColumns;
   return {internal(u"DS_ID"_s),
-          stretching(u"DS_AD"_s, u"DIŞ SERVİS ADI"_s, 240),
+          shown(u"DS_AD"_s, u"DIŞ SERVİS ADI"_s, 240),
           shown(u"DS_YETKILI"_s, u"YETKİLİ"_s, 150),
-          shown(u"DS_ADRES"_s, u"ADRES"_s, 260),
+          stretching(u"DS_ADRES"_s, u"ADRES"_s, 260),
           shown(u"DS_ILCE_IL"_s, u"İLÇE / İL"_s, 150),
           shown(u"DS_TEL"_s, u"TELEFON"_s, 110),
           shown(u"DS_FAKS"_s, u"FAKS"_s, 110)};
@@ -31,7 +31,7 @@ TfDisServisler::TfDisServisler(QWidget* parent)
   const QString add = u"F3 » Kayıt Ekle"_s;
   const CardCommand aEkle{u"aEkle"_s, add, u"list-add"_s, Qt::Key_F3, [this] { insertCard([] { fDisServisEkle->Insert(); }); }, add, false};
   // Goes by the right to add: meant.
-  const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, Qt::Key_F4, [] { fDisServisEkle->Edit(); }, add};
+  const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, Qt::Key_F4, atRow([] { fDisServisEkle->Edit(); }), add};
   addCommands({aEkle, aDuzelt,
                deleteCommand(u"Seçilen dış servis kartı silinecek onaylıyor musunuz?"_s, u"Seçilen dış servis kartı silinemedi!"_s),
                refreshCommand(), printCommand(u"F9 » Rapor Yazdır"_s, {u"Dış Servis Listesi Raporu"_s, u"Dış Servisler Listesi"_s})},

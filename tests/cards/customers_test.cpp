@@ -1,6 +1,8 @@
 #include "app/editors/qcx_db_editors.h"
 #include "tests/cards/cards_fixture.h"
+#include "tests/faults/cutting_proxy.h"
 #include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <utility>
@@ -238,6 +240,10 @@ TEST_F(CustomersTest, EachOpeningBeginsUnfilteredAndUngrouped) {
   inList([this] {
     customers.grid()->setColumnFilter(u"CA_AD"_s, FilterOperator::StartsWith, u"CEM"_s);
     customers.grid()->setGrouping({u"CA_CEP"_s});
+    press(*customers.grid()->view(), Qt::Key_Home, Qt::ControlModifier);
+    ASSERT_EQ(customers.grid()->currentRow(), -1) << "the group's own line";
+    for (const QString& command : {u"aDuzelt"_s, u"aFisSil"_s, u"aCihaz"_s}) EXPECT_TRUE(runCommand(customers, command));
+    EXPECT_TRUE(dialogs.shown.empty()) << "no row is meant";
     EXPECT_EQ(customers.qCari.RecordCount(), 1);
   });
   EXPECT_FALSE(customers.qCari.Active());
@@ -301,4 +307,39 @@ TEST_F(CustomersTest, ServerGoneInMidCommand) {
   guarded(&customers, [this] { customers.Giris(); });
   EXPECT_FALSE(customers.isVisible());
   EXPECT_EQ(std::exchange(unhandled, {}).size(), 1);
+}
+
+// Cut at every packet of a delete: the card is there and told about, or it is gone; nothing stays open.
+TEST_F(CustomersTest, ConnectionCutWithinADelete) {
+  CuttingProxy proxy(qEnvironmentVariable("KVTK_TEST_SERVER"), 3313);
+  DM->MySQL.Close();
+  DM->MySQL.Server = u"127.0.0.1"_s;
+  DM->MySQL.Port = proxy.port();
+  int packets = 0;
+  const auto deletedThroughProxy = [&](int packet) {
+    run(u"REPLACE INTO cari (CA_ID, CA_AD) VALUES (1, 'AYŞE IŞIK')");
+    DM->MySQL.Connect();
+    inList([&] {
+      const QStringList names = shown(customers.qCari, u"CA_AD"_s);
+      customers.grid()->setCurrentRow(int(names.indexOf(u"AYŞE IŞIK"_s)));
+      proxy.arm(packet, Cut::BeforePacket);
+      dialogs.answers = {confirm};
+      EXPECT_TRUE(runCommand(customers, u"aFisSil"_s));
+      if (packet == 0) packets = proxy.packets();
+    });
+    EXPECT_FALSE(DM->MySQL.InTransaction());
+    DM->MySQL.Close();
+    return dialogs.shown.back().text != u"Seçilen cari kart silinemedi!"_s;
+  };
+  run(u"DELETE FROM cari WHERE CA_AD = 'AYŞE IŞIK'");
+  ASSERT_TRUE(deletedThroughProxy(0));
+  ASSERT_GE(packets, 6);  // begin, delete, commit, each with its answer
+  for (int packet = 1; packet <= packets; ++packet) {
+    SCOPED_TRACE(packet);
+    EXPECT_FALSE(deletedThroughProxy(packet));
+    ASSERT_TRUE(proxy.hasCut());
+    // Without the answer to its commit nobody knows; the server has done it.
+    const QString left = packet == packets ? u"0"_s : u"1"_s;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rows(u"select count(*) from cari where CA_ID = 1"_s) == left; }));
+  }
 }

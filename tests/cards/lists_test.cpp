@@ -90,6 +90,25 @@ TEST_F(ListsTest, ClosingWritesTheRowInEditAndTheNavigatorDeletesWithoutAQuestio
   EXPECT_EQ(rows(u"select CH_CA_ID, CH_MODEL, CH_SERI from caricihaz"_s), u"1|TABLET|~"_s);
 }
 
+TEST_F(ListsTest, RowInEditOutlivesTheServer) {
+  run(u"INSERT INTO cari (CA_ID, CA_AD) VALUES (1, 'A')");
+  run(u"INSERT INTO caricihaz (CH_CA_ID, CH_MODEL, CH_SERI) VALUES (1, 'OCAK', 'BİR')");
+  inDevicesOf(1, [this] {
+    typeRow(customerDevices, {u"tablet"_s});
+    cutConnection();
+    EXPECT_FALSE(customerDevices.grid()->postEdits());
+    EXPECT_EQ(customerDevices.qmCihaz.state(), QueryState::Insert);
+    customerDevices.grid()->findChild<QToolButton*>(u"cancel"_s)->click();
+    customerDevices.grid()->setCurrentRow(0);
+    customerDevices.grid()->findChild<QToolButton*>(u"delete"_s)->click();
+    EXPECT_EQ(customerDevices.qmCihaz.RecordCount(), 1) << "what the server still has stays shown";
+    EXPECT_EQ(std::exchange(unhandled, {}).size(), 2);
+    customerDevices.done(0);
+    EXPECT_FALSE(customerDevices.isVisible());
+  });
+  EXPECT_EQ(rows(u"select CH_MODEL from caricihaz"_s), u"OCAK"_s);
+}
+
 TEST_F(ListsTest, ServiceTypesStayOpenAndRefuseAWordTwice) {
   run(u"INSERT INTO servistip (SERVIS_AD) VALUES ('ATÖLYE')");
   serviceTypes.qServisTip.Open();
