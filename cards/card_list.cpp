@@ -146,5 +146,5 @@ void CardList::preview(const CardReport& report) {
                    u" Sayfa: [Page #]-[Total Pages]"_s};
   request.documentName = report.title;
   request.exportToExcel = report.exportToExcel;
-  showGridPreview(this, grid_->content(true), request);
+  showGridPreview(this, grid_->content(false), request);
 }
