@@ -5,11 +5,14 @@
 //   new_slip_ms            command to the painted new slip
 //   save_new_slip_roundtrips, save_new_slip_ms   with two lines
 //   open_slip_ms           the saved slip, command to painted
+//   denied_check_us        one command that an account has no right to, its entry in the log included
 // FOLDER is the current folder of the started program.
 
 #include "app/application.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
+#include "app/program_paths.h"
+#include "app/rights.h"
 #include "service/fservisfis_unit.h"
 #include "toolkit/edits/edit_control.h"
 
@@ -90,6 +93,17 @@ void addLine(TMyQuery& lines, int number) {
   lines.Post();
 }
 
+void measureDeniedCheck() {
+  constexpr int checks = 1000;
+  DM->MySQL.Username = u"BENCH"_s;
+  QElapsedTimer timer;
+  timer.start();
+  for (int i = 0; i < checks; ++i)
+    if (DM->Kullanici_Yetkileri(u"Servis Fişleri\\Sil"_s) != Right::Checked) std::exit(5);
+  figure("denied_check_us", double(timer.nsecsElapsed()) / 1e3 / checks, "us");
+  QFile::remove(logFileName());
+}
+
 void measureSlip() {
   QElapsedTimer timer;
   timer.start();
@@ -119,6 +133,7 @@ void measureSlip() {
   qApp->processEvents();
   figure("open_slip_ms", double(timer.nsecsElapsed()) / 1e6, "ms");
   DM->MySQL.execute("DELETE FROM teknikservis WHERE TS_ID=" + QByteArray::number(id));
+  measureDeniedCheck();
   std::fflush(stdout);
   std::_Exit(0);
 }
