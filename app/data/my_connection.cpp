@@ -12,6 +12,9 @@ namespace {
 
 /// One behaviour on every server: nothing strict, zero dates allowed, GROUP BY as written.
 constexpr auto sessionSetup = "SET SESSION sql_mode='NO_ENGINE_SUBSTITUTION'";
+/// Under the servers' own level two users who save different slips at one moment lock the gaps between their rows and hinder
+/// each other.
+constexpr auto isolationSetup = "SET SESSION TRANSACTION ISOLATION LEVEL READ COMMITTED";
 
 /// A server that is there but does not answer is given up after this time.
 constexpr unsigned readTimeoutSeconds = 60;
@@ -60,6 +63,7 @@ void TMyConnection::Connect() {
   mysql_options(handle_, MYSQL_OPT_RECONNECT, &no);
   mysql_options(handle_, MYSQL_OPT_PROTOCOL, &protocol);
   mysql_options(handle_, MYSQL_INIT_COMMAND, sessionSetup);
+  mysql_options(handle_, MYSQL_INIT_COMMAND, isolationSetup);
 
   try {
     if (mysql_real_connect(handle_, server.constData(), user.constData(), password.constData(), database.constData(), Port, nullptr,
