@@ -122,7 +122,18 @@ void TMyQuery::takeRows(ResultPtr rows) {
   rows_.clear();
   rows_.reserve(mysql_num_rows(rows.get()));
   mysql_data_seek(rows.get(), 0);
-  while (MYSQL_ROW row = mysql_fetch_row(rows.get())) rows_.push_back(row);
+  // The library's rows are a linked list, each one far from the next: waiting for them costs most of this loop. They lie
+  // about evenly, so where a later one begins is guessed from the last distance, and asked for with its neighbourhood.
+  constexpr ptrdiff_t rowsAhead = 4;
+  constexpr ptrdiff_t cacheLine = 64;
+  uintptr_t before = 0;
+  for (const MYSQL_ROWS* row = mysql_row_tell(rows.get()); row != nullptr; row = row->next) {
+    const auto place = reinterpret_cast<uintptr_t>(row);
+    const uintptr_t guess = place + rowsAhead * (place - before);
+    for (ptrdiff_t line = -2; line <= 2; ++line) __builtin_prefetch(reinterpret_cast<const char*>(guess + line * cacheLine));
+    before = place;
+    rows_.push_back(row->data);
+  }
   result_ = std::move(rows);
   state_ = QueryState::Browse;
   allRows_.clear();
