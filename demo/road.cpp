@@ -3,6 +3,7 @@
 #include "app/data/my_query.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
+#include "demo/cards_road.h"
 #include "demo/screen_hands.h"
 #include "demo/slip_list_road.h"
 #include "service/fservisfis_unit.h"
@@ -207,6 +208,9 @@ void walk(ScreenHands& hands) {
   hands.picture(u"silindi"_s);
   SlipListRoad::openList(hands);
   hands.picture(u"kalan-fisler"_s);
+  hands.press({u"Escape"_s});
+  hands.waitFor(u"list closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
+  walkTheCards(hands);
 }
 
 }  // namespace

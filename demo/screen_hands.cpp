@@ -29,6 +29,11 @@ QWidget* visibleWidget(const QString& objectName) {
   return nullptr;
 }
 
+bool isInFront(const QString& title) {
+  const QWidget* dialog = QApplication::activeModalWidget();
+  return dialog != nullptr && dialog->windowTitle() == title;
+}
+
 ScreenHands::ScreenHands(QString pictureFolder) : pictureFolder_(std::move(pictureFolder)) {}
 
 void ScreenHands::onMainThread(const std::function<void()>& work) {

@@ -49,3 +49,5 @@ class ScreenHands {
 
 /// The visible widget, or button of the command, of that name in any window of the program, or null. Main thread.
 QWidget* visibleWidget(const QString& objectName);
+/// True when the modal dialog of that title is on top. Main thread.
+bool isInFront(const QString& title);

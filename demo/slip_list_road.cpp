@@ -19,11 +19,6 @@ constexpr int olderSlips = 60;
 /// Columns that the list shows before that of the customer.
 constexpr int columnsBeforeCustomer = 6;
 
-bool isInFront(const QString& title) {
-  const QWidget* dialog = QApplication::activeModalWidget();
-  return dialog != nullptr && dialog->windowTitle() == title;
-}
-
 void addSlip(int number, const QString& customer, const QString& device) {
   TMyQuery query(DM->MySQL, u"qDemo"_s);
   query.SQL.Add(u"insert into teknikservis (TS_NO, TS_TARIH, TS_TURU, TS_MUSTERI, TS_YETKILI, TS_C_AD, TS_C_SERINO, TS_TUTAR, TS_MALIYET)"_s);
