@@ -44,14 +44,15 @@ void tell(QString text) {
 }
 
 /// All windows that are up, as they lie on the screen.
-void keepPicture(const QWidget& workspace, const QString& name) {
+void keepPicture(QWidget& workspace, const QString& name) {
   const QString folder = qEnvironmentVariable("KVTK_SHOTS");
   if (folder.isEmpty()) return;
   QDir().mkpath(folder);
   QPixmap picture(workspace.size());
   QPainter painter(&picture);
+  painter.drawPixmap(0, 0, workspace.grab());
   for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->isVisible()) painter.drawPixmap(window->mapToGlobal(QPoint()) - workspace.mapToGlobal(QPoint()), window->grab());
+    if (window->isVisible() && window != &workspace) painter.drawPixmap(window->mapToGlobal(QPoint()) - workspace.mapToGlobal(QPoint()), window->grab());
   painter.end();
   picture.save(QDir(folder).filePath(name + u".png"_s));
 }

@@ -2,13 +2,10 @@
 // picture.
 #include "app/conflict_text.h"
 #include "app/data/my_query.h"
+#include "tests/faults/user_program.h"
 #include "tests/support/test_database.h"
 
 #include <gmock/gmock.h>
-
-#include <QProcess>
-
-#include <stdexcept>
 
 using namespace Qt::StringLiterals;
 
@@ -17,65 +14,16 @@ static void PrintTo(const QString& text, std::ostream* out) { *out << '"' << tex
 
 namespace {
 
-const QString saved = u"Servis fiş kaydı tamamlandı."_s;
+const QString saved = UserProgram::saved();
 
 /// A message as it comes through the line.
 QString asLine(QString text) { return text.replace(u"\r\n"_s, u"\\n"_s).replace(u'\n', u"\\n"_s); }
-
-/// A user's program, told what to do as he would.
-class User {
- public:
-  explicit User(const QString& name) {
-    process_.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    process_.start(QStringLiteral(SLIP_USER), {name});
-    if (answer() != u"ready"_s) throw std::runtime_error("the program did not start");
-  }
-  ~User() {
-    process_.closeWriteChannel();
-    if (!process_.waitForFinished()) process_.kill();
-    EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(process_.exitCode(), 0);
-  }
-
-  /// Sends a command, without waiting for its answer.
-  void begin(const QStringList& words) {
-    process_.write((words.join(u'\t') + u'\n').toUtf8());
-    process_.waitForBytesWritten();
-  }
-  QString answer() {
-    while (!process_.canReadLine())
-      if (!process_.waitForReadyRead(20'000)) throw std::runtime_error("the program gave no answer");
-    return QString::fromUtf8(process_.readLine()).chopped(1);
-  }
-  QString run(const QStringList& words) {
-    begin(words);
-    return answer();
-  }
-  QString save(const QString& picture = {}) {
-    if (!picture.isEmpty()) run({u"picture"_s, picture});
-    return run({u"save"_s});
-  }
-  /// Opens a new slip that may be saved; gives the number that it proposes.
-  QString takeIn(const QString& customer) {
-    const QString number = run({u"new"_s});
-    set(u"TS_MUSTERI"_s, customer);
-    set(u"TS_C_AD"_s, u"FIRIN"_s);
-    set(u"TS_C_SERINO"_s, u"SERİ 1"_s);
-    return number;
-  }
-  void set(const QString& column, const QString& text) { run({u"set"_s, column, text}); }
-  QString get(const QString& column) { return run({u"get"_s, column}); }
-  QString state() { return run({u"state"_s}); }
-
- private:
-  QProcess process_;
-};
 
 class TwoUsersTest : public testing::Test {
  protected:
   TwoUsersTest() {
     database.emptyTables();
-    for (User* user : {&ayse, &bora}) user->run({u"answer"_s, u"Tamam"_s});
+    for (UserProgram* user : {&ayse, &bora}) user->run({u"answer"_s, u"Tamam"_s});
   }
 
   QString rows(const QString& statement) {
@@ -114,8 +62,8 @@ class TwoUsersTest : public testing::Test {
   }
 
   TestDatabase database;
-  User ayse{u"AYŞE"_s};
-  User bora{u"BORA"_s};
+  UserProgram ayse{u"AYŞE"_s};
+  UserProgram bora{u"BORA"_s};
 };
 
 }  // namespace
@@ -141,17 +89,17 @@ TEST_F(TwoUsersTest, SavesAtTheSameMomentHinderEachOtherByTheNumberOnly) {
     const QString number = ayse.takeIn(u"AYŞE"_s);
     ASSERT_EQ(bora.takeIn(u"BORA"_s), number);
     if (!isSameNumber) bora.set(u"TS_NO"_s, number + u"B"_s);
-    for (User* user : {&ayse, &bora}) user->begin({u"save"_s});
+    for (UserProgram* user : {&ayse, &bora}) user->begin({u"save"_s});
     const QStringList ends{ayse.answer(), bora.answer()};
     ASSERT_EQ(ends.count(saved), isSameNumber ? 1 : 2) << qPrintable(ends.join(u" / "_s));
-    for (User* user : {&ayse, &bora}) user->run({u"close"_s});
+    for (UserProgram* user : {&ayse, &bora}) user->run({u"close"_s});
   }
   // Two slips that stand side by side in every table.
   ayse.run({u"open"_s, u"100"_s});
   bora.run({u"open"_s, u"101"_s});
   for (int round = 0; round < 40; ++round) {
     SCOPED_TRACE(round);
-    for (User* user : {&ayse, &bora}) user->begin({u"save"_s});
+    for (UserProgram* user : {&ayse, &bora}) user->begin({u"save"_s});
     ASSERT_EQ(ayse.answer(), saved);
     ASSERT_EQ(bora.answer(), saved);
   }
