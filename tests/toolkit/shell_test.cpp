@@ -384,6 +384,12 @@ TEST_F(RibbonTest, LettersRunCommandsAndLeaveTheKeyboardWhereItWas) {
   EXPECT_FALSE(shown());
   EXPECT_TRUE(editor.hasFocus());
 
+  editor.clearFocus();
+  alt();
+  QTest::keyClick(window, Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), nullptr) << "nothing had the keyboard before";
+  editor.setFocus();
+
   // Alt that belongs to something else.
   QTest::keyPress(window, Qt::Key_Alt, Qt::AltModifier);
   QTest::keyClick(window, Qt::Key_X, Qt::AltModifier);

@@ -147,7 +147,11 @@ void Ribbon::showKeyTips() {
 
 void Ribbon::leaveKeyboard() {
   keyTips_->hide();
-  if (focusBefore_) focusBefore_->setFocus(Qt::OtherFocusReason);
+  QWidget* focus = QApplication::focusWidget();
+  if (focusBefore_)
+    focusBefore_->setFocus(Qt::OtherFocusReason);
+  else if (focus != nullptr && isAncestorOf(focus))
+    focus->clearFocus();
   focusBefore_ = nullptr;
 }
 
