@@ -5,6 +5,9 @@
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
 
+#include <QLabel>
+
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -63,6 +66,7 @@ TEST_F(CustomersTest, CardIsTypedInItsOrderInTurkishCapitals) {
       EXPECT_EQ(customerEditor.result(), CardEditor::Saved);
     });
     EXPECT_EQ(customers.grid()->currentRow(), 3);
+    EXPECT_TRUE(std::ranges::any_of(customers.grid()->findChildren<QLabel*>(), [](const QLabel* label) { return label->text() == u"4 satır"_s; }));
   });
   EXPECT_EQ(rows(u"select CA_AD, CA_UNVAN, CA_NO, CA_OZELKOD2 from cari where CA_ID > 3 and CA_AD like 'D%'"_s), u"DİLIAD|DİLIAN|DİLINO|DİLID2"_s);
 }

@@ -84,13 +84,18 @@ void DataGrid::build(const QString& caption) {
   connectGuarded(view_, &GridView::appendAsked, this, [this] { addRow(); });
   connectGuarded(model_, &GridModel::rejected, this, [this](const QString& message) { Q_EMIT rejected(message); });
   connectGuarded(model_, &QAbstractItemModel::modelReset, this, [this] { rowsRead(); });
+  connectGuarded(model_, &GridModel::summariesChanged, this, [this] { showFilter(); });
 }
 
 void DataGrid::rowsRead() {
   filterRow_->arrange();
   const int row = query_.Active() ? query_.RecNo() : -1;
   if (const int line = model_->rows().lineOf(row); line >= 0) view_->setCurrentLine(line);
-  if (filterRow_->isShown()) filterBox_->show(inForceText(), filterEnabled_, query_.RecordCount());
+  showFilter();
+}
+
+void DataGrid::showFilter() {
+  if (filterRow_->isShown()) filterBox_->show(inForceText(), filterEnabled_, query_.Active() ? query_.RecordCount() : 0);
 }
 
 void DataGrid::cursorMoved(int line) {
@@ -220,7 +225,7 @@ void DataGrid::applyFilter() {
   inForce_ = query_.Active() ? filter() : std::nullopt;
   const std::optional<FilterExpression> wanted = filterEnabled_ ? inForce_ : std::nullopt;
   if (!filterHandler_ || !filterHandler_(wanted)) query_.setFilter(wanted);
-  filterBox_->show(inForceText(), filterEnabled_, query_.Active() ? query_.RecordCount() : 0);
+  showFilter();
 }
 
 void DataGrid::setOrder(std::vector<GridSort> order) {

@@ -144,6 +144,8 @@ class DataGrid : public QWidget {
   void buildNavigator();
   void addKey(const QString& name, const QKeySequence& key, std::function<void()> work);
   void rowsRead();
+  /// What is filtered by, and how many rows are left.
+  void showFilter();
   void cursorMoved(int line);
   void applyFilter();
   QString inForceText() const;
