@@ -3,10 +3,10 @@
 #include "app/editors/qcx_db_editors.h"
 #include "app/exceptions.h"
 #include "app/guard.h"
+#include "toolkit/shell/command_bar.h"
 
 #include <QAction>
 #include <QBoxLayout>
-#include <QToolButton>
 
 #include <algorithm>
 
@@ -26,8 +26,6 @@ constexpr int margin = 10;
 CardEditor::CardEditor(TMyQuery& cards, const QString& objectName, const QString& title, const std::vector<CardField>& fields,
                        QWidget* parent)
     : QDialog(parent),
-      aKaydet(new QAction(QIcon::fromTheme(u"dialog-ok-apply"_s), u"F2 » Tamam"_s, this)),
-      aVazgec(new QAction(QIcon::fromTheme(u"dialog-cancel"_s), u"F3 » Vazgeç"_s, this)),
       cards_(cards),
       balloon_(this) {
   setObjectName(objectName);
@@ -38,33 +36,16 @@ CardEditor::CardEditor(TMyQuery& cards, const QString& objectName, const QString
   auto* area = new QWidget(this);
   placeBoxes(*area, fields);
   column->addWidget(area);
-  auto* bar = new QHBoxLayout;
-  bar->addStretch(1);
-  column->addLayout(bar);
-  aKaydet->setObjectName(u"aKaydet"_s);
-  aKaydet->setShortcut(Qt::Key_F2);
-  aVazgec->setObjectName(u"aVazgec"_s);
-  aVazgec->setShortcut(Qt::Key_F3);
-  bar->addWidget(addCommand(aKaydet, u"aKaydetButton"_s));
-  bar->addWidget(addCommand(aVazgec, u"aVazgecButton"_s));
+  auto* bar = new CommandBar(this);
+  column->addWidget(bar, 0, Qt::AlignRight);
+  aKaydet = bar->addCommand(u"aKaydet"_s, u"F2 » Tamam"_s, u"dialog-ok-apply"_s, Qt::Key_F2);
+  aVazgec = bar->addCommand(u"aVazgec"_s, u"F3 » Vazgeç"_s, u"dialog-cancel"_s, Qt::Key_F3);
   connectGuarded(aKaydet, &QAction::triggered, this, [this] { save(); });
   connectGuarded(aVazgec, &QAction::triggered, this, [this] { giveUp(); });
 }
 
 CardEditor::~CardEditor() {
   for (qcxDBTextEdit* each : boxes_) each->fieldLink().bind(nullptr, {});
-}
-
-QToolButton* CardEditor::addCommand(QAction* action, const QString& objectName) {
-  addAction(action);
-  auto* button = new QToolButton(this);
-  button->setDefaultAction(action);
-  button->setObjectName(objectName);
-  button->setAccessibleName(action->text());
-  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  button->setIconSize(QSize(22, 22));
-  button->setFocusPolicy(Qt::StrongFocus);
-  return button;
 }
 
 void CardEditor::placeBoxes(QWidget& area, const std::vector<CardField>& fields) {

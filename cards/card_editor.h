@@ -52,7 +52,6 @@ class CardEditor : public QDialog {
   virtual void giveUp() = 0;
 
  private:
-  QToolButton* addCommand(QAction* action, const QString& objectName);
   void placeBoxes(QWidget& area, const std::vector<CardField>& fields);
   void reject() override;
 

@@ -9,13 +9,12 @@
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_preview.h"
 #include "toolkit/grid/table_content.h"
+#include "toolkit/shell/command_bar.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <QAction>
 #include <QBoxLayout>
 #include <QScreen>
-#include <QToolBar>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -53,10 +52,7 @@ CardList::~CardList() {
 QAction* CardList::command(const QString& name) const { return findChild<QAction*>(name, Qt::FindDirectChildrenOnly); }
 
 void CardList::addCommands(const std::vector<CardCommand>& commands, const QString& onRowChosen) {
-  // A narrow screen shows the last commands behind an arrow.
-  auto* bar = new QToolBar(this);
-  bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  bar->setIconSize(QSize(22, 22));
+  auto* bar = new CommandBar(this);
   static_cast<QBoxLayout*>(layout())->insertWidget(0, bar);
   for (const CardCommand& command : commands) addCommand(command, *bar);
   if (QAction* chosen = command(onRowChosen))
@@ -66,19 +62,10 @@ void CardList::addCommands(const std::vector<CardCommand>& commands, const QStri
     });
 }
 
-void CardList::addCommand(const CardCommand& command, QToolBar& bar) {
-  auto* action = new QAction(QIcon::fromTheme(command.icon), command.caption, this);
-  action->setObjectName(command.name);
-  action->setShortcut(command.key);
-  addAction(action);
+void CardList::addCommand(const CardCommand& command, CommandBar& bar) {
+  QAction* action = bar.addCommand(command.name, command.caption, command.icon, command.key);
   connectGuarded(action, &QAction::triggered, this, [work = command.work] { work(); });
   keepUpdated(this, action, [this, command] { return isEnabled(command); });
-  bar.addAction(action);
-  auto* button = static_cast<QToolButton*>(bar.widgetForAction(action));
-  button->setObjectName(command.name + u"Button"_s);
-  button->setAccessibleName(command.caption);
-  button->setAutoRaise(false);
-  button->setFocusPolicy(Qt::TabFocus);
 }
 
 bool CardList::isEnabled(const CardCommand& command) {

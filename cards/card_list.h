@@ -9,9 +9,9 @@
 #include <functional>
 #include <vector>
 
+class CommandBar;
 class DataGrid;
 class QAction;
-class QToolBar;
 
 /// What a list is, as its screen describes it.
 struct CardListDescription {
@@ -74,7 +74,7 @@ class CardList : public QDialog {
   void insertCard(const std::function<void()>& insert);
 
  private:
-  void addCommand(const CardCommand& command, QToolBar& bar);
+  void addCommand(const CardCommand& command, CommandBar& bar);
   bool isEnabled(const CardCommand& command);
   void deleteSelected(const QString& question, const QString& failure);
   void preview(const CardReport& report);

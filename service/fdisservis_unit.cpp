@@ -11,6 +11,7 @@
 #include "service/slip_rules.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/lookup_edit.h"
+#include "toolkit/shell/command_bar.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -80,28 +81,11 @@ void TfDisServis::buildBoxes() {
 }
 
 void TfDisServis::buildCommands() {
-  auto* bar = new QHBoxLayout;
-  bar->addStretch(1);
-  const auto addCommand = [&](const QString& name, const QString& caption, const QString& icon, QKeySequence key) {
-    auto* command = new QAction(QIcon::fromTheme(icon), caption, this);
-    command->setObjectName(name);
-    command->setShortcut(key);
-    addAction(command);
-    auto* button = new QToolButton(this);
-    button->setDefaultAction(command);
-    button->setObjectName(name + u"Button"_s);
-    button->setAccessibleName(caption);
-    button->setToolTip(caption);
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setIconSize(QSize(22, 22));
-    button->setFocusPolicy(Qt::StrongFocus);
-    bar->addWidget(button);
-    if (saveButton_ == nullptr) saveButton_ = button;
-    return command;
-  };
-  aKaydet = addCommand(u"aKaydet"_s, u"F2 » Tamam"_s, u"dialog-ok-apply"_s, Qt::Key_F2);
-  aVazgec = addCommand(u"aVazgec"_s, u"F3 » Vazgeç"_s, u"dialog-cancel"_s, Qt::Key_F3);
-  static_cast<QVBoxLayout*>(layout())->addLayout(bar);
+  auto* bar = new CommandBar(this);
+  static_cast<QVBoxLayout*>(layout())->addWidget(bar, 0, Qt::AlignRight);
+  aKaydet = bar->addCommand(u"aKaydet"_s, u"F2 » Tamam"_s, u"dialog-ok-apply"_s, Qt::Key_F2);
+  aVazgec = bar->addCommand(u"aVazgec"_s, u"F3 » Vazgeç"_s, u"dialog-cancel"_s, Qt::Key_F3);
+  saveButton_ = bar->button(aKaydet);
   connectGuarded(aKaydet, &QAction::triggered, this, [this] { confirm(); });
   connectGuarded(aVazgec, &QAction::triggered, this, [this] { reject(); });
 }

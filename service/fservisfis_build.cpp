@@ -10,6 +10,7 @@
 #include "service/slip_tables.h"
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/grid/data_grid.h"
+#include "toolkit/shell/command_bar.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -37,24 +38,19 @@ void focusFirst(QWidget& page) {
 
 }  // namespace
 
-QAction* TfServisFis::addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key) {
-  auto* command = new QAction(QIcon::fromTheme(icon), caption, this);
-  command->setObjectName(name);
-  command->setShortcut(key);
-  command->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  command->setToolTip(caption);
-  addAction(command);
-  return command;
-}
-
 void TfServisFis::buildCommands() {
-  aKaydet = addCommand(u"aKaydet"_s, u"F2 » Kaydet"_s, u"document-save"_s, Qt::Key_F2);
-  aVazgec = addCommand(u"aVazgec"_s, u"F3 » Vazgeç"_s, u"dialog-cancel"_s, Qt::Key_F3);
-  aSil = addCommand(u"aSil"_s, u"F6 » Fiş Sil"_s, u"edit-delete"_s, Qt::Key_F6);
-  aYazdir = addCommand(u"aYazdir"_s, u"Yazdır/Tasarla"_s, u"document-print"_s, {});
-  aHatirlat = addCommand(u"aHatirlat"_s, u"Hatırlatma Ekle"_s, u"appointment-new"_s, {});
+  auto* bar = new CommandBar(this);
+  aKaydet = bar->addCommand(u"aKaydet"_s, u"F2 » Kaydet"_s, u"document-save"_s, Qt::Key_F2);
+  aVazgec = bar->addCommand(u"aVazgec"_s, u"F3 » Vazgeç"_s, u"dialog-cancel"_s, Qt::Key_F3);
+  aSil = bar->addCommand(u"aSil"_s, u"F6 » Fiş Sil"_s, u"edit-delete"_s, Qt::Key_F6);
+  aYazdir = bar->addCommand(u"aYazdir"_s, u"Yazdır/Tasarla"_s, u"document-print"_s, {});
+  aHatirlat = bar->addCommand(u"aHatirlat"_s, u"Hatırlatma Ekle"_s, u"appointment-new"_s, {});
   // Has a key and does nothing: meant.
-  aCikis = addCommand(u"aCikis"_s, u"ESC » Çıkış"_s, u"window-close"_s, Qt::Key_Escape);
+  aCikis = new QAction(QIcon::fromTheme(u"window-close"_s), u"ESC » Çıkış"_s, this);
+  aCikis->setObjectName(u"aCikis"_s);
+  aCikis->setShortcut(Qt::Key_Escape);
+  aCikis->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  addAction(aCikis);
   connectGuarded(aKaydet, &QAction::triggered, this, [this] { save(); });
   connectGuarded(aVazgec, &QAction::triggered, this, [this] {
     if (isConfirmed(u"Ekran kapatılacak onaylıyor musunuz?"_s)) closeWindow();
@@ -65,23 +61,10 @@ void TfServisFis::buildCommands() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 6);
   column->setSpacing(6);
-  auto* bar = new QHBoxLayout;
-  bar->setSpacing(4);
-  column->addLayout(bar);
-  for (QAction* command : {aKaydet, aVazgec, aSil, aYazdir, aHatirlat}) {
-    auto* button = new QToolButton(this);
-    button->setDefaultAction(command);
-    button->setObjectName(command->objectName() + u"Button"_s);
-    button->setAccessibleName(command->text());
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setIconSize(QSize(22, 22));
-    button->setFocusPolicy(Qt::StrongFocus);
-    bar->addWidget(button);
-    if (command == aKaydet) saveButton_ = button;
-    if (command == aHatirlat) reminderButton_ = button;
-    if (command == aYazdir) button->setPopupMode(QToolButton::InstantPopup);
-  }
-  bar->addStretch(1);
+  column->addWidget(bar);
+  saveButton_ = bar->button(aKaydet);
+  reminderButton_ = bar->button(aHatirlat);
+  bar->button(aYazdir)->setPopupMode(QToolButton::InstantPopup);
   buildPrintMenu();
 }
 

@@ -76,7 +76,6 @@ class TfServisFis : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  QAction* addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key);
   void buildCommands();
   void buildPages();
   QWidget* buildLinesPage();

@@ -19,12 +19,12 @@
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_preview.h"
 #include "toolkit/grid/xls_export.h"
+#include "toolkit/shell/command_bar.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <QAction>
 #include <QBoxLayout>
 #include <QScreen>
-#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -62,19 +62,12 @@ TfservisfisSec::~TfservisfisSec() {
   if (fservisfisSec == this) fservisfisSec = nullptr;
 }
 
-QAction* TfservisfisSec::addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key) {
-  auto* command = new QAction(QIcon::fromTheme(icon), caption, this);
-  command->setObjectName(name);
-  command->setShortcut(key);
-  addAction(command);
-  return command;
-}
-
 void TfservisfisSec::buildCommands() {
-  aSec = addCommand(u"aSec"_s, u"F4 » Kayıt Seç"_s, u"dialog-ok-apply"_s, Qt::Key_F4);
-  aGuncelle = addCommand(u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8);
-  aYazdir = addCommand(u"aYazdir"_s, u"F9 » Yazdır"_s, u"document-print"_s, Qt::Key_F9);
-  aFisSil = addCommand(u"aFisSil"_s, u"F6 » Fiş(leri) Sil"_s, u"edit-delete"_s, Qt::Key_F6);
+  bar_ = new CommandBar(this);
+  aSec = bar_->addCommand(u"aSec"_s, u"F4 » Kayıt Seç"_s, u"dialog-ok-apply"_s, Qt::Key_F4);
+  aGuncelle = bar_->addCommand(u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8);
+  aYazdir = bar_->addCommand(u"aYazdir"_s, u"F9 » Yazdır"_s, u"document-print"_s, Qt::Key_F9);
+  aFisSil = bar_->addCommand(u"aFisSil"_s, u"F6 » Fiş(leri) Sil"_s, u"edit-delete"_s, Qt::Key_F6);
   connectGuarded(aSec, &QAction::triggered, this, [this] { choose(); });
   connectGuarded(aGuncelle, &QAction::triggered, this, [this] { store_.refresh(); });
   connectGuarded(aYazdir, &QAction::triggered, this, [this] { print(); });
@@ -115,18 +108,7 @@ void TfservisfisSec::buildGrid() {
 void TfservisfisSec::buildForm() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(8, 8, 8, 8);
-  auto* bar = new QHBoxLayout;
-  column->addLayout(bar);
-  for (QAction* command : {aSec, aGuncelle, aYazdir, aFisSil}) {
-    auto* button = new QToolButton(this);
-    button->setDefaultAction(command);
-    button->setAccessibleName(command->text());
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setIconSize(QSize(22, 22));
-    button->setFocusPolicy(Qt::StrongFocus);
-    bar->addWidget(button);
-  }
-  bar->addStretch(1);
+  column->addWidget(bar_);
   column->addWidget(grid_, 1);
 }
 

@@ -6,6 +6,7 @@
 #include <QColor>
 #include <QDialog>
 
+class CommandBar;
 class DataGrid;
 class QAction;
 struct GridSort;
@@ -35,7 +36,6 @@ class TfservisfisSec : public QDialog {
   QAction* aFisSil;
 
  private:
-  QAction* addCommand(const QString& name, const QString& caption, const QString& icon, QKeySequence key);
   void buildCommands();
   void buildGrid();
   void buildForm();
@@ -52,6 +52,7 @@ class TfservisfisSec : public QDialog {
 
   SlipBrowserStore store_;
   QueryLookup firms_;
+  CommandBar* bar_ = nullptr;
   DataGrid* grid_ = nullptr;
   bool isOpen_ = false;  ///< the grid's filter concerns the query
   std::vector<QString> chosen_;
