@@ -89,7 +89,7 @@ std::vector<Scene> Gallery::gridScenes(TMyConnection& connection) {
       scene(u"filter-being-typed"_s,
             [](DataGrid& grid) {
               grid.filterRow()->cell(grid.model()->columnOf(u"TS_MUSTERI"_s))->line()->setFocus();
-              Gallery::type(u"iş"_s);
+              Gallery::type(u"fat"_s);
               QTest::qWait(400);
             }),
       scene(u"filter-finds-nothing"_s,
