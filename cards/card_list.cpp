@@ -15,6 +15,7 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QScreen>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -64,6 +65,7 @@ void CardList::addCommands(const std::vector<CardCommand>& commands, const QStri
 
 void CardList::addCommand(const CardCommand& command, CommandBar& bar) {
   QAction* action = bar.addCommand(command.name, command.caption, command.icon, command.key);
+  bar.button(action)->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to the rows
   connectGuarded(action, &QAction::triggered, this, [work = command.work] { work(); });
   keepUpdated(this, action, [this, command] { return isEnabled(command); });
 }
