@@ -8,6 +8,7 @@
 #include "toolkit/grid/filter_cell.h"
 #include "toolkit/grid/filter_row.h"
 #include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/grid_preview.h"
 #include "toolkit/grid/grid_view.h"
 
 #include <QLineEdit>
@@ -45,6 +46,24 @@ QImage openedMenu(TMyConnection& connection) {
     grid.fillHeaderMenu(menu, u"TS_TURU"_s);
     menu.popup(grid.mapToGlobal(QPoint(420, 90)));
     image = Gallery::picture(grid);
+  });
+  return image;
+}
+
+/// The slips of the grid as they go on paper.
+QImage preview(TMyConnection& connection) {
+  QImage image;
+  slips(connection, [&](DataGrid& grid) {
+    grid.setGrouping({u"TS_TURU"_s});
+    grid.setAllExpanded(true);
+    GridPreviewRequest request;
+    request.texts = {u"Servis Fişleri"_s, u"Müşteri Listesi Raporu"_s, u"[Date & Time Printed]"_s, u"Torvane Teknik Servis Programı"_s,
+                     u" Sayfa: [Page #]-[Total Pages]"_s};
+    request.exportToExcel = [](QWidget*) {};
+    GridPreview shown(nullptr, grid.content(false), request);
+    grid.hide();
+    Gallery::bringUp(shown);
+    image = Gallery::picture(shown);
   });
   return image;
 }
@@ -118,6 +137,7 @@ std::vector<Scene> Gallery::gridScenes(TMyConnection& connection) {
               grid.view()->setCurrentIndex(grid.model()->index(0, column));
               Gallery::type(u"İS"_s);
             }),
+      {u"grid-preview"_s, [&connection] { return preview(connection); }},
       inPlace(u"new-item-row"_s, [](DataGrid&) {}),
       inPlace(u"new-item-typed"_s,
               [](DataGrid& grid) {

@@ -95,7 +95,7 @@ void FilterRow::paintEvent(QPaintEvent*) {
   painter.setPen(palette().color(QPalette::Mid));
   painter.drawLine(0, height() - 1, width(), height() - 1);
   for (const FilterCell* cell : std::as_const(cells_))
-    if (cell->isVisible()) painter.drawLine(cell->geometry().right(), 0, cell->geometry().right(), height());
+    if (cell->isVisible() && !prompt_->isVisible()) painter.drawLine(cell->geometry().right(), 0, cell->geometry().right(), height());
 }
 
 void FilterRow::setShown(bool shown) {

@@ -12,6 +12,8 @@ namespace {
 /// Frame of the cell that incremental search looks in.
 const QColor cursorFrame(0x00, 0x80, 0x80);
 const QColor hitBackground(0xff, 0xe0, 0x82);
+constexpr int frameWidth = 2;
+constexpr int lineEditMargin = 2;  ///< that QLineEdit has of its own
 }  // namespace
 
 GridDelegate::GridDelegate(GridModel* model, GridView* view) : QStyledItemDelegate(view), model_(model), view_(view) {}
@@ -19,7 +21,7 @@ GridDelegate::GridDelegate(GridModel* model, GridView* view) : QStyledItemDelega
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const GridRow line = model_->row(index.row());
   if (line.kind == GridRowKind::Group) return;  // the view paints it over the whole width
-  const bool isCursor = index == view_->currentIndex() && line.kind == GridRowKind::Data;
+  const bool isCursor = index == view_->currentIndex() && (line.kind == GridRowKind::Data || model_->isEditingRow());
   // The cursor's cell stays light within its selected row, so that it is found at a glance.
   const bool footer = line.kind == GridRowKind::GroupFooter;
   const bool selected = option.state & QStyle::State_Selected && !isCursor && !footer;
@@ -78,6 +80,7 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   } else {
     auto* line = new QLineEdit(parent);
     line->setFrame(false);
+    line->setTextMargins(margin - frameWidth - lineEditMargin, 0, 0, 0);
     const int field = model_->fieldOf(index.column());
     if (field >= 0 && model_->query().fieldInfo(field).type == FieldType::Text && model_->query().fieldInfo(field).size > 0)
       line->setMaxLength(int(std::min<qint64>(model_->query().fieldInfo(field).size, 32767)));
@@ -85,6 +88,10 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
   }
   editor->setAccessibleName(column.caption.trimmed());
   return editor;
+}
+
+void GridDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const {
+  editor->setGeometry(option.rect.adjusted(frameWidth, frameWidth, -frameWidth, -frameWidth));
 }
 
 void GridDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const {

@@ -12,10 +12,12 @@ class GridDelegate : public QStyledItemDelegate {
  public:
   GridDelegate(GridModel* model, GridView* view);
   /// Room between a cell's border and its text.
-  static constexpr int margin = 5;
+  static constexpr int margin = 3;
 
   void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+  /// Within the frame of the cursor's cell, so that the text stays where it was.
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
   void setEditorData(QWidget* editor, const QModelIndex& index) const override;
   void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
 

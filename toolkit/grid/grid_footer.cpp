@@ -1,6 +1,7 @@
 #include "toolkit/grid/grid_footer.h"
 
 #include "app/guard.h"
+#include "toolkit/grid/grid_delegate.h"
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
@@ -54,8 +55,8 @@ void GridFooter::paintEvent(QPaintEvent*) {
     for (const int column : view_->shownColumns()) {
       if (size_t(column) >= texts_.size() || texts_[size_t(column)].isEmpty()) continue;
       const int left = view_->viewport()->x() + view_->header()->sectionViewportPosition(column);
-      const QRect room(left, 0, view_->header()->sectionSize(column) - 4, height());
-      painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, texts_[size_t(column)]);
+      const QRect room(left + GridDelegate::margin, 0, view_->header()->sectionSize(column) - 2 * GridDelegate::margin, height());
+      painter.drawText(room, (model_->isNumber(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, texts_[size_t(column)]);
     }
   });
 }

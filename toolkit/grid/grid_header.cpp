@@ -6,13 +6,9 @@
 
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
+#include <QStyleOptionHeader>
 
 #include <algorithm>
-
-namespace {
-constexpr int signRoom = 14;
-}
 
 GridHeader::GridHeader(GridModel* model, QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent), model_(model), filterRow_(new FilterRow(model, this)) {
@@ -52,36 +48,32 @@ void GridHeader::updateGeometries() {
   filterRow_->arrange();
 }
 
+int GridHeader::sortPlace(int column) const {
+  const QString& field = model_->columns()[size_t(column)].field;
+  const auto key = std::find_if(order_.begin(), order_.end(), [&](const GridSort& sort) {
+    return sort.field.compare(field, Qt::CaseInsensitive) == 0;
+  });
+  return key == order_.end() ? -1 : int(key - order_.begin());
+}
+
+void GridHeader::initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const {
+  QHeaderView::initStyleOptionForIndex(option, logicalIndex);
+  if (const int place = sortPlace(logicalIndex); place >= 0)
+    option->sortIndicator = order_[size_t(place)].descending ? QStyleOptionHeader::SortUp : QStyleOptionHeader::SortDown;
+}
+
 void GridHeader::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const {
   painter->save();
   QHeaderView::paintSection(painter, rect, logicalIndex);
   painter->restore();
-  const QString& field = model_->columns()[size_t(logicalIndex)].field;
-  const auto key = std::find_if(order_.begin(), order_.end(), [&](const GridSort& sort) {
-    return sort.field.compare(field, Qt::CaseInsensitive) == 0;
-  });
-  if (key == order_.end()) return;
+  const int place = sortPlace(logicalIndex);
+  if (place < 0 || order_.size() < 2) return;
   painter->save();
-  painter->setRenderHint(QPainter::Antialiasing);
-  const QRect room(model_->isNumber(logicalIndex) ? rect.left() + 2 : rect.right() - signRoom, rect.top(), signRoom - 2, rect.height());
-  painter->fillRect(room, palette().color(QPalette::Button));
-  const QPointF centre = QRectF(room).center();
-  const double tip = key->descending ? 3 : -3;
-  QPainterPath sign;
-  sign.moveTo(centre.x() - 4, centre.y() - tip);
-  sign.lineTo(centre.x() + 4, centre.y() - tip);
-  sign.lineTo(centre.x(), centre.y() + tip);
-  sign.closeSubpath();
-  painter->fillPath(sign, palette().color(QPalette::Link));
-  if (order_.size() > 1) {
-    QFont small = font();
-    small.setPointSizeF(small.pointSizeF() * 0.75);
-    painter->setFont(small);
-    painter->setPen(palette().color(QPalette::ButtonText));
-    const QRect beside = room.translated(-signRoom + 3, 0);
-    painter->fillRect(beside, palette().color(QPalette::Button));
-    painter->drawText(beside, Qt::AlignCenter, QString::number(key - order_.begin() + 1));
-  }
+  QFont small = font();
+  small.setPointSizeF(small.pointSizeF() * 0.75);
+  painter->setFont(small);
+  painter->setPen(palette().color(QPalette::Link));
+  painter->drawText(rect.adjusted(0, 0, -2, 0), Qt::AlignBottom | Qt::AlignRight, QString::number(place + 1));
   painter->restore();
 }
 

@@ -32,6 +32,7 @@ class GridHeader : public QHeaderView {
 
  protected:
   void updateGeometries() override;
+  void initStyleOptionForIndex(QStyleOptionHeader* option, int logicalIndex) const override;
   void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
@@ -39,6 +40,8 @@ class GridHeader : public QHeaderView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  /// Place of a column among the keys of the order; -1 when it is none.
+  int sortPlace(int column) const;
   bool isOverTarget(const QMouseEvent& event) const;
 
   GridModel* model_;

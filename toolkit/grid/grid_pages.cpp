@@ -133,7 +133,6 @@ void GridPages::paintRow(QPainter& painter, int row, const QRectF& band) const {
 void GridPages::paintCells(QPainter& painter, int row, const QRectF& band) const {
   const QFontMetricsF metrics(painter.font());
   const QColor own = content_.textColor(row);
-  const bool isFooter = content_.rowKind(row) != ContentRowKind::Data;
   for (size_t column = 0; column < columns_.size(); ++column) {
     const QRectF cell(lefts_[column], band.top(), lefts_[column + 1] - lefts_[column], band.height());
     painter.setPen(lineColor);
@@ -143,7 +142,7 @@ void GridPages::paintCells(QPainter& painter, int row, const QRectF& band) const
     text.replace(u'\n', u' ');
     painter.setPen(own.isValid() ? own : QColor(Qt::black));
     const QRectF room = cell.adjusted(cellMargin, 0, -cellMargin, 0);
-    painter.drawText(room, (columns_[column].alignsRight || isFooter ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine,
+    painter.drawText(room, (columns_[column].alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine,
                      metrics.elidedText(text, Qt::ElideRight, room.width()));
   }
 }

@@ -58,7 +58,7 @@ class PagePicture : public QWidget {
     guarded(this, [&] {
       QPainter painter(this);
       painter.setRenderHint(QPainter::TextAntialiasing);
-      painter.fillRect(rect(), palette().color(QPalette::Dark));
+      painter.fillRect(rect(), palette().color(QPalette::Mid));
       painter.translate(pageGap, pageGap);
       painter.scale(zoom_, zoom_);
       pages_.paint(painter, page_);
@@ -86,7 +86,7 @@ GridPreview::GridPreview(QWidget* owner, std::unique_ptr<TableContent> content, 
   buildToolBar();
   column->addWidget(toolBar_);
   scroll_->setAlignment(Qt::AlignCenter);
-  scroll_->setBackgroundRole(QPalette::Dark);
+  scroll_->setBackgroundRole(QPalette::Mid);
   scroll_->setWidget(picture_);
   scroll_->setFrameShape(QFrame::NoFrame);
   column->addWidget(scroll_, 1);

@@ -154,7 +154,8 @@ void GridView::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);
   guarded(this, [&] {
     QPainter painter(viewport());
-    if (model_->rows().hasNewItemRow() && model_->rows().hiddenRow() < 0 && state() != EditingState) {
+    const bool editsNewItem = state() == EditingState && currentIndex().row() == 0;
+    if (model_->rows().hasNewItemRow() && model_->rows().hiddenRow() < 0 && !editsNewItem) {
       const QRect row(0, rowViewportPosition(0), viewport()->width(), rowHeight(0));
       const bool current = currentIndex().row() == 0 && selectionModel()->isSelected(currentIndex());
       painter.setPen(palette().color(current ? QPalette::HighlightedText : QPalette::PlaceholderText));
