@@ -10,6 +10,7 @@
 #include "app/look.h"
 #include "app/parameters.h"
 #include "app/platform/time_zone.h"
+#include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"
 #include "service/fservisfissecUnit.h"
@@ -19,6 +20,7 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QListView>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <mysql.h>
@@ -124,6 +126,9 @@ int main(int argc, char** argv) {
   QApplication application(programArguments, argv);
   applyLook(application);
   TfKvb workspace;
+  // A kept layout, with its sorting, must not come from an earlier run.
+  const QTemporaryDir folder;
+  QuendUtil->programFolder = folder.path() + u'/';
   TDM dataModule;
   TfParametreler parameters;
   TfservisfisSec browser;
