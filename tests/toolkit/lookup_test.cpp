@@ -61,6 +61,51 @@ TEST_F(LookupTest, BeginningsStandBeforeWhatHoldsTheText) {
     for (int row = 0; row < model.rowCount(); ++row) found.push_back(model.sourceRow(row));
     EXPECT_EQ(found, rows) << qPrintable(filter);
   }
+  // A longer text leaves the same rows as if it had been typed at once; a source that has changed is read anew.
+  for (const QString& typed : {u"i"_s, u"li"_s, u"l"_s, u"li"_s}) model.setFilter(typed);
+  EXPECT_EQ(model.rowCount(), 4);
+  EXPECT_EQ(model.equalRow(), -1);
+  model.setFilter(u"veli"_s);
+  EXPECT_EQ(model.sourceRow(0), 3);
+  EXPECT_EQ(model.sourceRow(1), 0);
+  for (const QString& typed : {u"a"_s, u"al"_s, u"ali"_s}) model.setFilter(typed);
+  EXPECT_EQ(model.equalRow(), 2);
+  names_.names[4] = u"ALİ"_s;
+  model.setSource(&names_);
+  model.setFilter(u"ali v"_s);
+  EXPECT_EQ(model.rowCount(), 1);
+  model.setFilter(u"ali"_s);
+  EXPECT_EQ(model.rowCount(), 5);
+}
+
+TEST_F(LookupTest, TheSizeThatADropDownIsDrawnToStaysForAllBoxesOfItsName) {
+  const auto openSize = [](LookupEdit* edit) {
+    QTest::qWait(250);
+    QTest::keyClick(edit->line(), Qt::Key_F4);
+    return QApplication::activePopupWidget()->size();
+  };
+  edit_->setObjectName(u"TS_MUSTERI"_s);
+  const QSize usual = openSize(edit_);
+  QWidget* popup = QApplication::activePopupWidget();
+  QWidget* grip = popup->childAt(popup->width() - 5, popup->height() - 5);
+  QTest::mousePress(grip, Qt::LeftButton, {}, {5, 5});
+  QMouseEvent move(QEvent::MouseMove, {5, 5}, grip->mapToGlobal(QPointF(85, 45)), Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(grip, &move);
+  EXPECT_EQ(popup->size(), usual + QSize(80, 40));
+  key(Qt::Key_Escape);
+  EXPECT_EQ(openSize(edit_), usual + QSize(80, 40));
+  key(Qt::Key_Escape);
+
+  for (const bool isSameName : {true, false}) {
+    auto* next = new LookupEdit;
+    next->setObjectName(isSameName ? u"TS_MUSTERI"_s : u"TS_C_AD"_s);
+    form_.layout()->addWidget(next);
+    next->setSource(&names_);
+    next->setFocus();
+    EXPECT_EQ(openSize(next), isSameName ? usual + QSize(80, 40) : usual);
+    next->closeUp();
+    delete next;
+  }
 }
 
 TEST_F(LookupTest, AHighlightedEntryIsTakenByEnterAndTab) {

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QHash>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -15,6 +16,12 @@
 namespace {
 
 constexpr quint64 reopenPauseMs = 200;
+
+/// Sizes that the user has drawn drop-downs to, by the name of their box.
+QHash<QString, QSize>& drawnSizes() {
+  static QHash<QString, QSize> sizes;
+  return sizes;
+}
 
 /// The corner by which a drop-down is drawn larger. QSizeGrip asks the window manager, which does not manage pop-ups.
 class DropDownGrip : public QWidget {
@@ -66,7 +73,7 @@ DropDown::DropDown(QWidget* box, QWidget* content, QWidget* keyTarget, bool size
 
 void DropDown::openUnder(QSize size) {
   const QRect screen = box_->screen()->availableGeometry();
-  QSize whole = drawn_ ? this->size() : size + QSize(4, sizeable_ ? 16 : 4);
+  QSize whole = drawnSizes().value(box_->objectName(), size + QSize(4, sizeable_ ? 16 : 4));
   whole = whole.expandedTo(QSize(box_->width(), 0)).boundedTo(screen.size());
   QPoint place = box_->mapToGlobal(QPoint(0, box_->height()));
   if (place.y() + whole.height() > screen.bottom()) {
@@ -87,8 +94,8 @@ void DropDown::openUnder(QSize size) {
 }
 
 void DropDown::drawTo(QSize size) {
-  drawn_ = true;
   resize(size.expandedTo(QSize(120, 80)).boundedTo(screen()->availableGeometry().size()));
+  drawnSizes().insert(box_->objectName(), this->size());
 }
 
 bool DropDown::hasJustClosed() const { return closedAt_ != 0 && environment().tickCount() - closedAt_ < reopenPauseMs; }

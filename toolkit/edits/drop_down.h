@@ -9,7 +9,8 @@ class DropDown : public QFrame {
   /// keyTarget gets the keys while it is open; null leaves them to content.
   DropDown(QWidget* box, QWidget* content, QWidget* keyTarget, bool sizeable);
 
-  /// The user draws it to another size by its lower right corner.
+  /// The user draws it to another size by its lower right corner. All boxes of its box's name open in that size from then
+  /// on, as long as the program runs.
   void drawTo(QSize size);
   /// Opens under the box, or above it when there is no room below. size: logical pixels of the content.
   void openUnder(QSize size);
@@ -29,6 +30,5 @@ class DropDown : public QFrame {
   QWidget* content_;
   QWidget* keyTarget_;
   bool sizeable_;
-  bool drawn_ = false;  ///< the user has drawn it to a size, which it keeps
   quint64 closedAt_ = 0;
 };

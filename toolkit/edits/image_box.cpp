@@ -30,8 +30,10 @@ ImageBox::ImageBox(QWidget* parent) : QFrame(parent) { setFrameStyle(QFrame::Sty
 
 void ImageBox::setImageBytes(const QByteArray& bytes) {
   if (bytes.isEmpty()) return clearImage();
-  image_ = decodedPicture(bytes, format_);
+  constexpr int trialSide = 64;
+  decodedPicture(bytes, format_, trialSide);
   bytes_ = bytes;
+  image_ = {};
   update();
 }
 
@@ -58,20 +60,36 @@ void ImageBox::resetEdit(int) { clearImage(); }
 
 QSize ImageBox::sizeHint() const { return {320, 240}; }
 
+void ImageBox::hideEvent(QHideEvent* event) {
+  QFrame::hideEvent(event);
+  image_ = {};
+}
+
+/// The picture decoded for a room of so many pixels.
+const QImage& ImageBox::imageFor(QSize pixels) {
+  if (image_.isNull() || imageRoom_ != pixels) {
+    image_ = decodedPicture(bytes_, format_, std::max(pixels.width(), pixels.height()));
+    imageRoom_ = pixels;
+  }
+  return image_;
+}
+
 void ImageBox::paintEvent(QPaintEvent* event) {
   QFrame::paintEvent(event);
   guarded(this, [&] {
     QPainter painter(this);
     const QRect room = contentsRect();
     painter.fillRect(room, palette().base());
-    if (image_.isNull()) {
+    if (bytes_.isEmpty()) {
       painter.setPen(palette().color(QPalette::PlaceholderText));
       painter.drawText(room, Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
       return;
     }
-    QRect place(QPoint(), image_.size().scaled(room.size(), Qt::KeepAspectRatio).boundedTo(image_.size()));
+    if (room.isEmpty()) return;
+    const QImage& image = imageFor(room.size() * devicePixelRatio());
+    QRect place(QPoint(), image.size().scaled(room.size(), Qt::KeepAspectRatio).boundedTo(image.size()));
     place.moveCenter(room.center());
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawImage(place, image_);
+    painter.drawImage(place, image);
   });
 }

@@ -4,13 +4,15 @@
 
 #include <QFrame>
 #include <QImage>
+#include <QSize>
 
 /// The picture in a file's bytes, upright, made smaller when a side is longer than longestSide (by default more than a screen
 /// shows of it). format: the only one that is taken, as "jpeg"; empty for any. Throws Exception for bytes that are no such
 /// picture.
 QImage decodedPicture(const QByteArray& bytes, const QByteArray& format = {}, int longestSide = 2560);
 
-/// A picture, shown scaled with its proportions. Its bytes stay exactly as they came.
+/// A picture, shown scaled with its proportions. Its bytes stay exactly as they came, and are decoded as large as they are
+/// shown, only while they are.
 class ImageBox : public QFrame, public EditControl {
   Q_OBJECT
  public:
@@ -34,10 +36,14 @@ class ImageBox : public QFrame, public EditControl {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
+  const QImage& imageFor(QSize pixels);
+
   QByteArray format_;
   QByteArray bytes_;
-  QImage image_;
+  QImage image_;       ///< null while it is not shown
+  QSize imageRoom_;    ///< what image_ was decoded for, in pixels
   QString emptyText_;
 };

@@ -95,7 +95,7 @@ void LookupEdit::buildDropDown() {
   connectGuarded(table_, &QTableView::clicked, this, [this](const QModelIndex& index) { take(model_->sourceRow(index.row())); });
 }
 
-/// Shows the entries that fit filter. Only an entry that equals the text is marked: marking the first one would make
+/// Shows the entries that fit filter, which is the text or nothing. Only an entry that equals the text is marked: marking the first one would make
 /// ENTER replace a new text by a longer known one.
 void LookupEdit::open(const QString& filter) {
   if (!source_ || isReadOnly()) return;
@@ -113,7 +113,7 @@ void LookupEdit::open(const QString& filter) {
   }
   if (!isDropDownOpen())
     dropDown_->openUnder({width, rowHeight * shownRows + table_->horizontalHeader()->sizeHint().height() + 2});
-  const int equal = model_->rowOf(findEntry(text()));
+  const int equal = model_->rowOf(filter.isEmpty() ? findEntry(text()) : model_->equalRow());
   if (equal >= 0)
     table_->selectRow(equal);
   else

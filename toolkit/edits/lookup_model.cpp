@@ -7,27 +7,39 @@
 
 void LookupModel::setSource(const LookupSource* source) {
   source_ = source;
+  wanted_.clear();
   setFilter({});
 }
 
 void LookupModel::setFilter(const QString& text) {
   beginResetModel();
-  const int count = source_ ? source_->rowCount() : 0;
-  rows_.clear();
-  if (text.isEmpty()) {
-    rows_.resize(size_t(count));
+  const QString wanted = TurkishText::fold(text);
+  // What does not hold the old text does not hold a longer one either: the more is typed, the less is looked at.
+  const bool narrows = !wanted_.isEmpty() && wanted.startsWith(wanted_);
+  if (!narrows) {
+    rows_.resize(size_t(source_ ? source_->rowCount() : 0));
     std::iota(rows_.begin(), rows_.end(), 0);
-  } else {
-    const QString wanted = TurkishText::fold(text);
-    std::vector<int> holding;
-    for (int row = 0; row < count; ++row) {
-      const qsizetype place = TurkishText::fold(source_->text(row, 0)).indexOf(wanted);
-      if (place == 0) rows_.push_back(row);
-      if (place > 0) holding.push_back(row);
-    }
-    rows_.insert(rows_.end(), holding.begin(), holding.end());
   }
+  wanted_ = wanted;
+  equalRow_ = -1;
+  if (!wanted.isEmpty()) filter();
   endResetModel();
+}
+
+/// Keeps those of rows_ that fit the wanted text.
+void LookupModel::filter() {
+  std::vector<int> beginning;
+  std::vector<int> holding;
+  for (const int row : rows_) {
+    const QString candidate = TurkishText::fold(source_->text(row, 0));
+    const qsizetype place = candidate.indexOf(wanted_);
+    if (place == 0) beginning.push_back(row);
+    if (place > 0) holding.push_back(row);
+    if (place == 0 && candidate.size() == wanted_.size() && equalRow_ < 0) equalRow_ = row;
+  }
+  std::sort(holding.begin(), holding.end());  // some may have stood among the beginnings of a shorter text
+  rows_ = std::move(beginning);
+  rows_.insert(rows_.end(), holding.begin(), holding.end());
 }
 
 int LookupModel::rowOf(int sourceRow) const {

@@ -16,6 +16,8 @@ class LookupModel : public QAbstractTableModel {
   void setSource(const LookupSource* source);
   /// Rows whose column 0 begins with text, then those that hold it; all for an empty text.
   void setFilter(const QString& text);
+  /// First row of the source whose column 0 equals the filter's text; -1 when there is none.
+  int equalRow() const { return equalRow_; }
   int sourceRow(int row) const { return rows_.at(size_t(row)); }
   /// Row of this model that shows that row of the source; -1 when it is filtered away.
   int rowOf(int sourceRow) const;
@@ -26,6 +28,10 @@ class LookupModel : public QAbstractTableModel {
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
  private:
+  void filter();
+
   const LookupSource* source_ = nullptr;
   std::vector<int> rows_;
+  QString wanted_;  ///< the filter, folded
+  int equalRow_ = -1;
 };
