@@ -119,6 +119,49 @@ TEST_F(EditsTest, DatesAreTypedInEveryUsualForm) {
   EXPECT_FALSE(edit->hasError());
 }
 
+TEST_F(EditsTest, ArrowsChangeThePartAtTheCursor) {
+  ScopedEnvironment still(std::make_unique<FixedEnvironment>());
+  auto* date = shown<DateEdit>();
+  auto* time = shown<TimeEdit>();
+  auto* moment = shown<DateTimeEdit>();
+  auto* number = shown<SpinEdit>();
+  const struct {
+    EditBox* box;
+    QString text;
+    int cursor;  ///< -1: all is selected
+    Qt::Key key;
+    QString becomes, selected;
+  } cases[] = {{date, {}, 0, Qt::Key_Up, u"05.03.2020"_s, u"05"_s},
+               {date, u"31.12.2019"_s, 0, Qt::Key_Up, u"01.01.2020"_s, u"01"_s},
+               {date, u"31.03.2020"_s, 4, Qt::Key_Down, u"29.02.2020"_s, u"02"_s},
+               {date, u"29.02.2020"_s, 10, Qt::Key_Up, u"28.02.2021"_s, u"2021"_s},
+               {date, u"29.02.2020"_s, -1, Qt::Key_Down, u"28.02.2020"_s, u"28"_s},
+               {date, u"5.3.2020"_s, 3, Qt::Key_Up, u"05.04.2020"_s, u"04"_s},
+               {date, u"31.12.9999"_s, 0, Qt::Key_Up, u"31.12.9999"_s, {}},
+               {date, u"01.01.0001"_s, 9, Qt::Key_Down, u"01.01.0001"_s, {}},
+               {date, u"31.02.2020"_s, 0, Qt::Key_Up, u"31.02.2020"_s, {}},
+               {time, {}, 0, Qt::Key_Down, u"08:07"_s, u"08"_s},
+               {time, u"23:59"_s, 5, Qt::Key_Up, u"00:00"_s, u"00"_s},
+               {time, u"00:10:59"_s, 0, Qt::Key_Down, u"23:10:59"_s, u"23"_s},
+               {moment, u"05.03.2020 08:07:06"_s, 19, Qt::Key_Down, u"05.03.2020 08:07:05"_s, u"05"_s},
+               {moment, u"05.03.2020   08:07:06"_s, 21, Qt::Key_Up, u"05.03.2020 08:07:07"_s, u"07"_s},
+               {moment, u"05.03.2020 08:07:06"_s, 8, Qt::Key_Up, u"05.03.2021 08:07:06"_s, u"2021"_s},
+               {number, u"7"_s, 0, Qt::Key_Up, u"8"_s, u"8"_s}};
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.text.toStdString() + " at " + std::to_string(one.cursor));
+    one.box->setFocus();
+    one.box->setText(one.text);
+    one.box->line()->setCursorPosition(one.cursor);
+    if (one.cursor < 0) one.box->line()->selectAll();
+    QTest::keyClick(one.box->line(), one.key);
+    EXPECT_EQ(one.box->text(), one.becomes);
+    EXPECT_EQ(one.box->line()->selectedText(), one.selected);
+  }
+  date->setReadOnly(true);
+  QTest::keyClick(date->line(), Qt::Key_Up);
+  EXPECT_EQ(date->text(), u"31.02.2020"_s);
+}
+
 TEST_F(EditsTest, TheCalendarTakesAndEmpties) {
   ScopedEnvironment still(std::make_unique<FixedEnvironment>());
   auto* edit = shown<DateEdit>();

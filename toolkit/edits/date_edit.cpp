@@ -42,6 +42,11 @@ void showArrows(QCalendarWidget& calendar) {
 
 }  // namespace
 
+QDate steppedDate(QDate date, int part, int by) {
+  const QDate next = part == 0 ? date.addDays(by) : part == 1 ? date.addMonths(by) : date.addYears(by);
+  return next.year() >= 1 && next.year() <= 9999 ? next : QDate();
+}
+
 DateEdit::DateEdit(QWidget* parent) : ParsedEdit(parent) {
   auto arrow = arrowButton();
   arrow.hint = u"Takvimi Aç"_s;
@@ -64,6 +69,10 @@ QString DateEdit::shown(const Value& value) const { return DateText::date(value.
 QString DateEdit::complaintOf(const QString& text) const { return u"%1 geçerli bir tarih değil."_s.arg(quoted(text)); }
 
 bool DateEdit::takes(QChar character) const { return (character >= u'0' && character <= u'9') || u"./-"_s.contains(character); }
+
+Value DateEdit::stepped(const Value& from, int part, int by) const { return steppedDate(from.toDate(), part, by); }
+
+Value DateEdit::firstStep() const { return environment().today(); }
 
 void DateEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
   if (key == Qt::Key_F4 || (key == Qt::Key_Down && modifiers.testFlag(Qt::AltModifier))) {

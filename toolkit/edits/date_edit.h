@@ -5,6 +5,9 @@
 class DropDown;
 class QCalendarWidget;
 
+/// The date with its day (part 0), month or year changed by so many; invalid outside the years 1 to 9999.
+QDate steppedDate(QDate date, int part, int by);
+
 /// A date, "dd.MM.yyyy", that can be empty; typed with or without points, or taken from a calendar. Button 0 is the arrow
 /// of the calendar, which F4 and Alt+Down open.
 class DateEdit : public ParsedEdit {
@@ -29,6 +32,8 @@ class DateEdit : public ParsedEdit {
   QString shown(const Value& value) const override;
   QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
+  Value stepped(const Value& from, int part, int by) const override;
+  Value firstStep() const override;
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
 
  private:

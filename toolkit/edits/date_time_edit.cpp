@@ -1,7 +1,10 @@
 #include "toolkit/edits/date_time_edit.h"
 
 #include "app/date_text.h"
+#include "app/environment.h"
 #include "app/exceptions.h"
+#include "toolkit/edits/date_edit.h"
+#include "toolkit/edits/time_edit.h"
 
 using namespace Qt::StringLiterals;
 
@@ -41,3 +44,16 @@ QString DateTimeEdit::complaintOf(const QString& text) const { return complaintA
 bool DateTimeEdit::takes(QChar character) const {
   return (character >= u'0' && character <= u'9') || u"./-: "_s.contains(character);
 }
+
+Value DateTimeEdit::stepped(const Value& from, int part, int by) const {
+  QDateTime moment = std::get<QDateTime>(from.data());
+  constexpr int partsOfDate = 3;
+  if (part >= partsOfDate) {
+    moment.setTime(steppedTime(moment.time(), part - partsOfDate, by));
+    return moment;
+  }
+  const QDate date = steppedDate(moment.date(), part, by);
+  return date.isValid() ? Value(QDateTime(date, moment.time())) : Value();
+}
+
+Value DateTimeEdit::firstStep() const { return environment().now(); }

@@ -18,4 +18,6 @@ class DateTimeEdit : public ParsedEdit {
   QString shown(const Value& value) const override;
   QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
+  Value stepped(const Value& from, int part, int by) const override;
+  Value firstStep() const override;
 };

@@ -20,6 +20,40 @@ void ParsedEdit::resetEdit(int) {
   setErrorText({});
 }
 
+Value ParsedEdit::stepped(const Value&, int, int) const { return {}; }
+
+void ParsedEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
+  const bool isArrow = key == Qt::Key_Up || key == Qt::Key_Down;
+  if (isArrow && (modifiers & ~Qt::KeypadModifier) == Qt::NoModifier && step(key == Qt::Key_Up ? 1 : -1))
+    key = 0;
+  else
+    EditBox::keyDown(key, modifiers);
+}
+
+/// Changes the part at the cursor and selects it; false when there is none to change.
+bool ParsedEdit::step(int by) {
+  if (isReadOnly() || !isEnabled()) return false;
+  const auto isMark = [](QChar c) { return !c.isDigit(); };
+  const auto marks = [&](const QString& text) { return int(std::count_if(text.begin(), text.end(), isMark)); };
+  int part = 0;
+  Value value;
+  if (isEmpty()) {
+    value = firstStep();
+  } else {
+    value = parsed(text().trimmed());
+    if (line()->selectedText() != text()) part = marks(text().left(line()->cursorPosition()));
+    if (!value.isNull()) value = stepped(value, part = std::min(part, marks(shown(value))), by);
+  }
+  if (value.isNull()) return false;
+  setText(shown(value));
+  const QString now = text();
+  auto begin = now.begin();
+  for (int mark = 0; mark < part; ++mark) begin = std::find_if(begin, now.end(), isMark) + 1;
+  line()->setSelection(int(begin - now.begin()), int(std::find_if(begin, now.end(), isMark) - begin));
+  Q_EMIT textEdited(now);
+  return true;
+}
+
 void ParsedEdit::keyPress(QString& characters) {
   characters.removeIf([this](QChar c) { return !takes(c); });
 }

@@ -3,7 +3,8 @@
 #include "toolkit/edits/edit_box.h"
 
 /// A box whose text stands for a value. On leaving, a text that can be read takes its usual form; one that cannot stays as
-/// it is, is marked red, and editValue() throws EConvertError. ENTER moves on.
+/// it is, is marked red, and editValue() throws EConvertError. ENTER moves on; in a box whose value has parts, Up and Down
+/// change the one at the cursor, the first one when all is selected.
 class ParsedEdit : public EditBox {
   Q_OBJECT
  public:
@@ -26,8 +27,18 @@ class ParsedEdit : public EditBox {
   /// Characters that can be typed; others are dropped.
   virtual bool takes(QChar character) const = 0;
 
+  /// The value with one of its parts, counted from 0 as they are shown, changed by so many; NULL for one out of range and
+  /// for a box without parts.
+  virtual Value stepped(const Value& from, int part, int by) const;
+  /// What Up and Down begin with in an empty box; NULL for nothing.
+  virtual Value firstStep() const { return {}; }
+
+  void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
   void keyPress(QString& characters) override;
   QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
   void leaving() override;
+
+ private:
+  bool step(int by);
 };

@@ -1,8 +1,14 @@
 #include "toolkit/edits/time_edit.h"
 
 #include "app/date_text.h"
+#include "app/environment.h"
 
 using namespace Qt::StringLiterals;
+
+QTime steppedTime(QTime time, int part, int by) {
+  constexpr int secondsOf[] = {3600, 60, 1};
+  return time.addSecs(by * secondsOf[part]);
+}
 
 TimeEdit::TimeEdit(QWidget* parent) : ParsedEdit(parent) {}
 
@@ -22,3 +28,10 @@ QString TimeEdit::shown(const Value& value) const {
 QString TimeEdit::complaintOf(const QString& text) const { return u"%1 geçerli bir saat değil."_s.arg(quoted(text)); }
 
 bool TimeEdit::takes(QChar character) const { return (character >= u'0' && character <= u'9') || u":."_s.contains(character); }
+
+Value TimeEdit::stepped(const Value& from, int part, int by) const { return steppedTime(from.toTime(), part, by); }
+
+Value TimeEdit::firstStep() const {
+  const QTime now = environment().now().time();
+  return QTime(now.hour(), now.minute());
+}

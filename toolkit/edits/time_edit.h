@@ -2,6 +2,9 @@
 
 #include "toolkit/edits/parsed_edit.h"
 
+/// The time with its hours (part 0), minutes or seconds changed by so many, round the clock.
+QTime steppedTime(QTime time, int part, int by);
+
 /// A time of day, "HH:mm", that can be empty; typed with or without the colon. Seconds of a stored time are shown when
 /// they are not zero.
 class TimeEdit : public ParsedEdit {
@@ -19,4 +22,6 @@ class TimeEdit : public ParsedEdit {
   QString shown(const Value& value) const override;
   QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
+  Value stepped(const Value& from, int part, int by) const override;
+  Value firstStep() const override;
 };
