@@ -110,10 +110,9 @@ void CardList::insertCard(const std::function<void()>& insert) {
   const int before = grid_->currentRow();
   const int rows = cards_.RecordCount();
   insert();
-  if (cards_.RecordCount() == rows)
-    grid_->setCurrentRow(before);
-  else
-    grid_->setCurrentRow(cards_.RecNo());
+  // The cursor may not have moved at all, whereas the query has.
+  if (cards_.RecordCount() == rows && before >= 0) cards_.setRecNo(before);
+  grid_->setCurrentRow(cards_.RecNo());
 }
 
 void CardList::deleteSelected(const QString& question, const QString& failure) {

@@ -92,10 +92,12 @@ ExecutionResult TMyQuery::run(const QByteArray& statements) {
   return result;
 }
 
-void TMyQuery::Open() {
+void TMyQuery::Open() { openAt(0); }
+
+void TMyQuery::openAt(int row) {
   ExecutionResult result = run(rendered(SQL.text()));
   if (!result.rows) throw EDatabaseError(u"SQL statement doesn't return rows"_s, name_, SQL.text());
-  takeRows(std::move(result.rows));
+  takeRows(std::move(result.rows), row);
 }
 
 void TMyQuery::Execute() {
@@ -103,7 +105,7 @@ void TMyQuery::Execute() {
   run(rendered(SQL.text()));
 }
 
-void TMyQuery::takeRows(ResultPtr rows) {
+void TMyQuery::takeRows(ResultPtr rows, int current) {
   const MYSQL_FIELD* columns = mysql_fetch_fields(rows.get());
   const unsigned count = mysql_num_fields(rows.get());
   fields_.clear();
@@ -141,7 +143,7 @@ void TMyQuery::takeRows(ResultPtr rows) {
     allRows_.swap(rows_);
     applyFilter();
   }
-  current_ = rows_.empty() ? -1 : 0;
+  current_ = rows_.empty() ? -1 : std::clamp(current, 0, RecordCount() - 1);
   eof_ = rows_.empty();
   notify([](QueryListener& listener) { listener.queryReset(); });
 }
@@ -167,9 +169,7 @@ void TMyQuery::Close() {
 
 void TMyQuery::Refresh() {
   requireActive();
-  const int row = current_;
-  Open();
-  if (row > 0) setRecNo(qMin(row, RecordCount() - 1));
+  openAt(current_);
 }
 
 void TMyQuery::RefreshRecord() {

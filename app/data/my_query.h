@@ -194,7 +194,8 @@ class TMyQuery {
   QString withMacros(const QString& text) const;
   QByteArray rendered(const QString& text) const;
   ExecutionResult run(const QByteArray& statements);
-  void takeRows(ResultPtr rows);
+  void openAt(int row);
+  void takeRows(ResultPtr rows, int current);
   void requireActive() const;
   void requireRow() const;
   void requireEditing() const;

@@ -347,3 +347,50 @@ TEST_F(CustomersTest, ConnectionCutWithinADelete) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return rows(u"select count(*) from cari where CA_ID = 1"_s) == left; }));
   }
 }
+// Commands in any order, under any order, grouping and search: the editor always gets the row under the cursor, and in the end
+// the list shows what is stored.
+TEST_F(CustomersTest, RandomCommandsKeepCursorAndRowsTogether) {
+  quint32 state = 1;
+  const auto below = [&state](int bound) { return int(((state = state * 1664525 + 1013904223) >> 10) % quint32(bound)); };
+  for (int i = 0; i < 30; ++i) run(u"INSERT INTO cari (CA_AD, CA_CEP, CA_ILCE) VALUES ('M%1', '%2', '%3')"_s.arg(i).arg(i % 5).arg(i % 3));
+  DataGrid* grid = customers.grid();
+  const auto typeCard = [&](const QString& name) {
+    if (!name.isEmpty()) enter(customerEditor, u"CA_AD"_s, name);
+    enter(customerEditor, u"CA_CEP"_s, QString::number(below(6)));
+    if (below(2) == 0) save();
+    if (customerEditor.isVisible()) giveUp();
+  };
+  const std::function<void(int)> commands[] = {
+      [&](int) { grid->setGrouping({}); },
+      [&](int) { grid->setGrouping(below(2) == 0 ? QStringList{u"CA_ILCE"_s} : QStringList{u"CA_CEP"_s, u"CA_ILCE"_s}); },
+      [&](int) { grid->setOrder({{below(2) == 0 ? u"CA_AD"_s : u"CA_CEP"_s, below(2) == 0}}); },
+      [&](int) { grid->setColumnFilter(u"CA_CEP"_s, FilterOperator::Equal, QString::number(below(6))); },
+      [&](int) { grid->clearFilter(); },
+      [&](int) { runCommand(customers, u"aGuncelle"_s); },
+      [&](int) { press(*grid->view(), below(2) == 0 ? Qt::Key_Down : Qt::Key_Up); },
+      [&](int) { press(*grid->view(), below(2) == 0 ? Qt::Key_Plus : Qt::Key_Minus); },
+      [&](int step) { run(u"UPDATE cari SET CA_TEL = '%1' ORDER BY CA_ID LIMIT 2"_s.arg(step)); },
+      [&](int) {
+        dialogs.answers = {confirm};
+        runCommand(customers, u"aFisSil"_s);
+        dialogs.answers.clear();
+      },
+      [&](int) {
+        if (grid->currentRow() >= 0) inEditor([&] { typeCard({}); });
+      },
+      [&](int step) {
+        within([&] { EXPECT_TRUE(runCommand(customers, u"aEkle"_s)); }, customerEditor, [&] { typeCard(u"N%1"_s.arg(step)); });
+      }};
+  inList([&] {
+    for (int step = 0; step < 400; ++step) {
+      const int command = below(int(std::size(commands)));
+      SCOPED_TRACE(testing::Message() << "step " << step << ", command " << command);
+      commands[command](step);
+      ASSERT_EQ(customers.qCari.state(), QueryState::Browse);
+      ASSERT_TRUE(grid->currentRow() < 0 || grid->currentRow() == customers.qCari.RecNo()) << grid->currentRow();
+    }
+    grid->clearFilter();
+    runCommand(customers, u"aGuncelle"_s);
+    EXPECT_EQ(shown(customers.qCari, u"CA_AD"_s).join(u';'), rows(u"select CA_AD from cari"_s));
+  });
+}
