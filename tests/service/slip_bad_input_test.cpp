@@ -255,3 +255,29 @@ TEST_F(SlipBadInput, ADamagedStoredPictureIsToldAndKeptUntilItIsReplaced) {
     EXPECT_TRUE(dialogs.texts.isEmpty());
   }
 }
+
+TEST_F(SlipBadInput, LinesTakeNoNumberThatTheirColumnsCannotHold) {
+  enum { Number, Part, Quantity, Amount };
+  const struct {
+    int column;
+    QString typed, stored;
+  } cases[] = {{Quantity, u"123456789012345"_s, {}},       {Quantity, u"0,00001"_s, {}}, {Quantity, u"1,234.56"_s, {}},
+               {Amount, u"1e308"_s, {}},                   {Amount, u"1.2.3"_s, {}},     {Amount, u"99999999999999999"_s, {}},
+               {Amount, u"1.234,56"_s, u"~|~|1234,5600"_s}, {Number, u"99999999999"_s, {}}, {Number, u"1,5"_s, {}},
+               {Quantity, u"-3"_s, u"~|-3,0000|~"_s}};
+  int number = 100;
+  for (const auto& one : cases) {
+    SCOPED_TRACE(one.typed.toStdString());
+    TfServisFis* slip = filledSlip(QString::number(++number));
+    pages(slip)->setCurrentIndex(TfServisFis::LinesPage);
+    lines(slip)->view()->setFocus();
+    press(Qt::Key_Insert);
+    for (int column = 0; column < one.column; ++column) press(Qt::Key_Return);
+    type(one.typed);
+    press(Qt::Key_F2);
+    EXPECT_EQ(balloon(slip)->text() == u"Servis fiş kaydı tamamlandı."_s, !one.stored.isEmpty()) << qPrintable(balloon(slip)->text());
+    EXPECT_EQ(rows(u"select MZ_SIRANO, MZ_ADET, MZ_TUTAR from malzeme, teknikservis where TS_ID = TS_NO_REF and TS_NO = '%1'"_s.arg(number)),
+              one.stored);
+    slip->parentWidget()->close();
+  }
+}
