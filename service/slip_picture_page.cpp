@@ -1,5 +1,6 @@
 #include "service/slip_picture_page.h"
 
+#include "app/dmUnit.h"
 #include "app/exceptions.h"
 #include "app/guard.h"
 #include "app/quendUtils.h"
@@ -17,18 +18,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The server takes statements of 64 MB, and a byte may need two places in one.
-constexpr qint64 mostMegabytes = 30;
+/// Room in a statement for what goes with the picture.
+constexpr quint64 statementBytes = 64 * 1024;
 
 QString pictureFilter() { return u"JPeg Dosyası (*.jpg)"_s; }
 QString noPictureText() { return u"Resim yok"_s; }
+
+/// A picture that the server would not take is refused when it is chosen: the save that fails by it would not say so.
+void refuseTooLarge(quint64 bytes, const QString& path) {
+  const quint64 limit = DM->MySQL.packetLimit();
+  if (limit != 0 && bytes + statementBytes >= limit)
+    throw EInOutError(u"Resim dosyası çok büyük, veritabanı en çok %1 MB alabilir: %2"_s.arg(limit >> 20).arg(path));
+}
 
 /// The whole of a file that may be added. Throws EInOutError.
 QByteArray readPictureFile(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) throw EInOutError(u"Dosya açılamadı: %1"_s.arg(path));
-  if (file.size() > mostMegabytes * 1024 * 1024) throw EInOutError(u"Resim dosyası en çok %1 MB olabilir: %2"_s.arg(mostMegabytes).arg(path));
+  refuseTooLarge(quint64(file.size()), path);
   const QByteArray bytes = file.readAll();
+  if (DM->MySQL.Connected()) refuseTooLarge(quint64(DM->MySQL.quoted(bytes).size()), path);
   if (file.error() != QFileDevice::NoError) throw EInOutError(u"Dosya okunamadı: %1"_s.arg(path));
   if (bytes.isEmpty()) throw EInOutError(u"Dosya boş: %1"_s.arg(path));
   return bytes;

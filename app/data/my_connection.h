@@ -56,6 +56,9 @@ class TMyConnection {
   /// Bytes between quotes, escaped for this connection. Needs no round trip. Throws EDatabaseError when it is not open.
   QByteArray quoted(const QByteArray& bytes) const;
 
+  /// Most bytes of a statement that the server takes; 0 when the connection is not open.
+  quint64 packetLimit() const { return packetLimit_; }
+
   /// Statements sent since the program started, each one round trip.
   quint64 roundTrips() const { return roundTrips_; }
 

@@ -181,7 +181,8 @@ TEST_F(SlipBadInput, OnlyReadableJpegFilesAreAdded) {
                                                                {{}, u"Dosya boş"_s},
                                                                {pictureBytes("PNG"), u"Resim bozuk"_s},
                                                                {good.left(100), u"Resim bozuk"_s},
-                                                               {good + QByteArray(30 * 1024 * 1024, 'x'), u"en çok 30 MB"_s}};
+                                                               {good + QByteArray(65 * 1024 * 1024, 'x'), u"en çok 64 MB"_s},
+                                                               {good + QByteArray(40 * 1024 * 1024, '\''), u"en çok 64 MB"_s}};
   for (const auto& [bytes, told] : refused) {
     chooseFile(u"kötü.jpg"_s, bytes);
     dialogs.texts.clear();
