@@ -237,6 +237,11 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
     return true;
   } catch (const EAbort&) {
     return false;
+  } catch (const EUnstorableValue& error) {
+    // The user knows the column by its caption.
+    const QString name = u"\"%1\""_s;
+    Q_EMIT rejected(QString(error.message()).replace(name.arg(error.field()), name.arg(columns_[size_t(index.column())].caption)));
+    return false;
   } catch (const Exception& error) {
     Q_EMIT rejected(error.message());
     return false;
