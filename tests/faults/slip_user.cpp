@@ -4,6 +4,7 @@
 #include "app/dmUnit.h"
 #include "app/guard.h"
 #include "app/kvbankUnit.h"
+#include "app/look.h"
 #include "app/parameters.h"
 #include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
@@ -142,7 +143,7 @@ class Workstation : public DialogDriver {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  QApplication::setStyle(u"Fusion"_s);
+  applyLook(application);
   TfKvb workspace;
   TDM dataModule;
   TfParametreler parameters;

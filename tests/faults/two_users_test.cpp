@@ -1,5 +1,5 @@
 // Two workstations on one database, each a process of its own. With KVTK_SHOTS naming a folder, every end is kept there as a
-// picture.
+// picture; a display (QT_QPA_PLATFORM=xcb under xvfb-run) gives them in full.
 #include "app/conflict_text.h"
 #include "app/data/my_query.h"
 #include "tests/faults/user_program.h"
