@@ -22,6 +22,7 @@
 #include <QDir>
 #include <QPainter>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <iostream>
@@ -144,6 +145,8 @@ class Workstation : public DialogDriver {
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
   applyLook(application);
+  const QTemporaryDir folder;  // window places are kept in the current one
+  QDir::setCurrent(folder.path());
   TfKvb workspace;
   TDM dataModule;
   TfParametreler parameters;
