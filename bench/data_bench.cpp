@@ -101,8 +101,11 @@ void compareReading(TMyQuery& query) {
 void comparePosting(TMyConnection& connection) {
   MYSQL* bare = bareConnection();
   TMyQuery query(connection, u"qBench"_s);
-  query.SQL.setText(u"select * from teknikservis where TS_ID = 1"_s);
+  query.SQL.setText(u"select * from teknikservis order by TS_ID limit 2"_s);
   query.Open();
+  query.Next();
+  const QByteArray otherId = QByteArray::number(query.FieldByName(u"TS_ID"_s).asInteger());
+  query.First();
   // Inside transactions, so that the disk's time for each commit hides nothing; on two rows, as each holds its lock.
   connection.StartTransaction();
   mysql_query(bare, "START TRANSACTION");
@@ -118,7 +121,7 @@ void comparePosting(TMyConnection& connection) {
       },
       [&] {
         for (int i = 0; i < 100; ++i) {
-          const QByteArray statement = "UPDATE teknikservis SET TS_MALIYET=" + QByteArray::number(++turn) + " WHERE TS_ID=2";
+          const QByteArray statement = "UPDATE teknikservis SET TS_MALIYET=" + QByteArray::number(++turn) + " WHERE TS_ID=" + otherId;
           if (mysql_real_query(bare, statement.constData(), ulong(statement.size())) != 0) qFatal("%s", mysql_error(bare));
         }
       },

@@ -77,6 +77,8 @@ MYSQL* Measuring::bareConnection() {
   if (mysql_real_connect(handle, account.server.toUtf8().constData(), account.name.toLatin1().constData(),
                          account.password.toLatin1().constData(), "kvtk", 3313, nullptr, 0) == nullptr)
     qFatal("%s", mysql_error(handle));
+  // As the program's own connection.
+  if (mysql_query(handle, "SET SESSION TRANSACTION ISOLATION LEVEL READ COMMITTED") != 0) qFatal("%s", mysql_error(handle));
   return handle;
 }
 
