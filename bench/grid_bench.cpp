@@ -131,6 +131,10 @@ int main(int argc, char** argv) {
     firstPaint = std::max(firstPaint, double(rowsCome.since.nsecsElapsed()) / 1e6);
   }
   figure(u"grid_first_paint_%1_ms"_s.arg(size), firstPaint, "ms");
+  figure(u"grid_footer_%1_ms"_s.arg(size), Measuring::best([&] {
+           for (int column = 0; column < grid.model()->columnCount(); ++column) grid.model()->footerValue(column);
+         }),
+         "ms");
   figure(u"grid_scroll_frame_%1_ms"_s.arg(size), worstPage(grid), "ms");
   figure(u"grid_filter_keystroke_%1_ms"_s.arg(size), worstKeystroke(grid), "ms");
   double grouped = 0;

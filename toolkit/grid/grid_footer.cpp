@@ -11,10 +11,15 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+/// Time in which the rows get painted before the sums, which take a while on many rows, are worked out.
+constexpr int afterRowsMs = 15;
+}  // namespace
+
 GridFooter::GridFooter(GridModel* model, GridView* view, QWidget* parent) : QWidget(parent), model_(model), view_(view) {
   setFixedHeight(view->fontMetrics().height() + 10);
   idle_.setSingleShot(true);
-  idle_.setInterval(0);
+  idle_.setInterval(afterRowsMs);
   connectGuarded(&idle_, &QTimer::timeout, this, [this] { workOut(); });
   connectGuarded(model, &GridModel::summariesChanged, this, [this] {
     if (!idle_.isActive()) idle_.start();
