@@ -3,6 +3,7 @@
 #include "toolkit/grid/xls_export.h"
 #include "toolkit/grid/xls_format.h"
 
+#include <QDir>
 #include <QFile>
 #include <QMap>
 #include <QTemporaryDir>
@@ -38,10 +39,11 @@ class ReadBack {
   }
 
   QStringList sheets;
-  QStringList codes;
-  /// "row,column" of each sheet to its value; dates and times with their format's code before them.
+  /// Row and column of each sheet to the value.
   std::vector<QMap<QPair<int, int>, QVariant>> cells;
-  std::vector<int> boldRows;
+  /// How the first sheet's cells look: the code of their number format, "*" behind it for bold.
+  QMap<QPair<int, int>, QString> looks;
+  QStringList chosenSheets;
 
  private:
   quint16 word(qsizetype at) const { return qFromLittleEndian<quint16>(stream_.constData() + at); }
@@ -62,7 +64,12 @@ class ReadBack {
         begins.push_back(dword(data));
         sheets += letters(data + 8, uchar(stream_[data + 6]), stream_[data + 7] & 1);
       } else if (number == 0x041E) {
-        codes += letters(data + 5, word(data + 2), stream_[data + 4] & 1);
+        codes_[word(data)] = letters(data + 5, word(data + 2), stream_[data + 4] & 1);
+      } else if (number == 0x0031) {
+        if (weights_.size() == 4) weights_.push_back(0);  // a font numbered 4 is never there
+        weights_.push_back(word(data + 6));
+      } else if (number == 0x00E0) {
+        formats_ += codes_.value(word(data + 2)) + (weights_.at(word(data)) == 700 ? u"*"_s : QString());
       } else if (number == 0x00FC) {
         readTexts(at);
       } else if (number == 0x000A) {
@@ -107,6 +114,9 @@ class ReadBack {
     for (qsizetype at = begin; word(at) != 0x000A; at += 4 + word(at + 2)) {
       const qsizetype data = at + 4;
       const QPair<int, int> place(word(data), word(data + 2));
+      const bool isCell = word(at) == 0x0203 || word(at) == 0x00FD;
+      if (isCell && cells.size() == 1) looks.insert(place, formats_.at(word(data + 4)));
+      if (word(at) == 0x023E && (word(data) & 0x0200)) chosenSheets += sheets[qsizetype(cells.size()) - 1];
       if (word(at) == 0x0203) {
         double number = 0;
         const quint64 bits = qFromLittleEndian<quint64>(stream_.constData() + data + 6);
@@ -120,6 +130,9 @@ class ReadBack {
 
   QByteArray stream_;
   QStringList texts_;
+  QMap<quint16, QString> codes_;
+  std::vector<quint16> weights_;
+  QStringList formats_;
 };
 
 class XlsTest : public testing::Test {
@@ -160,7 +173,10 @@ TEST_F(XlsTest, ValuesReadBackEqualAndOfTheirKind) {
   EXPECT_EQ(cells[qMakePair(5, 0)], u"satır\nsonu"_s);
   EXPECT_EQ(cells[qMakePair(5, 2)], u"01.05.1899"_s) << "before the spreadsheet's calendar";
   EXPECT_EQ(cells[qMakePair(6, 1)], 1250.375);
-  EXPECT_THAT(read.codes, testing::ElementsAre(u"#,##0.00;-#,##0.00"_s, u"dd\\.mm\\.yyyy"_s, u"dd\\.mm\\.yyyy hh:mm:ss"_s, u"hh:mm:ss"_s));
+  const QString amount = u"#,##0.00;-#,##0.00"_s;
+  for (const auto& [row, column, look] : {std::tuple(0, 0, u"*"_s), {1, 0, u"*"_s}, {2, 0, u""_s}, {2, 1, amount}, {2, 2, u"dd\\.mm\\.yyyy"_s},
+                                          {3, 2, u"dd\\.mm\\.yyyy hh:mm:ss"_s}, {4, 2, u"hh:mm:ss"_s}, {6, 1, amount + u'*'}})
+    EXPECT_EQ(read.looks[qMakePair(row, column)], look) << row << ',' << column;
 }
 
 TEST_F(XlsTest, TextsThatFillRecordsStayWhole) {
@@ -191,17 +207,29 @@ TEST_F(XlsTest, MoreRowsThanASheetHoldsGoOnInAnother) {
   exportXls(content, u"Bir sayfanın adı olamayacak kadar uzun"_s, file);
   const ReadBack read(file);
   ASSERT_EQ(read.sheets, (QStringList{u"Bir sayfanın adı olamayacak kad"_s, u"Bir sayfanın adı olamayacak (2)"_s}));
+  EXPECT_EQ(read.chosenSheets, QStringList{read.sheets[0]}) << "sheets chosen together are edited together";
   EXPECT_EQ(read.cells[0].size(), 65536 * 2);
   EXPECT_EQ(read.cells[1][qMakePair(0, 1)], u"AD"_s);
   EXPECT_EQ(read.cells[1][qMakePair(1, 0)], 65535.0);
   EXPECT_EQ(read.cells[1].lastKey(), qMakePair(70000 - 65535, 1));
 }
 
-TEST_F(XlsTest, AnEmptyTableAndAFolderThatCannotBeWrittenTo) {
+TEST_F(XlsTest, AnEmptyTableAndFilesThatCannotBeWritten) {
   content.columns = {{u"NO"_s}};
   exportXls(content, {}, file);
   EXPECT_EQ(ReadBack(file).sheets, QStringList{u"Sayfa"_s});
-  EXPECT_THROW(exportXls(content, u"A"_s, folder.filePath(u"yok/a.xls"_s)), EInOutError);
+  ASSERT_TRUE(QDir(folder.path()).mkdir(u"klasör.xls"_s));
+  const QPair<QString, const char*> cases[] = {{folder.filePath(u"yok/a.xls"_s), "klasör bulunamadı"},
+                                               {folder.filePath(u"klasör.xls"_s), "bu ad bir dosyanın değil"}};
+  for (const auto& [place, reason] : cases) {
+    try {
+      exportXls(content, u"A"_s, place);
+      ADD_FAILURE() << qPrintable(place);
+    } catch (const EInOutError& error) {
+      EXPECT_THAT(error.message().toStdString(), testing::HasSubstr(reason));
+    }
+  }
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{u"Çıktı.xls"_s}) << "nothing half-written stays";
 }
 
 TEST(XlsFormatTest, DisplayFormatsBecomeTheSpreadsheetsCodes) {

@@ -1,10 +1,9 @@
 #include "toolkit/grid/grid_layout.h"
 
-#include "app/exceptions.h"
+#include "app/whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -44,10 +43,7 @@ void GridLayouts::write(const GridLayout& layout, const QString& file) {
   lines += sortLines(layout.groups);
   lines += orderHead;
   lines += sortLines(layout.order);
-  QSaveFile out(file);
-  const QByteArray bytes = (lines.join(u"\r\n"_s) + u"\r\n"_s).toUtf8();
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
-    throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, out.errorString()));
+  WholeFile::replace(file, (lines.join(u"\r\n"_s) + u"\r\n"_s).toUtf8());
 }
 
 std::optional<GridLayout> GridLayouts::read(const QString& file) {

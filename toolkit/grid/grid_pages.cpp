@@ -127,7 +127,8 @@ void GridPages::paintRow(QPainter& painter, int row, const QRectF& band) const {
   painter.drawRect(band);
   painter.setPen(Qt::black);
   const double indent = cellMargin + 12 * content_.level(row);
-  painter.drawText(band.adjusted(indent, 0, -cellMargin, 0), Qt::AlignLeft | Qt::AlignVCenter, content_.groupText(row));
+  painter.drawText(band.adjusted(indent, 0, -cellMargin, 0), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                   content_.groupText(row));
 }
 
 void GridPages::paintCells(QPainter& painter, int row, const QRectF& band) const {
@@ -139,7 +140,7 @@ void GridPages::paintCells(QPainter& painter, int row, const QRectF& band) const
     painter.drawRect(cell);
     QString text = content_.text(row, int(column));
     if (text.isEmpty()) continue;
-    text.replace(u'\n', u' ');
+    text.remove(u'\r').replace(u'\n', u' ');
     painter.setPen(own.isValid() ? own : QColor(Qt::black));
     const QRectF room = cell.adjusted(cellMargin, 0, -cellMargin, 0);
     painter.drawText(room, (columns_[column].alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine,

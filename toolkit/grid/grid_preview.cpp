@@ -2,6 +2,7 @@
 
 #include "app/exceptions.h"
 #include "app/guard.h"
+#include "app/whole_file.h"
 #include "toolkit/edits/task_dialog.h"
 
 #include <QAction>
@@ -16,7 +17,6 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProgressDialog>
-#include <QSaveFile>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -29,7 +29,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double screenUnits = 96;   ///< of the pages, to the inch
 constexpr int pdfDotsPerInch = 300;
 constexpr double leastZoom = 0.25;
 constexpr double mostZoom = 4;
@@ -154,6 +153,8 @@ void GridPreview::buildToolBar() {
   row->addSpacing(12);
   addCommand(u"smaller"_s, u"Uzaklaştır"_s, u"zoom-out"_s, QKeySequence(u"Ctrl+-"_s), [this] { zoomTo(picture_->zoom() / zoomStep); });
   zoomText_ = new QLabel(toolBar_);
+  zoomText_->setAlignment(Qt::AlignCenter);
+  zoomText_->setMinimumWidth(zoomText_->fontMetrics().horizontalAdvance(u"%000"_s));
   row->addWidget(zoomText_);
   addCommand(u"larger"_s, u"Yakınlaştır"_s, u"zoom-in"_s, QKeySequence(u"Ctrl++"_s), [this] { zoomTo(picture_->zoom() * zoomStep); });
   addCommand(u"width"_s, u"Genişliğe sığdır"_s, u"zoom-fit-width"_s, QKeySequence(u"Ctrl+1"_s), [this] { fitWidth(); });
@@ -185,7 +186,7 @@ void GridPreview::fitPage() {
   zoomTo(std::min(room.width() / paper.width(), room.height() / paper.height()));
 }
 
-bool GridPreview::paintAll(QPagedPaintDevice& device, int first, int last, double unitsPerInch) {
+bool GridPreview::paintAll(QPagedPaintDevice& device, int first, int last) {
   QProgressDialog progress(u"Sayfalar hazırlanıyor..."_s, u"Durdur"_s, first, last + 1, this);
   progress.setWindowTitle(windowTitle());
   progress.setWindowModality(Qt::WindowModal);
@@ -196,11 +197,14 @@ bool GridPreview::paintAll(QPagedPaintDevice& device, int first, int last, doubl
     if (progress.wasCanceled()) return false;
     if (page > first && !device.newPage()) throw EInOutError(u"%1. sayfa yazılamadı."_s.arg(page + 1));
     painter.save();
-    painter.scale(unitsPerInch / screenUnits, unitsPerInch / screenUnits);
+    const QSizeF paper = GridPages::paperSize();
+    const double scale = std::min(device.width() / paper.width(), device.height() / paper.height());
+    painter.scale(scale, scale);
     pages_.paint(painter, page);
     painter.restore();
   }
-  return painter.end();
+  if (!painter.end()) throw EInOutError(u"Yazdırma tamamlanamadı."_s);
+  return true;
 }
 
 void GridPreview::print() {
@@ -223,21 +227,19 @@ void GridPreview::print() {
   const bool part = printer.printRange() == QPrinter::PageRange;
   const int first = part ? std::max(1, printer.fromPage()) - 1 : 0;
   const int last = part ? std::min(pages_.pageCount(), printer.toPage()) - 1 : pages_.pageCount() - 1;
-  if (!paintAll(printer, first, last, printer.resolution())) printer.abort();
+  if (!paintAll(printer, first, last)) printer.abort();
 }
 
 void GridPreview::writePdf(const QString& file) {
-  QSaveFile out(file);
-  const auto fail = [&] { throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, out.errorString())); };
-  if (!out.open(QIODevice::WriteOnly)) fail();
+  WholeFile out(file);
   {
     QPdfWriter pdf(&out);
     pdf.setTitle(request_.documentName);
     pdf.setResolution(pdfDotsPerInch);
     pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF(), QPageLayout::Millimeter));
-    if (!paintAll(pdf, 0, pages_.pageCount() - 1, pdfDotsPerInch)) return;
+    if (!paintAll(pdf, 0, pages_.pageCount() - 1)) return;
   }
-  if (!out.commit()) fail();
+  out.commit();
 }
 
 void GridPreview::savePdf() {

@@ -46,8 +46,9 @@ class GridPreview : public QDialog {
   void fitPage();
   void print();
   void savePdf();
-  /// False when the user stopped it.
-  bool paintAll(QPagedPaintDevice& device, int first, int last, double unitsPerInch);
+  /// Pages from first to last, each as large as the device's paper lets it be. False when the user stopped it. Throws
+  /// EInOutError.
+  bool paintAll(QPagedPaintDevice& device, int first, int last);
 
   std::unique_ptr<TableContent> content_;
   GridPreviewRequest request_;

@@ -1,11 +1,10 @@
 #include "toolkit/grid/xls_export.h"
 
 #include "app/exceptions.h"
+#include "app/whole_file.h"
 #include "toolkit/grid/biff_stream.h"
 #include "toolkit/grid/table_content.h"
 #include "toolkit/grid/xls_format.h"
-
-#include <QSaveFile>
 
 #include <gsf/gsf-outfile-msole.h>
 #include <gsf/gsf-output-memory.h>
@@ -22,11 +21,13 @@ constexpr int mostRows = 65536;       ///< of a sheet
 constexpr int mostColumns = 256;
 constexpr int mostLetters = 32767;    ///< of a cell
 constexpr double pixelsPerLetter = 7;
+constexpr quint8 lowerPane = 2;
 
 // Numbers of the records (Excel 97-2003 Binary File Format).
 enum Record : quint16 {
   Bof = 0x0809, Eof = 0x000A, CodePage = 0x0042, Window1 = 0x003D, Font = 0x0031, Format = 0x041E, Xf = 0x00E0, Style = 0x0293,
   BoundSheet = 0x0085, Dimensions = 0x0200, ColInfo = 0x007D, Number = 0x0203, LabelSst = 0x00FD, Window2 = 0x023E, Pane = 0x0041,
+  Selection = 0x001D,
 };
 
 constexpr int styleFormats = 15;  ///< formats that every workbook begins with
@@ -123,7 +124,7 @@ class Workbook {
     for (size_t column = 0; column < columns_.size(); ++column) writeText(sheet, 0, int(column), columns_[column].caption, bold);
     for (int row = first; row < last; ++row) writeRow(sheet, row, row - first + 1);
     sheet.begin(Window2);
-    sheet.word(0x07BE);
+    sheet.word(sheets_.size() == 1 ? 0x07BE : 0x01BE);  // one sheet alone is chosen; several would be edited together
     sheet.word(0);
     sheet.word(0);
     sheet.dword(64);
@@ -136,7 +137,12 @@ class Workbook {
     sheet.word(1);
     sheet.word(1);
     sheet.word(0);
-    sheet.word(2);
+    sheet.word(lowerPane);
+    sheet.end();
+    sheet.begin(Selection);
+    sheet.byte(lowerPane);
+    for (const quint16 value : {1, 0, 0, 1, 1, 1}) sheet.word(value);  // the first cell below the captions
+    sheet.word(0);
     sheet.end();
     sheet.empty(Eof);
   }
@@ -144,7 +150,9 @@ class Workbook {
   void writeRow(BiffStream& sheet, int row, int line) {
     const ContentRowKind kind = content_.rowKind(row);
     if (kind == ContentRowKind::Group) {
-      writeText(sheet, line, 0, content_.groupText(row), formatOf({0, true, std::min(content_.level(row), 15)}));
+      const QString text = content_.groupText(row);
+      checkLength(text, row, 0);
+      writeText(sheet, line, 0, text, formatOf({0, true, std::min(content_.level(row), 15)}));
       return;
     }
     for (size_t column = 0; column < columns_.size(); ++column) writeCell(sheet, row, line, int(column), kind != ContentRowKind::Data);
@@ -166,12 +174,16 @@ class Workbook {
     }
     const auto* text = std::get_if<QString>(&value.data());
     const QString shown = text != nullptr ? *text : content_.text(row, column);
-    if (shown.size() > mostLetters)
-      throw EInOutError(u"\"%1\" sütununun %2. satırındaki metin bir hücreye sığmıyor (en çok %3 karakter)."_s
-                            .arg(columns_[size_t(column)].caption)
-                            .arg(row + 1)
-                            .arg(mostLetters));
+    checkLength(shown, row, column);
     if (!shown.isEmpty()) writeText(sheet, line, column, shown, formatOf({0, bold, 0}));
+  }
+
+  void checkLength(const QString& text, int row, int column) const {
+    if (text.size() <= mostLetters) return;
+    throw EInOutError(u"\"%1\" sütununun %2. satırındaki metin bir hücreye sığmıyor (en çok %3 karakter)."_s
+                          .arg(columns_[size_t(column)].caption)
+                          .arg(row + 1)
+                          .arg(mostLetters));
   }
 
   void writeText(BiffStream& sheet, int line, int column, const QString& text, quint16 format) {
@@ -278,8 +290,5 @@ QByteArray inContainer(const QByteArray& workbook) {
 }  // namespace
 
 void exportXls(const TableContent& content, const QString& sheetName, const QString& file) {
-  const QByteArray bytes = inContainer(Workbook(content, sheetName).stream());
-  QSaveFile out(file);
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
-    throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, out.errorString()));
+  WholeFile::replace(file, inContainer(Workbook(content, sheetName).stream()));
 }

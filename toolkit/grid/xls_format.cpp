@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QStringList>
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -63,7 +65,8 @@ std::optional<XlsFormat::Cell> XlsFormat::numberOf(const Value& value) {
     if (*whole > exactWhole || *whole < -exactWhole) return std::nullopt;
     return Cell{double(*whole)};
   }
-  if (const auto* number = std::get_if<double>(&value.data())) return Cell{*number};
+  if (const auto* number = std::get_if<double>(&value.data()); number != nullptr && std::isfinite(*number))
+    return Cell{*number};
   if (const auto* decimal = std::get_if<Decimal>(&value.data())) return Cell{decimal->text.toDouble()};
   if (const auto* date = std::get_if<QDate>(&value.data())) {
     const auto days = daysOf(*date);
