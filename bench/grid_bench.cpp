@@ -49,10 +49,10 @@ class RowsCome : private QueryListener {
   TMyQuery& query_;
 };
 
-/// What is waiting to be painted is painted.
+/// What is waiting to be painted is painted; what waits for an idle moment is not done.
 void paint(DataGrid& grid) {
   grid.view()->viewport()->update();
-  QCoreApplication::processEvents();
+  QCoreApplication::sendPostedEvents();
 }
 
 double worstPage(DataGrid& grid) {

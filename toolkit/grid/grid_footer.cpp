@@ -11,29 +11,25 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-/// Time in which the rows get painted before the sums, which take a while on many rows, are worked out.
-constexpr int afterRowsMs = 15;
-}  // namespace
-
 GridFooter::GridFooter(GridModel* model, GridView* view, QWidget* parent) : QWidget(parent), model_(model), view_(view) {
   setFixedHeight(view->fontMetrics().height() + 10);
   idle_.setSingleShot(true);
-  idle_.setInterval(afterRowsMs);
+  idle_.setInterval(0);
   connectGuarded(&idle_, &QTimer::timeout, this, [this] { workOut(); });
   connectGuarded(model, &GridModel::summariesChanged, this, [this] {
-    if (!idle_.isActive()) idle_.start();
+    stale_ = true;
+    update();
   });
   const auto repaint = [this] { update(); };
   connectGuarded(view->header(), &QHeaderView::geometriesChanged, this, repaint);
   connectGuarded(view->header(), &QHeaderView::sectionResized, this, repaint);
   connectGuarded(view->header(), &QHeaderView::sectionMoved, this, repaint);
   connectGuarded(view->horizontalScrollBar(), &QScrollBar::valueChanged, this, repaint);
-  idle_.start();
 }
 
 void GridFooter::workOut() {
   idle_.stop();
+  stale_ = false;
   texts_.clear();
   QStringList spoken;
   for (int column = 0; column < model_->columnCount(); ++column) {
@@ -46,12 +42,14 @@ void GridFooter::workOut() {
 }
 
 QString GridFooter::textOf(int column) {
-  if (idle_.isActive() || texts_.empty()) workOut();
+  if (stale_) workOut();
   return texts_[size_t(column)];
 }
 
 void GridFooter::paintEvent(QPaintEvent*) {
   guarded(this, [&] {
+    // Painted together with the rows, so these are on the screen before the sums are begun.
+    if (stale_ && !idle_.isActive()) idle_.start();
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Button));
     painter.setPen(palette().color(QPalette::Mid));

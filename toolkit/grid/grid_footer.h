@@ -27,5 +27,6 @@ class GridFooter : public QWidget {
   GridModel* model_;
   GridView* view_;
   std::vector<QString> texts_;
+  bool stale_ = true;  ///< the texts are those of other rows
   QTimer idle_;
 };
