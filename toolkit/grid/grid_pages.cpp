@@ -134,16 +134,23 @@ void GridPages::paintRow(QPainter& painter, int row, const QRectF& band) const {
 void GridPages::paintCells(QPainter& painter, int row, const QRectF& band) const {
   const QFontMetricsF metrics(painter.font());
   const QColor own = content_.textColor(row);
+  const bool isFooter = content_.rowKind(row) != ContentRowKind::Data;
+  QStringList texts;
   for (size_t column = 0; column < columns_.size(); ++column) {
-    const QRectF cell(lefts_[column], band.top(), lefts_[column + 1] - lefts_[column], band.height());
     painter.setPen(lineColor);
-    painter.drawRect(cell);
-    QString text = content_.text(row, int(column));
+    painter.drawRect(QRectF(lefts_[column], band.top(), lefts_[column + 1] - lefts_[column], band.height()));
+    texts += content_.text(row, int(column)).remove(u'\r').replace(u'\n', u' ');
+  }
+  painter.setPen(own.isValid() ? own : QColor(Qt::black));
+  for (size_t column = 0; column < columns_.size(); ++column) {
+    const QString& text = texts[qsizetype(column)];
     if (text.isEmpty()) continue;
-    text.remove(u'\r').replace(u'\n', u' ');
-    painter.setPen(own.isValid() ? own : QColor(Qt::black));
-    const QRectF room = cell.adjusted(cellMargin, 0, -cellMargin, 0);
-    painter.drawText(room, (columns_[column].alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine,
+    const bool toTheRight = columns_[column].alignsRight;
+    size_t behind = column + 1;
+    // A count under a narrow column runs on over the empty ones beside it.
+    while (isFooter && !toTheRight && behind < columns_.size() && texts[qsizetype(behind)].isEmpty()) ++behind;
+    const QRectF room(lefts_[column] + cellMargin, band.top(), lefts_[behind] - lefts_[column] - 2 * cellMargin, band.height());
+    painter.drawText(room, (toTheRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine,
                      metrics.elidedText(text, Qt::ElideRight, room.width()));
   }
 }

@@ -158,7 +158,7 @@ void GridPreview::buildToolBar() {
   row->addWidget(zoomText_);
   addCommand(u"larger"_s, u"Yakınlaştır"_s, u"zoom-in"_s, QKeySequence(u"Ctrl++"_s), [this] { zoomTo(picture_->zoom() * zoomStep); });
   addCommand(u"width"_s, u"Genişliğe sığdır"_s, u"zoom-fit-width"_s, QKeySequence(u"Ctrl+1"_s), [this] { fitWidth(); });
-  addCommand(u"whole"_s, u"Sayfayı sığdır"_s, u"zoom-fit-best"_s, QKeySequence(u"Ctrl+0"_s), [this] { fitPage(); });
+  addCommand(u"whole"_s, u"Sayfayı sığdır"_s, u"view-pages-single"_s, QKeySequence(u"Ctrl+0"_s), [this] { fitPage(); });
   row->addStretch(1);
   withCaption(addCommand(u"close"_s, u"Kapat"_s, u"window-close"_s, {}, [this] { reject(); }));
 }

@@ -22,12 +22,13 @@ constexpr int mostColumns = 256;
 constexpr int mostLetters = 32767;    ///< of a cell
 constexpr double pixelsPerLetter = 7;
 constexpr quint8 lowerPane = 2;
+constexpr quint16 rowHeight = 300;    ///< twentieths of a point; capitals with dots and hooks are taller than the usual row
 
 // Numbers of the records (Excel 97-2003 Binary File Format).
 enum Record : quint16 {
   Bof = 0x0809, Eof = 0x000A, CodePage = 0x0042, Window1 = 0x003D, Font = 0x0031, Format = 0x041E, Xf = 0x00E0, Style = 0x0293,
   BoundSheet = 0x0085, Dimensions = 0x0200, ColInfo = 0x007D, Number = 0x0203, LabelSst = 0x00FD, Window2 = 0x023E, Pane = 0x0041,
-  Selection = 0x001D,
+  Selection = 0x001D, DefaultRowHeight = 0x0225,
 };
 
 constexpr int styleFormats = 15;  ///< formats that every workbook begins with
@@ -39,6 +40,7 @@ struct CellFormat {
   quint16 numberFormat = 0;
   bool bold = false;
   int indent = 0;
+  bool toTheRight = false;
   bool operator==(const CellFormat&) const = default;
 };
 
@@ -103,6 +105,10 @@ class Workbook {
   void writeSheet(int first, int last) {
     BiffStream& sheet = sheets_.emplace_back();
     bof(sheet, 0x0010);
+    sheet.begin(DefaultRowHeight);
+    sheet.word(1);
+    sheet.word(rowHeight);
+    sheet.end();
     for (size_t column = 0; column < columns_.size(); ++column) {
       sheet.begin(ColInfo);
       sheet.word(quint16(column));
@@ -120,8 +126,8 @@ class Workbook {
     sheet.word(quint16(columns_.size()));
     sheet.word(0);
     sheet.end();
-    const quint16 bold = formatOf({0, true, 0});
-    for (size_t column = 0; column < columns_.size(); ++column) writeText(sheet, 0, int(column), columns_[column].caption, bold);
+    for (size_t column = 0; column < columns_.size(); ++column)
+      writeText(sheet, 0, int(column), columns_[column].caption, formatOf({0, true, 0, columns_[column].alignsRight}));
     for (int row = first; row < last; ++row) writeRow(sheet, row, row - first + 1);
     sheet.begin(Window2);
     sheet.word(sheets_.size() == 1 ? 0x07BE : 0x01BE);  // one sheet alone is chosen; several would be edited together
@@ -152,7 +158,7 @@ class Workbook {
     if (kind == ContentRowKind::Group) {
       const QString text = content_.groupText(row);
       checkLength(text, row, 0);
-      writeText(sheet, line, 0, text, formatOf({0, true, std::min(content_.level(row), 15)}));
+      writeText(sheet, line, 0, text, formatOf({0, true, std::min(content_.level(row), 15), false}));
       return;
     }
     for (size_t column = 0; column < columns_.size(); ++column) writeCell(sheet, row, line, int(column), kind != ContentRowKind::Data);
@@ -167,7 +173,7 @@ class Workbook {
       sheet.begin(Number);
       sheet.word(quint16(line));
       sheet.word(quint16(column));
-      sheet.word(formatOf({numberFormatOf(code), bold, 0}));
+      sheet.word(formatOf({numberFormatOf(code), bold, 0, false}));
       sheet.real(number->value);
       sheet.end();
       return;
@@ -175,7 +181,7 @@ class Workbook {
     const auto* text = std::get_if<QString>(&value.data());
     const QString shown = text != nullptr ? *text : content_.text(row, column);
     checkLength(shown, row, column);
-    if (!shown.isEmpty()) writeText(sheet, line, column, shown, formatOf({0, bold, 0}));
+    if (!shown.isEmpty()) writeText(sheet, line, column, shown, formatOf({0, bold, 0, false}));
   }
 
   void checkLength(const QString& text, int row, int column) const {
@@ -215,7 +221,7 @@ class Workbook {
     stream.word(format.bold ? boldFont : plainFont);
     stream.word(format.numberFormat);
     stream.word(isStyle ? 0xFFF5 : 0x0001);
-    stream.byte(format.indent > 0 ? 0x21 : 0x20);
+    stream.byte(quint8(0x20 | (format.toTheRight ? 3 : format.indent > 0 ? 1 : 0)));
     stream.byte(0);
     stream.byte(quint8(format.indent));
     stream.byte(isStyle ? 0xF4 : 0x1C);
