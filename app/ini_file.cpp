@@ -1,11 +1,11 @@
 #include "app/ini_file.h"
 
 #include "app/exceptions.h"
+#include "app/whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QList>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -80,7 +80,5 @@ void IniFile::write(const QString& file, const QString& section, const QString& 
     lines += (u'[' + section + u']').toUtf8();
     lines += line;
   }
-  QSaveFile out(file);
-  const QByteArray bytes = lines.join("\r\n") + "\r\n";
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit()) fail(out.errorString());
+  WholeFile::replace(file, lines.join("\r\n") + "\r\n");
 }

@@ -3,11 +3,11 @@
 #include "app/data/latin5.h"
 #include "app/exceptions.h"
 #include "app/text_tools.h"
+#include "app/whole_file.h"
 #include "service/slip_lists.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QSet>
 #include <QStringDecoder>
 
@@ -203,8 +203,4 @@ std::optional<QByteArray> ParameterFiles::load(const QString& file) {
   return bytes;
 }
 
-void ParameterFiles::save(const QString& file, const QByteArray& bytes) {
-  QSaveFile out(file);
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.commit())
-    throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, out.errorString()));
-}
+void ParameterFiles::save(const QString& file, const QByteArray& bytes) { WholeFile::replace(file, bytes); }

@@ -4,6 +4,7 @@
 #include "app/exceptions.h"
 #include "app/guard.h"
 #include "app/quendUtils.h"
+#include "app/whole_file.h"
 #include "service/ffoto_unit.h"
 #include "toolkit/edits/image_box.h"
 #include "toolkit/edits/task_dialog.h"
@@ -11,7 +12,6 @@
 #include <QBoxLayout>
 #include <QFile>
 #include <QGroupBox>
-#include <QSaveFile>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
@@ -127,9 +127,5 @@ void SlipPicturePage::savePicture() {
   if (bytes_.isEmpty()) return;
   const QString path = askSaveFile(this, u"Resmi Kaydet"_s, pictureFilter(), u"jpg"_s);
   if (path.isEmpty()) return;
-  telling([&] {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes_) != bytes_.size() || !file.commit())
-      throw EInOutError(u"Dosya yazılamadı: %1"_s.arg(path));
-  });
+  telling([&] { WholeFile::replace(path, bytes_); });
 }

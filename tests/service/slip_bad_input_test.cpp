@@ -195,7 +195,7 @@ TEST_F(SlipBadInput, OnlyReadableJpegFilesAreAdded) {
   EXPECT_TRUE(dialogs.texts.last().contains(u"Dosya açılamadı"_s));
   dialogs.file = folder.filePath(u"yok/kopya.jpg"_s);
   click(slip, u"RzBitBtn1"_s);
-  EXPECT_TRUE(dialogs.texts.last().contains(u"Dosya yazılamadı"_s));
+  EXPECT_TRUE(dialogs.texts.last().contains(u"dosyasına yazılamadı"_s));
   save(slip);
   EXPECT_EQ(storedPicture(), digest(good)) << "the picture that stood there stays";
 
