@@ -1,6 +1,5 @@
 #include "tests/cards/cards_fixture.h"
 
-#include "app/data/latin5.h"
 #include "app/editors/qcx_db_editors.h"
 #include "toolkit/shell/command_updates.h"
 
@@ -22,26 +21,6 @@ void CardsTest::TearDown() {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   setUnhandledHandler({});
   EXPECT_TRUE(unhandled.isEmpty()) << qPrintable(unhandled.join(u'\n'));
-}
-
-void CardsTest::run(QStringView statement) {
-  database.connection().execute(Latin5::encode(statement.toString(), u"statement"_s));
-}
-
-QString CardsTest::rows(const QString& statement) {
-  TMyQuery query(database.connection(), u"check"_s);
-  query.SQL.setText(statement);
-  query.Open();
-  QStringList all;
-  for (int row = 0; row < query.RecordCount(); ++row) {
-    QStringList cells;
-    for (int field = 0; field < query.fieldCount(); ++field) {
-      const Value value = query.valueAt(row, field);
-      cells.append(value.isNull() ? u"~"_s : value.toText());
-    }
-    all.append(cells.join(u'|'));
-  }
-  return all.join(u';');
 }
 
 void CardsTest::within(const std::function<void()>& open, QDialog& screen, const std::function<void()>& work) {

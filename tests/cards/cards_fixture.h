@@ -38,9 +38,9 @@ class CardsTest : public testing::Test {
   void TearDown() override;
 
   /// Runs a statement as another workstation.
-  void run(QStringView statement);
+  void run(QStringView statement) { database.run(statement); }
   /// Rows of a statement as another workstation sees them: fields joined by "|", rows by ";", NULL as "~".
-  QString rows(const QString& statement);
+  QString rows(const QString& statement) { return database.rows(statement); }
 
   /// Opens a modal screen and works on it while it is open; an error that comes out of open() is kept in unhandled. What the
   /// work leaves open is closed.

@@ -1,6 +1,5 @@
 #include "tests/service/slip_form_fixture.h"
 
-#include "app/data/latin5.h"
 #include "app/parameter_models.h"
 
 #include <QListView>
@@ -26,26 +25,6 @@ QWidget* keyTarget() {
 }
 
 }  // namespace
-
-void SlipFormTest::run(QStringView statement) {
-  database.connection().execute(Latin5::encode(statement.toString(), u"statement"_s));
-}
-
-QString SlipFormTest::rows(const QString& statement) {
-  TMyQuery query(database.connection(), u"check"_s);
-  query.SQL.setText(statement);
-  query.Open();
-  QStringList all;
-  for (int row = 0; row < query.RecordCount(); ++row) {
-    QStringList cells;
-    for (int field = 0; field < query.fieldCount(); ++field) {
-      const Value value = query.valueAt(row, field);
-      cells.append(value.isNull() ? u"~"_s : value.toText());
-    }
-    all.append(cells.join(u'|'));
-  }
-  return all.join(u';');
-}
 
 TfServisFis* SlipFormTest::newSlip() {
   workspace.newSlip();

@@ -1,5 +1,7 @@
 #include "tests/support/test_database.h"
 
+#include "app/data/latin5.h"
+#include "app/data/my_query.h"
 #include "app/exceptions.h"
 #include "app/login_rules.h"
 
@@ -20,6 +22,26 @@ void TestDatabase::open(TMyConnection& connection) {
   connection.Username = LoginRules::account(u"quend"_s);
   connection.Password = LoginRules::password(u"quend"_s);
   connection.Connect();
+}
+
+void TestDatabase::run(QStringView statement) {
+  first_.execute(Latin5::encode(statement.toString(), u"statement"_s));
+}
+
+QString TestDatabase::rows(const QString& statement) {
+  TMyQuery query(first_, u"check"_s);
+  query.SQL.setText(statement);
+  query.Open();
+  QStringList all;
+  for (int row = 0; row < query.RecordCount(); ++row) {
+    QStringList cells;
+    for (int field = 0; field < query.fieldCount(); ++field) {
+      const Value value = query.valueAt(row, field);
+      cells.append(value.isNull() ? u"~"_s : value.toText());
+    }
+    all.append(cells.join(u'|'));
+  }
+  return all.join(u';');
 }
 
 void TestDatabase::emptyTables() {

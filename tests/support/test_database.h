@@ -13,6 +13,10 @@ class TestDatabase {
   TMyConnection& secondConnection();
   /// Connects any connection to the test server.
   static void open(TMyConnection& connection);
+  /// Runs a statement, Turkish letters and all.
+  void run(QStringView statement);
+  /// What a query gives: cells parted by "|", rows by ";", NULL as "~".
+  QString rows(const QString& statement);
   /// Empties every table that screens write, but for the single rows of sirket and doviz.
   void emptyTables();
 

@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -106,6 +107,34 @@ TEST_F(GridTest, FilterRowNarrowsAsOneTypes) {
   EXPECT_EQ(QApplication::focusWidget(), grid->view()) << "Enter goes to the rows";
   press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(lines(), allNamesWith({}));
+}
+
+TEST_F(GridTest, SearchCellsStandUnderTheirColumns) {
+  fill();
+  show();
+  grid->setFilterRow(true);
+  grid->resize(300, 320);
+  QCoreApplication::processEvents();
+  const GridHeader* header = grid->view()->header();
+  const auto inPlace = [&] {
+    for (const int column : grid->view()->shownColumns()) {
+      const QRect cell = grid->filterRow()->cell(column)->geometry();
+      if (cell.x() != header->sectionViewportPosition(column) || cell.width() != header->sectionSize(column)) return false;
+    }
+    return true;
+  };
+  EXPECT_TRUE(inPlace());
+  grid->view()->horizontalScrollBar()->setValue(120);
+  QCoreApplication::processEvents();
+  ASSERT_EQ(header->offset(), 120);
+  EXPECT_TRUE(inPlace()) << "scrolled";
+  grid->view()->header()->moveSection(2, 4);
+  EXPECT_TRUE(inPlace()) << "moved";
+  const int last = grid->view()->shownColumns().back();
+  grid->view()->horizontalScrollBar()->setValue(0);
+  grid->filterRow()->focusCell(last);
+  EXPECT_GT(grid->view()->horizontalScrollBar()->value(), 0) << "a cell that gets the keyboard comes into view";
+  EXPECT_TRUE(inPlace());
 }
 
 TEST_F(GridTest, FilterCellsUnderstandEveryKindOfColumn) {

@@ -65,6 +65,7 @@ void DataGrid::build(const QString& caption) {
     filterEnabled_ = true;
     applyFilter();
   });
+  connectGuarded(filterRow_, &FilterRow::entered, view_, [this](int entered) { view_->bringIntoView(entered); });
   connectGuarded(filterRow_, &FilterRow::left, this, [this](int left) {
     view_->setFocus();
     const int line = std::max(0, view_->currentLine());

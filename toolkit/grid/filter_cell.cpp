@@ -123,6 +123,7 @@ void FilterCell::openComparisons() {
 
 bool FilterCell::eventFilter(QObject* watched, QEvent* event) {
   if (watched == line_ && (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)) row_->updatePrompt();
+  if (watched == line_ && event->type() == QEvent::FocusIn) Q_EMIT row_->entered(number_);
   if (watched != line_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   const auto* press = static_cast<QKeyEvent*>(event);
   const bool listOpen = lookUp_ != nullptr && lookUp_->isDropDownOpen();

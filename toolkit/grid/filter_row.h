@@ -43,6 +43,8 @@ class FilterRow : public QWidget {
 
  Q_SIGNALS:
   void changed();
+  /// A cell got the keyboard.
+  void entered(int column);
   /// The user wants to go on in the rows.
   void left(int column);
 

@@ -4,6 +4,7 @@
 #include "app/guard.h"
 #include "app/turkish_text.h"
 #include "toolkit/edits/edit_frame.h"
+#include "toolkit/grid/filter_row.h"
 #include "toolkit/grid/grid_accessible.h"
 #include "toolkit/grid/grid_delegate.h"
 #include "toolkit/grid/grid_header.h"
@@ -138,6 +139,16 @@ void GridView::reset() {
   QTableView::reset();
 }
 
+void GridView::bringIntoView(int column) {
+  const int left = header_->sectionViewportPosition(column);
+  const int beyond = left + header_->sectionSize(column) - viewport()->width();
+  QScrollBar* bar = horizontalScrollBar();
+  if (left < 0)
+    bar->setValue(bar->value() + left);
+  else if (beyond > 0)
+    bar->setValue(bar->value() + std::min(beyond, left));
+}
+
 int GridView::fittingWidth(int column) const {
   const QFontMetrics metrics = fontMetrics();
   int width = header_->sectionSizeHint(column) + 14;
@@ -242,7 +253,7 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
 
 void GridView::scrollContentsBy(int dx, int dy) {
   QTableView::scrollContentsBy(dx, dy);
-  if (dx != 0) header_->updateGeometry();
+  if (dx != 0) header_->filterRow()->arrange();
   if (model_->rows().isGrouped() || model_->rowCount() == 0) viewport()->update();
 }
 

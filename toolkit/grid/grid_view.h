@@ -37,6 +37,8 @@ class GridView : public QTableView {
   void focusRefusedEditor();
   /// What is being searched for; empty when nothing is.
   const QString& searched() const { return searched_; }
+  /// Scrolls sideways until the column shows.
+  void bringIntoView(int column);
   /// Width that shows the caption and the visible rows whole.
   int fittingWidth(int column) const;
   void reset() override;
