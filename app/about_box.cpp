@@ -1,6 +1,6 @@
 #include "app/about_box.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "app/quendUtils.h"
 
 #include <QApplication>

@@ -2,11 +2,11 @@
 
 #include "app/about_box.h"
 #include "app/dmUnit.h"
-#include "app/guard.h"
+#include "base/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"
-#include "app/platform/time_zone.h"
+#include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "cards/customer_devices.h"
 #include "cards/customer_editor.h"

@@ -1,7 +1,7 @@
 #include "app/dmUnit.h"
 
 #include "app/kvbankUnit.h"
-#include "app/platform/server_check.h"
+#include "base/platform/server_check.h"
 #include "app/rights.h"
 #include "app/Unit14.h"
 

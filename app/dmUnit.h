@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/data/my_connection.h"
-#include "app/data/my_query.h"
+#include "base/data/my_connection.h"
+#include "base/data/my_query.h"
 
 /// Asks for the database service of this connection's server.
 class ServerControl {

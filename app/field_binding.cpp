@@ -1,7 +1,7 @@
 #include "app/field_binding.h"
 
-#include "app/data/my_query.h"
-#include "app/exceptions.h"
+#include "base/data/my_query.h"
+#include "base/exceptions.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/edit_control.h"
 #include "toolkit/edits/image_box.h"

@@ -1,7 +1,7 @@
 #include "app/login_rules.h"
 
-#include "app/environment.h"
-#include "app/text_tools.h"
+#include "base/environment.h"
+#include "base/text_tools.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,9 +1,9 @@
 #include "app/parameter_files.h"
 
-#include "app/data/latin5.h"
-#include "app/exceptions.h"
-#include "app/text_tools.h"
-#include "app/whole_file.h"
+#include "base/data/latin5.h"
+#include "base/exceptions.h"
+#include "base/text_tools.h"
+#include "base/whole_file.h"
 #include "service/slip_lists.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "app/parameter_models.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 #include <QColor>
 #include <QComboBox>

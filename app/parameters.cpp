@@ -1,11 +1,11 @@
 #include "app/parameters.h"
 
-#include "app/environment.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
-#include "app/log_file.h"
+#include "base/environment.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "base/log_file.h"
 #include "app/parameter_models.h"
-#include "app/program_paths.h"
+#include "base/program_paths.h"
 #include "app/quendUtils.h"
 #include "toolkit/edits/combo_edit.h"
 

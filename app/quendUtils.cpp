@@ -1,13 +1,13 @@
 #include "app/quendUtils.h"
 
-#include "app/data/value.h"
-#include "app/environment.h"
-#include "app/exceptions.h"
+#include "base/data/value.h"
+#include "base/environment.h"
+#include "base/exceptions.h"
 #include "app/field_binding.h"
-#include "app/ini_file.h"
-#include "app/platform/file_version.h"
-#include "app/platform/machine.h"
-#include "app/text_tools.h"
+#include "base/ini_file.h"
+#include "base/platform/file_version.h"
+#include "base/platform/machine.h"
+#include "base/text_tools.h"
 #include "toolkit/edits/task_dialog.h"
 
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "app/rights.h"
 
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "app/login_rules.h"
 
 #include <QStringList>

@@ -5,11 +5,11 @@
 //   browser_sort_no_100k_ms   sorted by number, from the command to the painted list
 
 #include "app/dmUnit.h"
-#include "app/environment.h"
+#include "base/environment.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"
-#include "app/platform/time_zone.h"
+#include "base/platform/time_zone.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"

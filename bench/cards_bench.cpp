@@ -8,7 +8,7 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
-#include "app/platform/time_zone.h"
+#include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"
 #include "cards/customer_list.h"

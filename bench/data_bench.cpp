@@ -2,10 +2,10 @@
 // the server in KVTK_COMPUTER_NAME. Both sides of a ratio are measured in this run, by turns; times are the fastest of the
 // rounds, so that what else the machine does counts least.
 
-#include "app/data/filter_expression.h"
-#include "app/data/my_query.h"
+#include "base/data/filter_expression.h"
+#include "base/data/my_query.h"
 #include "app/login_rules.h"
-#include "app/platform/time_zone.h"
+#include "base/platform/time_zone.h"
 #include "bench/measuring.h"
 
 #include <QCoreApplication>

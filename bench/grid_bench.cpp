@@ -1,9 +1,9 @@
 // kvtk-bench-grid 100k|1m: figures of the data grid over the slips of the server in KVTK_COMPUTER_NAME, with the columns of
 // the slips' list. Every time is the worst of its rounds and ends with the picture on the screen.
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "app/look.h"
-#include "app/platform/time_zone.h"
+#include "base/platform/time_zone.h"
 #include "bench/measuring.h"
 #include "service/slip_tables.h"
 #include "toolkit/grid/data_grid.h"

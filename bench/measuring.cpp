@@ -1,6 +1,6 @@
 #include "bench/measuring.h"
 
-#include "app/data/my_connection.h"
+#include "base/data/my_connection.h"
 #include "app/login_rules.h"
 
 #include <QElapsedTimer>

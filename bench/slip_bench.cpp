@@ -13,7 +13,7 @@
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"
-#include "app/platform/time_zone.h"
+#include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"
 #include "reminders/fhatirlat_unit.h"

@@ -11,7 +11,7 @@
 #include "app/application.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
-#include "app/program_paths.h"
+#include "base/program_paths.h"
 #include "app/rights.h"
 #include "service/fservisfis_unit.h"
 #include "toolkit/edits/edit_control.h"

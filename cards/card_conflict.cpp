@@ -1,9 +1,9 @@
 #include "cards/card_conflict.h"
 
-#include "app/conflict_text.h"
-#include "app/data/my_query.h"
+#include "base/conflict_text.h"
+#include "base/data/my_query.h"
 #include "app/dmUnit.h"
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "cards/card_rules.h"

@@ -1,8 +1,8 @@
 #include "cards/card_editor.h"
 
 #include "app/editors/qcx_db_editors.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 #include "toolkit/shell/command_bar.h"
 
 #include <QAction>

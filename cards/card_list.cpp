@@ -1,8 +1,8 @@
 #include "cards/card_list.h"
 
 #include "app/dmUnit.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 #include "app/quendUtils.h"
 #include "app/rights.h"
 #include "app/Unit14.h"

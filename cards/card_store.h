@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 
 /// Every statement of the card screens. What runs one throws EDatabaseError and its children.
 namespace CardStore {

@@ -1,7 +1,7 @@
 #include "cards/csv_text.h"
 
-#include "app/data/latin5.h"
-#include "app/exceptions.h"
+#include "base/data/latin5.h"
+#include "base/exceptions.h"
 
 #include <QStringDecoder>
 

@@ -1,8 +1,8 @@
 #include "cards/customer_editor.h"
 
 #include "app/editors/qcx_db_editors.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 #include "app/Unit14.h"
 #include "cards/card_conflict.h"
 #include "cards/customer_list.h"

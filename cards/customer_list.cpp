@@ -1,8 +1,8 @@
 #include "cards/customer_list.h"
 
-#include "app/guard.h"
-#include "app/platform/shell_open.h"
-#include "app/program_paths.h"
+#include "base/guard.h"
+#include "base/platform/shell_open.h"
+#include "base/program_paths.h"
 #include "cards/card_columns.h"
 #include "cards/card_rules.h"
 #include "cards/card_store.h"

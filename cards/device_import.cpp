@@ -1,8 +1,8 @@
 #include "cards/device_import.h"
 
-#include "app/data/latin5.h"
-#include "app/exceptions.h"
-#include "app/turkish_text.h"
+#include "base/data/latin5.h"
+#include "base/exceptions.h"
+#include "base/turkish_text.h"
 #include "cards/csv_text.h"
 
 #include <QHash>

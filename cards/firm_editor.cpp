@@ -1,6 +1,6 @@
 #include "cards/firm_editor.h"
 
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "cards/firm_list.h"
 #include "service/fservisfis_unit.h"
 #include "service/slip_conflict.h"

@@ -1,9 +1,9 @@
 #include "cards/in_place_list.h"
 
-#include "app/conflict_text.h"
+#include "base/conflict_text.h"
 #include "app/dmUnit.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 #include "cards/card_rules.h"
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/grid/data_grid.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/grid/grid_column.h"
 

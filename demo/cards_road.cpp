@@ -1,6 +1,6 @@
 #include "demo/cards_road.h"
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "cards/customer_devices.h"

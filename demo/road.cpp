@@ -1,6 +1,6 @@
 #include "demo/road.h"
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "demo/cards_road.h"

@@ -1,8 +1,8 @@
 #include "demo/slip_list_road.h"
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "app/dmUnit.h"
-#include "app/environment.h"
+#include "base/environment.h"
 #include "app/parameters.h"
 #include "demo/screen_hands.h"
 #include "service/fservisfissecUnit.h"

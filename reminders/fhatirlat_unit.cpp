@@ -1,8 +1,8 @@
 #include "reminders/fhatirlat_unit.h"
 
-#include "app/date_text.h"
-#include "app/environment.h"
-#include "app/guard.h"
+#include "base/date_text.h"
+#include "base/environment.h"
+#include "base/guard.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/time_edit.h"

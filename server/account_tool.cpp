@@ -3,10 +3,10 @@
 // kvtk-account --user HOST…: the same for one user more. The master account is refused, and so is a name of other letters
 // than those that go through every file and script: after the login's rules A to Z, digits, "_", "-" and ".", 32 at most.
 
-#include "app/data/latin5.h"
-#include "app/exceptions.h"
+#include "base/data/latin5.h"
+#include "base/exceptions.h"
 #include "app/login_rules.h"
-#include "app/turkish_text.h"
+#include "base/turkish_text.h"
 
 #include <QFile>
 

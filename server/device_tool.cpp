@@ -1,7 +1,7 @@
 // kvtk-devices FILE: reads a file of devices and prints the SQL text that brings the catalogue up to date. Lines that are not
 // taken are told on the standard error stream. Exit code 0: every line is taken, 3: some are not, 1: the file cannot be used.
 
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "cards/device_import.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "service/outside_service_store.h"
 #include "service/slip_look_ups.h"
 #include "toolkit/edits/balloon.h"

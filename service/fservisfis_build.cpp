@@ -1,6 +1,6 @@
 // Commands and pages of the slip editor.
 #include "app/dmUnit.h"
-#include "app/guard.h"
+#include "base/guard.h"
 #include "service/fservisfis_unit.h"
 #include "service/slip_fields.h"
 #include "service/slip_fields_page.h"

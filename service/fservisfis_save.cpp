@@ -1,8 +1,8 @@
 // Saving and deleting of the slip editor.
-#include "app/date_text.h"
+#include "base/date_text.h"
 #include "app/dmUnit.h"
-#include "app/environment.h"
-#include "app/exceptions.h"
+#include "base/environment.h"
+#include "base/exceptions.h"
 #include "app/kvbankUnit.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"

@@ -1,9 +1,9 @@
 #include "service/fservisfis_unit.h"
 
-#include "app/date_text.h"
+#include "base/date_text.h"
 #include "app/dmUnit.h"
-#include "app/environment.h"
-#include "app/guard.h"
+#include "base/environment.h"
+#include "base/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"

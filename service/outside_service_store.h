@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 
 /// Statements of the slip's outside-service dialog: the firms by name.
 class OutsideServiceStore {

@@ -1,6 +1,6 @@
 #include "service/slip_conflict.h"
 
-#include "app/conflict_text.h"
+#include "base/conflict_text.h"
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "service/fservisfis_unit.h"

@@ -1,9 +1,9 @@
 #include "service/slip_fields_page.h"
 
-#include "app/environment.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
-#include "app/platform/shell_open.h"
+#include "base/environment.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "base/platform/shell_open.h"
 #include "service/slip_fields.h"
 #include "service/slip_lists.h"
 #include "toolkit/edits/combo_edit.h"

@@ -1,6 +1,6 @@
 #include "service/slip_look_ups.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "service/slip_fields_page.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/lookup_edit.h"

@@ -1,10 +1,10 @@
 #include "service/slip_picture_page.h"
 
 #include "app/dmUnit.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 #include "app/quendUtils.h"
-#include "app/whole_file.h"
+#include "base/whole_file.h"
 #include "service/ffoto_unit.h"
 #include "toolkit/edits/image_box.h"
 #include "toolkit/edits/task_dialog.h"

@@ -1,9 +1,9 @@
 #include "service/slip_rules.h"
 
-#include "app/data/latin5.h"
-#include "app/date_text.h"
-#include "app/environment.h"
-#include "app/text_tools.h"
+#include "base/data/latin5.h"
+#include "base/date_text.h"
+#include "base/environment.h"
+#include "base/text_tools.h"
 #include "service/slip_lists.h"
 
 #include <algorithm>

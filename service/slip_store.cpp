@@ -1,7 +1,7 @@
 #include "service/slip_store.h"
 
-#include "app/environment.h"
-#include "app/exceptions.h"
+#include "base/environment.h"
+#include "base/exceptions.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,6 +1,6 @@
 #include "app/editors/qcx_db_editors.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 
 FieldLink::FieldLink(EditBox& box) : box_(box) {}

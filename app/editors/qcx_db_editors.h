@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "app/editors/qcx_editors.h"
 
 /// Ties a box to a field of a query's current row: shows it, and writes what the user changed when he leaves the box.

@@ -1,6 +1,6 @@
 #include "bench/gallery/scene.h"
 
-#include "app/data/my_query.h"
+#include "base/data/my_query.h"
 #include "cards/card_columns.h"
 #include "cards/card_store.h"
 #include "service/slip_tables.h"

@@ -1,9 +1,9 @@
 // kvtk-gallery FOLDER [NAME…]: leaves a picture of every scene, or of those whose name holds one of the given words, in
 // FOLDER as "NAME.png", in the colours that KVTK_LOOK asks for. The grids show the rows of the server in KVTK_COMPUTER_NAME.
 
-#include "app/data/my_connection.h"
+#include "base/data/my_connection.h"
 #include "app/look.h"
-#include "app/platform/time_zone.h"
+#include "base/platform/time_zone.h"
 #include "bench/gallery/scene.h"
 #include "bench/measuring.h"
 

@@ -1,6 +1,6 @@
 #include "bench/gallery/scene.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 #include <QApplication>
 #include <QDialog>

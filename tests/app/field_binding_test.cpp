@@ -1,5 +1,5 @@
-#include "app/data/my_query.h"
-#include "app/exceptions.h"
+#include "base/data/my_query.h"
+#include "base/exceptions.h"
 #include "app/quendUtils.h"
 #include "tests/support/test_database.h"
 #include "toolkit/edits/combo_edit.h"

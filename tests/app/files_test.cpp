@@ -1,8 +1,8 @@
-#include "app/ini_file.h"
-#include "app/log_file.h"
-#include "app/platform/machine.h"
-#include "app/platform/server_check.h"
-#include "app/platform/settings_store.h"
+#include "base/ini_file.h"
+#include "base/log_file.h"
+#include "base/platform/machine.h"
+#include "base/platform/server_check.h"
+#include "base/platform/settings_store.h"
 
 #include <gmock/gmock.h>
 

@@ -1,9 +1,9 @@
 #include "app/rights.h"
 
 #include "app/dmUnit.h"
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "app/kvbankUnit.h"
-#include "app/program_paths.h"
+#include "base/program_paths.h"
 #include "app/Unit14.h"
 #include "tests/support/fixed_environment.h"
 #include "tests/support/scripted_dialogs.h"

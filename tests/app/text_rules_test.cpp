@@ -1,9 +1,9 @@
-#include "app/date_text.h"
-#include "app/exceptions.h"
+#include "base/date_text.h"
+#include "base/exceptions.h"
 #include "app/login_rules.h"
-#include "app/number_text.h"
-#include "app/text_tools.h"
-#include "app/turkish_text.h"
+#include "base/number_text.h"
+#include "base/text_tools.h"
+#include "base/turkish_text.h"
 #include "tests/support/fixed_environment.h"
 
 #include <gmock/gmock.h>

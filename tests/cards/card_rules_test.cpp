@@ -1,7 +1,7 @@
 #include "cards/card_rules.h"
 #include "cards/device_import.h"
 
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
-#include "app/program_paths.h"
+#include "base/program_paths.h"
 #include "service/fservisfis_unit.h"
 #include "tests/cards/cards_fixture.h"
 #include "toolkit/grid/data_grid.h"

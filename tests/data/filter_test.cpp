@@ -1,7 +1,7 @@
-#include "app/data/filter_expression.h"
-#include "app/data/latin5.h"
-#include "app/data/my_query.h"
-#include "app/exceptions.h"
+#include "base/data/filter_expression.h"
+#include "base/data/latin5.h"
+#include "base/data/my_query.h"
+#include "base/exceptions.h"
 #include "tests/support/test_database.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "app/data/latin5.h"
-#include "app/exceptions.h"
+#include "base/data/latin5.h"
+#include "base/exceptions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/data/my_query.h"
-#include "app/exceptions.h"
+#include "base/data/my_query.h"
+#include "base/exceptions.h"
 #include "tests/support/test_database.h"
 
 #include <gmock/gmock.h>

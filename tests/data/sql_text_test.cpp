@@ -1,4 +1,4 @@
-#include "app/data/sql_text.h"
+#include "base/data/sql_text.h"
 
 #include <gtest/gtest.h>
 

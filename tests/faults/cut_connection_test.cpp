@@ -1,4 +1,4 @@
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "tests/faults/cutting_proxy.h"
 #include "tests/faults/screen_slip.h"
 #include "tests/support/test_database.h"

@@ -1,6 +1,6 @@
 // The server goes at every packet of a save of the real form.
-#include "app/log_file.h"
-#include "app/program_paths.h"
+#include "base/log_file.h"
+#include "base/program_paths.h"
 #include "service/slip_fields.h"
 #include "service/slip_picture_page.h"
 #include "tests/faults/cutting_proxy.h"

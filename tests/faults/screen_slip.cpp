@@ -1,6 +1,6 @@
 #include "tests/faults/screen_slip.h"
 
-#include "app/environment.h"
+#include "base/environment.h"
 
 #include <QCryptographicHash>
 

@@ -2,7 +2,7 @@
 // fields, parted by tabs; the answer is a line as well, with "\n" for its line breaks. Dialogs are the real ones; what they
 // said and the balloon that is up come with the answer of the command that brought them.
 #include "app/dmUnit.h"
-#include "app/guard.h"
+#include "base/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"

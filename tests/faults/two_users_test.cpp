@@ -1,7 +1,7 @@
 // Two workstations on one database, each a process of its own. With KVTK_SHOTS naming a folder, every end is kept there as a
 // picture; a display (QT_QPA_PLATFORM=xcb under xvfb-run) gives them in full.
-#include "app/conflict_text.h"
-#include "app/data/my_query.h"
+#include "base/conflict_text.h"
+#include "base/data/my_query.h"
 #include "tests/faults/user_program.h"
 #include "tests/support/test_database.h"
 

@@ -1,5 +1,5 @@
 // Throws random statements at the tokenizer and the clause editor. KVTK_FUZZ_SECONDS says how long, KVTK_FUZZ_SEED which.
-#include "app/data/sql_text.h"
+#include "base/data/sql_text.h"
 #include "tests/fuzz/statement_maker.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // What the slip editor asks, tells and leaves to others: its two dialogs, the parameters, the places of other subsystems.
-#include "app/date_text.h"
+#include "base/date_text.h"
 #include "app/editors/qcx_editors.h"
-#include "app/environment.h"
+#include "base/environment.h"
 #include "service/fdisservis_unit.h"
 #include "service/slip_conflict.h"
 #include "service/slip_hooks.h"

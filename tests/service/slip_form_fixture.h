@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/dmUnit.h"
-#include "app/guard.h"
+#include "base/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/parameters.h"
 #include "app/Unit14.h"

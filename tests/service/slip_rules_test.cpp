@@ -1,4 +1,4 @@
-#include "app/environment.h"
+#include "base/environment.h"
 #include "service/slip_lists.h"
 #include "service/slip_rules.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/environment.h"
+#include "base/environment.h"
 
 /// A clock that stands still, a tick counter and random numbers that are known.
 class FixedEnvironment : public Environment {

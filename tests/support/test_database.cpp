@@ -1,8 +1,8 @@
 #include "tests/support/test_database.h"
 
-#include "app/data/latin5.h"
-#include "app/data/my_query.h"
-#include "app/exceptions.h"
+#include "base/data/latin5.h"
+#include "base/data/my_query.h"
+#include "base/exceptions.h"
 #include "app/login_rules.h"
 
 using namespace Qt::StringLiterals;

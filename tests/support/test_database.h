@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/my_connection.h"
+#include "base/data/my_connection.h"
 
 /// The test run's own database server, at the address in KVTK_TEST_SERVER. Throws Exception when there is none: a test that
 /// needs it must not pass without.

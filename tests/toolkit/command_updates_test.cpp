@@ -1,4 +1,4 @@
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <gtest/gtest.h>

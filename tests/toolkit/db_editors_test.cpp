@@ -1,5 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
-#include "app/guard.h"
+#include "base/guard.h"
 #include "tests/data/query_fixture.h"
 #include "tests/toolkit/typing.h"
 

@@ -1,5 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "tests/toolkit/typing.h"
 #include "toolkit/edits/balloon.h"
 

@@ -1,4 +1,4 @@
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "tests/support/fixed_environment.h"
 #include "tests/toolkit/typing.h"
 #include "toolkit/edits/balloon.h"

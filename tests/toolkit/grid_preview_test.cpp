@@ -1,4 +1,4 @@
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/toolkit/listed_content.h"
 #include "toolkit/grid/grid_preview.h"

@@ -1,5 +1,5 @@
-#include "app/guard.h"
-#include "app/ini_file.h"
+#include "base/guard.h"
+#include "base/ini_file.h"
 #include "toolkit/shell/child_tab_strip.h"
 #include "toolkit/shell/child_windows.h"
 #include "toolkit/shell/key_state_panel.h"

@@ -1,4 +1,4 @@
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 #include "tests/toolkit/listed_content.h"
 #include "toolkit/grid/xls_export.h"
 #include "toolkit/grid/xls_format.h"

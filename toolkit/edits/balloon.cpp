@@ -1,6 +1,6 @@
 #include "toolkit/edits/balloon.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/edits/edit_control.h"
 
 #include <QAccessible>

@@ -1,8 +1,8 @@
 #include "toolkit/edits/currency_edit.h"
 
-#include "app/exceptions.h"
-#include "app/guard.h"
-#include "app/number_text.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "base/number_text.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "toolkit/edits/date_time_edit.h"
 
-#include "app/date_text.h"
-#include "app/environment.h"
-#include "app/exceptions.h"
+#include "base/date_text.h"
+#include "base/environment.h"
+#include "base/exceptions.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/time_edit.h"
 

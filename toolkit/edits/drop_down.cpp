@@ -1,7 +1,7 @@
 #include "toolkit/edits/drop_down.h"
 
-#include "app/environment.h"
-#include "app/guard.h"
+#include "base/environment.h"
+#include "base/guard.h"
 
 #include <QCoreApplication>
 #include <QEvent>

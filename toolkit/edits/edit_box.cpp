@@ -1,6 +1,6 @@
 #include "toolkit/edits/edit_box.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 #include <QEvent>
 #include <QHBoxLayout>

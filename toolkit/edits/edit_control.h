@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/value.h"
+#include "base/data/value.h"
 
 /// What every input box offers to whoever copies values between screen and row.
 class EditControl {

@@ -1,6 +1,6 @@
 #include "toolkit/edits/edit_frame.h"
 
-#include "app/turkish_text.h"
+#include "base/turkish_text.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "toolkit/edits/edit_line.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/edit_box.h"
 #include "toolkit/edits/edit_menu.h"

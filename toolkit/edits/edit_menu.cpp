@@ -1,6 +1,6 @@
 #include "toolkit/edits/edit_menu.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/edits/edit_line.h"
 
 #include <QApplication>

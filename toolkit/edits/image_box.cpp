@@ -1,7 +1,7 @@
 #include "toolkit/edits/image_box.h"
 
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 
 #include <QBuffer>
 #include <QImageReader>

@@ -1,7 +1,7 @@
 #include "toolkit/edits/lookup_edit.h"
 
-#include "app/guard.h"
-#include "app/turkish_text.h"
+#include "base/guard.h"
+#include "base/turkish_text.h"
 #include "toolkit/edits/drop_down.h"
 #include "toolkit/edits/lookup_model.h"
 

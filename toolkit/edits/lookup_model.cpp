@@ -1,6 +1,6 @@
 #include "toolkit/edits/lookup_model.h"
 
-#include "app/turkish_text.h"
+#include "base/turkish_text.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,6 +1,6 @@
 #include "toolkit/edits/memo_text.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/edit_menu.h"
 

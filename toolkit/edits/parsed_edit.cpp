@@ -1,6 +1,6 @@
 #include "toolkit/edits/parsed_edit.h"
 
-#include "app/exceptions.h"
+#include "base/exceptions.h"
 
 #include <algorithm>
 

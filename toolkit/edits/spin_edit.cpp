@@ -1,7 +1,7 @@
 #include "toolkit/edits/spin_edit.h"
 
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "toolkit/edits/task_dialog.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 #include <QApplication>
 #include <QDialog>

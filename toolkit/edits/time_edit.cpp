@@ -1,7 +1,7 @@
 #include "toolkit/edits/time_edit.h"
 
-#include "app/date_text.h"
-#include "app/environment.h"
+#include "base/date_text.h"
+#include "base/environment.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,7 @@
 #include "toolkit/grid/cell_order.h"
 
-#include "app/data/latin5.h"
-#include "app/turkish_text.h"
+#include "base/data/latin5.h"
+#include "base/turkish_text.h"
 
 #include <algorithm>
 #include <array>

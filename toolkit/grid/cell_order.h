@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/field_codec.h"
+#include "base/data/field_codec.h"
 
 #include <QByteArrayView>
 

@@ -1,6 +1,6 @@
 #include "toolkit/grid/column_chooser.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_view.h"
 

@@ -1,8 +1,8 @@
 #include "toolkit/grid/data_grid.h"
 
-#include "app/data/my_query.h"
-#include "app/exceptions.h"
-#include "app/guard.h"
+#include "base/data/my_query.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
 #include "toolkit/grid/filter_box.h"
 #include "toolkit/grid/filter_row.h"
 #include "toolkit/grid/grid_content.h"

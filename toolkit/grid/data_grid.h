@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/filter_expression.h"
+#include "base/data/filter_expression.h"
 #include "toolkit/grid/grid_column.h"
 
 #include <QColor>

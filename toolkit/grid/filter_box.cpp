@@ -1,7 +1,7 @@
 #include "toolkit/grid/filter_box.h"
 
-#include "app/guard.h"
-#include "app/number_text.h"
+#include "base/guard.h"
+#include "base/number_text.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>

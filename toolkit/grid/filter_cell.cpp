@@ -1,8 +1,8 @@
 #include "toolkit/grid/filter_cell.h"
 
-#include "app/environment.h"
-#include "app/guard.h"
-#include "app/turkish_text.h"
+#include "base/environment.h"
+#include "base/guard.h"
+#include "base/turkish_text.h"
 #include "toolkit/edits/lookup_edit.h"
 #include "toolkit/grid/filter_row.h"
 

@@ -1,5 +1,5 @@
-#include "app/data/my_query.h"
-#include "app/guard.h"
+#include "base/data/my_query.h"
+#include "base/guard.h"
 #include "toolkit/grid/column_chooser.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/filter_row.h"

@@ -1,9 +1,9 @@
 #include "toolkit/grid/grid_condition.h"
 
-#include "app/data/my_query.h"
-#include "app/date_text.h"
-#include "app/exceptions.h"
-#include "app/turkish_text.h"
+#include "base/data/my_query.h"
+#include "base/date_text.h"
+#include "base/exceptions.h"
+#include "base/turkish_text.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "toolkit/grid/grid_delegate.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
 

@@ -1,6 +1,6 @@
 #include "toolkit/grid/grid_footer.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/grid/grid_delegate.h"
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/grid_model.h"

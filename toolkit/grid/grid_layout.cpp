@@ -1,6 +1,6 @@
 #include "toolkit/grid/grid_layout.h"
 
-#include "app/whole_file.h"
+#include "base/whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>

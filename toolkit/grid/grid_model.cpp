@@ -1,8 +1,8 @@
 #include "toolkit/grid/grid_model.h"
 
-#include "app/exceptions.h"
-#include "app/number_text.h"
-#include "app/turkish_text.h"
+#include "base/exceptions.h"
+#include "base/number_text.h"
+#include "base/turkish_text.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #include "toolkit/grid/grid_pages.h"
 
-#include "app/date_text.h"
-#include "app/environment.h"
+#include "base/date_text.h"
+#include "base/environment.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #include "toolkit/grid/grid_preview.h"
 
-#include "app/exceptions.h"
-#include "app/guard.h"
-#include "app/whole_file.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "base/whole_file.h"
 #include "toolkit/edits/task_dialog.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "toolkit/grid/grid_rows.h"
 
-#include "app/data/latin5.h"
-#include "app/data/my_query.h"
+#include "base/data/latin5.h"
+#include "base/data/my_query.h"
 #include "toolkit/grid/cell_order.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "toolkit/grid/grid_view.h"
 
-#include "app/exceptions.h"
-#include "app/guard.h"
-#include "app/turkish_text.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "base/turkish_text.h"
 #include "toolkit/edits/edit_frame.h"
 #include "toolkit/grid/filter_row.h"
 #include "toolkit/grid/grid_accessible.h"

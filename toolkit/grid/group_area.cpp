@@ -1,6 +1,6 @@
 #include "toolkit/grid/group_area.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 #include <QBoxLayout>
 #include <QLabel>

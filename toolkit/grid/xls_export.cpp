@@ -1,7 +1,7 @@
 #include "toolkit/grid/xls_export.h"
 
-#include "app/exceptions.h"
-#include "app/whole_file.h"
+#include "base/exceptions.h"
+#include "base/whole_file.h"
 #include "toolkit/grid/biff_stream.h"
 #include "toolkit/grid/table_content.h"
 #include "toolkit/grid/xls_format.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/data/value.h"
+#include "base/data/value.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "toolkit/shell/child_tab_strip.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 #include <QAction>
 #include <QBoxLayout>

@@ -1,6 +1,6 @@
 #include "toolkit/shell/child_windows.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/shell/child_tab_strip.h"
 
 #include <QBoxLayout>

@@ -1,6 +1,6 @@
 #include "toolkit/shell/command_updates.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 
 #include <QAction>
 #include <QApplication>

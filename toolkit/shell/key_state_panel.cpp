@@ -1,7 +1,7 @@
 #include "toolkit/shell/key_state_panel.h"
 
-#include "app/guard.h"
-#include "app/platform/keyboard_state.h"
+#include "base/guard.h"
+#include "base/platform/keyboard_state.h"
 
 #include <QBoxLayout>
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 #include "toolkit/shell/key_tips.h"
 
-#include "app/guard.h"
-#include "app/text_tools.h"
-#include "app/turkish_text.h"
+#include "base/guard.h"
+#include "base/text_tools.h"
+#include "base/turkish_text.h"
 
 #include <QAction>
 #include <QApplication>

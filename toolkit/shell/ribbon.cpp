@@ -1,6 +1,6 @@
 #include "toolkit/shell/ribbon.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/shell/key_tips.h"
 #include "toolkit/shell/ribbon_button.h"
 

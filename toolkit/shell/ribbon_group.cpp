@@ -1,6 +1,6 @@
 #include "toolkit/shell/ribbon_group.h"
 
-#include "app/guard.h"
+#include "base/guard.h"
 #include "toolkit/shell/ribbon_button.h"
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "toolkit/shell/window_place.h"
 
-#include "app/exceptions.h"
-#include "app/ini_file.h"
+#include "base/exceptions.h"
+#include "base/ini_file.h"
 
 #include <QGuiApplication>
 #include <QScreen>

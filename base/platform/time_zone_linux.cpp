@@ -1,0 +1,10 @@
+#include "base/platform/time_zone.h"
+
+#include <cstdlib>
+#include <ctime>
+
+void nameTimeZone() {
+  constexpr int keepWhatIsSet = 0;
+  setenv("TZ", ":/etc/localtime", keepWhatIsSet);
+  tzset();
+}
