@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
 # The private instance through its own command: server_test.sh KVTK-SERVER. Each case is a function; a failed check ends it.
+# KVTK_ONLY names the cases to run, when not all are wanted; most need "create" before them.
 set -uo pipefail
 server=$1
 : "${KVTK_ACCOUNT_TOOL:?the built kvtk-account}"
@@ -21,6 +22,7 @@ refused() {
 }
 # All data as one number, but for the moments at which rows were written.
 fingerprint() {
+  rm -f "$scratch/fingerprint.sql"
   "$server" backup "$scratch/fingerprint.sql" || return 1
   sed -E "/^--/d; s/'[0-9-]{10} [0-9:]{8}\.[0-9]{6}'/NOW/g" "$scratch/fingerprint.sql" | cksum
 }
@@ -56,7 +58,7 @@ case_create() {
   equal "$(sql <<<"SELECT (SELECT COUNT(*) FROM sirket) * 10 + (SELECT COUNT(*) FROM doviz)")" 11
   equal "$(sql <<<"SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE TABLE_SCHEMA = 'kvtk'
     AND ENGINE = 'InnoDB' AND TABLE_COLLATION = 'latin5_turkish_ci'")" \
-    callerid,cari,caricihaz,cihaz,disservis,doviz,foto,malzeme,notlar,servistip,sirket,sozlesme,teknikservis
+    callerid,cari,caricihaz,cihaz,disservis,doviz,foto,malzeme,notlar,schema_version,servistip,sirket,sozlesme,teknikservis
 }
 
 case_listens_on_its_addresses_only() {
@@ -273,11 +275,118 @@ case_customers_with_devices_or_contracts_stay() {
   "$server" sql <<<"DELETE FROM caricihaz; DELETE FROM sozlesme; DELETE FROM cari"
 }
 
+# Everything that the tables are made of, but for the moments at which they were made.
+shape() {
+  sql <<<"SELECT TABLE_NAME, ORDINAL_POSITION, COLUMN_NAME, COLUMN_DEFAULT, IS_NULLABLE, COLUMN_TYPE, COLLATION_NAME, COLUMN_KEY, EXTRA
+      FROM information_schema.COLUMNS WHERE TABLE_SCHEMA = 'kvtk' ORDER BY 1, 2;
+    SELECT TABLE_NAME, INDEX_NAME, SEQ_IN_INDEX, COLUMN_NAME, NON_UNIQUE FROM information_schema.STATISTICS WHERE TABLE_SCHEMA = 'kvtk' ORDER BY 1, 2, 3;
+    SELECT TABLE_NAME, CONSTRAINT_NAME, REFERENCED_TABLE_NAME, UPDATE_RULE, DELETE_RULE FROM information_schema.REFERENTIAL_CONSTRAINTS
+      WHERE CONSTRAINT_SCHEMA = 'kvtk' ORDER BY 1, 2;
+    SELECT TABLE_NAME, CONSTRAINT_NAME, CHECK_CLAUSE FROM information_schema.CHECK_CONSTRAINTS WHERE CONSTRAINT_SCHEMA = 'kvtk' ORDER BY 1, 2;
+    SELECT TRIGGER_NAME, EVENT_MANIPULATION, ACTION_TIMING, EVENT_OBJECT_TABLE, ACTION_STATEMENT, DEFINER, SQL_MODE
+      FROM information_schema.TRIGGERS WHERE TRIGGER_SCHEMA = 'kvtk' ORDER BY 1"
+}
+# An instance of the first program, which counted no versions, with data that later tables refuse.
+first_instance() {
+  mkdir -p "$scratch/first"
+  cp "$server" "$scratch/first/"
+  mkdir -p "$scratch/first/schema"
+  cp "$(dirname "$server")"/schema/0001-* "$scratch/first/schema/"
+  "$scratch/first/kvtk-server" create && "$scratch/first/kvtk-server" start || fail "an instance of the first program"
+  sql <<<"DROP TABLE schema_version; INSERT INTO cari (CA_ID, CA_AD) VALUES (1, 'IŞIK'); INSERT INTO disservis (DS_AD) VALUES ('A'), ('');
+    INSERT INTO caricihaz (CH_CA_ID, CH_SERI) VALUES (1, 'S1'), (7, 'S2'); INSERT INTO sozlesme (SOZ_NO, SOZ_CA_ID_REF) VALUES ('1', 8), ('2', 1);
+    INSERT INTO teknikservis (TS_ID, TS_NO, TS_DISSERVIS_CIKIS) VALUES (5, '100', '2024-02-03'); UPDATE notlar SET SF_NOT = 'not'"
+}
+
+case_older_tables_are_brought_up_to_date() {
+  local fresh copy
+  fresh=$(shape)
+  export KVTK_HOME=$scratch/old KVTK_BIND=127.0.0.53
+  trap '"$server" stop' EXIT
+  first_instance
+  # A newer program starts: once while the old one's server still runs, once as after an interrupted middle.
+  "$server" upgrade >"$scratch/said" || fail "upgrade: $(cat "$scratch/said")"
+  copy=$(sed -n 's/.*the data as it was before is in //p' "$scratch/said")
+  equal "$(shape)" "$fresh"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(CONCAT(CH_SERI, IFNULL(CH_CA_ID, '-'))), (SELECT GROUP_CONCAT(IFNULL(SOZ_CA_ID_REF, '-')) FROM sozlesme),
+    (SELECT GROUP_CONCAT(DS_AD) FROM disservis), (SELECT CONCAT(TS_DISSERVIS_GIRIS, SF_NOT) FROM teknikservis JOIN notlar ON SF_TS_ID = TS_ID)
+    FROM caricihaz")" "S11,S2-	-,1	A,ADSIZ FİRMA 2	0000-00-00not"
+  equal "$("$server" upgrade)$("$server" stop)$("$server" start)" ""
+  # What has been through parts of the step before versions were counted ends up the same; so does a copy that is restored.
+  "$server" sql <<<"DROP TABLE schema_version; ALTER TABLE sozlesme DROP FOREIGN KEY sozlesme_cari; DROP TRIGGER teknikservis_sil"
+  "$server" stop
+  "$server" start | grep -q "up to date" || fail "nothing is told"
+  equal "$(shape)" "$fresh"
+  "$server" restore "$copy" --yes >/dev/null || fail "restore of an older copy"
+  equal "$(shape)" "$fresh"
+  # A left-over note under the next slip's key does not stand in its way.
+  equal "$(sql <<<"INSERT INTO notlar VALUES (6, 'eski'); INSERT INTO teknikservis (TS_NO) VALUES ('101');
+    SELECT TS_ID, SF_NOT FROM teknikservis JOIN notlar ON SF_TS_ID = TS_ID WHERE TS_NO = '101'")" "6	NULL"
+}
+
+case_interrupted_or_failing_steps_are_taken_back() {
+  export KVTK_HOME=$scratch/steps KVTK_BIND=127.0.0.53
+  "$server" create
+  mkdir "$scratch/next"
+  cp -r "$server" "$(dirname "$server")/schema" "$scratch/next/"
+  local next=$scratch/next/kvtk-server step starter
+  trap '"$scratch/next/kvtk-server" stop' EXIT
+  step=$scratch/next/schema/$(printf '%04d' $(($(ls "$scratch/next/schema" | wc -l) + 1)))-next.sql
+  local change="UPDATE sirket SET SIRKET_ADI = CONCAT(SIRKET_ADI, 'x'); ALTER TABLE sirket ADD NEW INT;"
+  echo "$change NONSENSE;" >"$step"
+  refused "the data is as it was before" "$next" start
+  refused "not running" sh -c '"$0" status >&2' "$next"
+  echo "$change SELECT SLEEP(60);" >"$step"
+  setsid "$next" start >/dev/null 2>&1 &
+  starter=$!
+  for _ in $(seq 200); do
+    sleep 0.1
+    [ "$("$server" sql -N 2>/dev/null <<<"SELECT COUNT(*) FROM information_schema.PROCESSLIST WHERE INFO LIKE 'SELECT SLEEP%'")" = 1 ] && break
+  done
+  kill -9 -- -$starter "$(cat "$KVTK_HOME/server/mariadb.pid")"
+  wait $starter 2>/dev/null
+  echo "$change" >"$step"
+  "$next" start >/dev/null || fail "start after a kill"
+  equal "$(sql <<<"SELECT CONCAT(SIRKET_ADI, COUNT(NEW)) FROM sirket")" x0
+  [ ! -e "$KVTK_HOME/server/put-back" ] || fail "it would be taken back once more"
+  "$next" stop
+  refused "newer program" "$server" start
+  cp "$step" "$scratch/next/schema/0002-twice.sql"
+  refused "was expected" "$next" start
+  rm "$scratch/next/schema/0002-twice.sql"
+}
+
+case_copies_are_never_overwritten() {
+  local i before
+  "$server" backup "$scratch/once.sql"
+  refused "no copy is ever overwritten" "$server" backup "$scratch/once.sql"
+  before=$("$server" backups | wc -l)
+  for i in 1 2 3; do "$server" sql <<<"UPDATE sirket SET SIRKET_WEB = '$i'" && "$server" restore "$scratch/once.sql" --yes >/dev/null & wait; done
+  equal "$("$server" backups | wc -l)" $((before + 3))
+  equal "$("$server" backups | head -3 | awk '{print $NF}' | xargs grep -ho "'[123]')" | sort | paste -sd,)" "'1'),'2'),'3')"
+}
+
+case_eight_at_once() {
+  local i
+  for i in 1 2 3 4 5 6 7 8; do
+    (export KVTK_HOME=$scratch/eight$i KVTK_BIND=127.0.0.$((120 + i)); "$server" create && "$server" start && "$server" sql -N >"$scratch/eight$i.said" \
+      <<<"CREATE TEMPORARY TABLE t (a INT); INSERT INTO t SELECT seq FROM seq_1_to_1000; SELECT COUNT(*) FROM t") >"$scratch/eight$i.errors" 2>&1 &
+  done
+  wait
+  local came=0
+  for i in 1 2 3 4 5 6 7 8; do
+    [ "$(cat "$scratch/eight$i.said")" = 1000 ] && came=$((came + 1)) || cat "$scratch/eight$i.errors"
+    KVTK_HOME=$scratch/eight$i "$server" stop
+  done
+  equal $came 8
+}
+
 tests=0
 failures=0
-for name in create listens_on_its_addresses_only second_instance_is_refused accounts users accounts_follow_the_address network \
+for name in ${KVTK_ONLY:-create listens_on_its_addresses_only second_instance_is_refused accounts users accounts_follow_the_address network \
   slips_take_their_rows_along killed_in_mid_write backup_while_writing sample_is_repeatable_and_a_backup_whole \
-  restore_asks_and_puts_back devices_are_imported customers_with_devices_or_contracts_stay; do
+  restore_asks_and_puts_back devices_are_imported customers_with_devices_or_contracts_stay \
+  older_tables_are_brought_up_to_date interrupted_or_failing_steps_are_taken_back copies_are_never_overwritten eight_at_once}; do
   tests=$((tests + 1))
   if ("case_$name"); then echo "ok      $name"; else echo "FAILED  $name"; failures=$((failures + 1)); fi
 done
