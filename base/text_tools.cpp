@@ -82,7 +82,7 @@ QString TextTools::StrToFloat_Universal(const QString& text) {
 
 QString TextTools::GetValue(const QString& text, int index) {
   const QStringList fields = text.split(u'|');
-  const bool unclosed = index == fields.size() && !fields.last().isEmpty();
+  const bool unclosed = fields.size() > 1 && index == fields.size() && !fields.last().isEmpty();
   if (unclosed) return {};  // meant: a field counts only when its "|" closes it
   if (index < 1 || index >= fields.size()) return u"XXXXXXXXXX"_s;
   return fields[index - 1].trimmed();

@@ -25,8 +25,8 @@ QString TarihRotate(const QString& date);
 /// becomes ",", the other one falls away, and so does all that belongs to no number.
 QString StrToFloat_Universal(const QString& text);
 
-/// Field number index, from 1, of a row of fields closed by "|": blanks trimmed. Ten capital X when there is none, empty for a
-/// last one that is not closed.
+/// Field number index, from 1, of a row of fields closed by "|": blanks trimmed. Ten capital X when there is none, or no "|" at
+/// all, empty for a last one that is not closed.
 QString GetValue(const QString& text, int index);
 
 /// Sum of the characters' codes; with the flag, 65 less for each.

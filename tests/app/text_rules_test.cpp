@@ -79,6 +79,7 @@ TEST(TextTools, GetValueReadsClosedFields) {
   for (const auto& [index, field] : cases) EXPECT_EQ(TextTools::GetValue(text, index), field) << index;
   EXPECT_EQ(TextTools::GetValue(u"1|2|"_s, 3), none);
   EXPECT_EQ(TextTools::GetValue(u""_s, 1), none);
+  EXPECT_EQ(TextTools::GetValue(u"unclosed"_s, 1), none);
 }
 
 TEST(TextTools, ChecksumAndLineBreaks) {

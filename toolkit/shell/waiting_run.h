@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+/// Runs work on a thread of its own and comes back when it has ended. Meanwhile the windows stay painted under the hourglass,
+/// what the user types and clicks waits and arrives afterwards, and no window closes. What work throws goes to the caller.
+/// work must not touch widgets. Without an application, or off the main thread, work simply runs.
+void runWhileWaiting(const std::function<void()>& work);
+
+/// The same with a result.
+template <class Work>
+auto resultWhileWaiting(Work&& work) {
+  std::optional<decltype(work())> result;
+  runWhileWaiting([&] { result.emplace(work()); });
+  return std::move(*result);
+}
