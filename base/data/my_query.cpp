@@ -94,18 +94,20 @@ ExecutionResult TMyQuery::run(const QByteArray& statements) {
 
 void TMyQuery::Open() { openAt(0); }
 
-void TMyQuery::openAt(int row) {
+ResultPtr TMyQuery::fetched() {
   ExecutionResult result = run(rendered(SQL.text()));
   if (!result.rows) throw EDatabaseError(u"SQL statement doesn't return rows"_s, name_, SQL.text());
-  takeRows(std::move(result.rows), row);
+  return std::move(result.rows);
 }
+
+void TMyQuery::openAt(int row) { takeRows(fetched(), row); }
 
 void TMyQuery::Execute() {
   if (Active()) Close();
   run(rendered(SQL.text()));
 }
 
-void TMyQuery::takeRows(ResultPtr rows, int current) {
+void TMyQuery::takeRows(ResultPtr rows, int current, const std::optional<QByteArray>& key) {
   const MYSQL_FIELD* columns = mysql_fetch_fields(rows.get());
   const unsigned count = mysql_num_fields(rows.get());
   fields_.clear();
@@ -143,6 +145,8 @@ void TMyQuery::takeRows(ResultPtr rows, int current) {
     allRows_.swap(rows_);
     applyFilter();
   }
+  const auto sameKey = std::find_if(rows_.begin(), rows_.end(), [&](Row row) { return key && keyOf(row) == key; });
+  if (sameKey != rows_.end()) current = int(sameKey - rows_.begin());
   current_ = rows_.empty() ? -1 : std::clamp(current, 0, RecordCount() - 1);
   eof_ = rows_.empty();
   notify([](QueryListener& listener) { listener.queryReset(); });
@@ -170,6 +174,37 @@ void TMyQuery::Close() {
 void TMyQuery::Refresh() {
   requireActive();
   openAt(current_);
+}
+
+void TMyQuery::refreshIfChanged() {
+  requireActive();
+  ResultPtr rows = fetched();
+  if (!holdsRows(rows.get())) takeRows(std::move(rows), current_, current_ < 0 ? std::nullopt : keyOf(rows_[size_t(current_)]));
+}
+
+/// True when these are the rows that the query holds, in the same order.
+bool TMyQuery::holdsRows(st_mysql_res* rows) const {
+  const std::vector<Row>& held = filter_ ? allRows_ : rows_;
+  if (mysql_num_fields(rows) != fields_.size() || mysql_num_rows(rows) != held.size()) return false;
+  for (const Row row : held) {
+    const MYSQL_ROW fresh = mysql_fetch_row(rows);
+    for (int field = 0; field < fieldCount(); ++field)
+      if ((row[field] == nullptr) != (fresh[field] == nullptr) || cell(row, field) != cell(fresh, field)) return false;
+  }
+  return true;
+}
+
+/// What tells the row from the table's others; nothing when the query has no such columns.
+std::optional<QByteArray> TMyQuery::keyOf(Row row) const {
+  QByteArray key;
+  for (int field = 0; field < fieldCount(); ++field)
+    if (fields_[size_t(field)].isKey && isWritten(field)) key.append(cell(row, field)).append('|');
+  return key.isEmpty() ? std::nullopt : std::optional(key);
+}
+
+AutoRefresh& TMyQuery::autoRefresh() {
+  if (!autoRefresh_) autoRefresh_ = std::make_unique<AutoRefresh>(*this);
+  return *autoRefresh_;
 }
 
 void TMyQuery::RefreshRecord() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/auto_refresh.h"
 #include "base/data/filter_expression.h"
 #include "base/data/my_connection.h"
 #include "base/data/value.h"
@@ -114,6 +115,10 @@ class TMyQuery {
   void Close();
   /// Runs the statement again and stays on the row number, as far as there is one.
   void Refresh();
+  /// Runs the statement again; rows that are the same as before are told to nobody, others leave the current row the one with
+  /// the same key.
+  void refreshIfChanged();
+  AutoRefresh& autoRefresh();
   /// Re-reads the current row by its key. Throws EDatabaseError "Refresh failed. Found 0 records" when it is gone.
   void RefreshRecord();
 
@@ -194,8 +199,12 @@ class TMyQuery {
   QString withMacros(const QString& text) const;
   QByteArray rendered(const QString& text) const;
   ExecutionResult run(const QByteArray& statements);
+  ResultPtr fetched();
   void openAt(int row);
-  void takeRows(ResultPtr rows, int current);
+  /// current: number of the row to stand on; key, when there is one, goes before it.
+  void takeRows(ResultPtr rows, int current, const std::optional<QByteArray>& key = {});
+  bool holdsRows(st_mysql_res* rows) const;
+  std::optional<QByteArray> keyOf(Row row) const;
   void requireActive() const;
   void requireRow() const;
   void requireEditing() const;
@@ -205,6 +214,7 @@ class TMyQuery {
   QByteArray literal(int field, const Cell& cell) const;
   QByteArray keyCondition(Row row, const QByteArray& qualifier = {}) const;
   QByteArray versionQuery(const QByteArray& condition) const;
+  int timestampField() const;
   int versionField() const;
   Row ownRow(const std::vector<Cell>& cells);
   Cell cellOf(Row row, int field) const;
@@ -241,6 +251,7 @@ class TMyQuery {
   std::vector<std::optional<Cell>> buffer_;  ///< per field, what was changed in Edit or Insert
   std::vector<Change> changes_;
   std::vector<QueryListener*> listeners_;
+  std::unique_ptr<AutoRefresh> autoRefresh_;
   int current_ = -1;
   bool eof_ = true;
   quint64 lastInsertId_ = 0;

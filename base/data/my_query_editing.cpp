@@ -275,16 +275,18 @@ QByteArray TMyQuery::keyCondition(Row row, const QByteArray& qualifier) const {
   return conditions.join(" AND ");
 }
 
-int TMyQuery::versionField() const {
-  if (!Options.CheckRowVersion) return -1;
+int TMyQuery::timestampField() const {
   for (int i = 0; i < fieldCount(); ++i)
     if (fields_[size_t(i)].isTimestamp && isWritten(i)) return i;
   return -1;
 }
 
-/// Reads the new row version in the same round trip as the change; empty when versions are not checked.
+int TMyQuery::versionField() const { return Options.CheckRowVersion ? timestampField() : -1; }
+
+/// Reads the new row version in the same round trip as the change, also while versions are not checked: the check may be
+/// switched on before the row is written again.
 QByteArray TMyQuery::versionQuery(const QByteArray& condition) const {
-  const int version = versionField();
+  const int version = timestampField();
   if (version < 0) return {};
   return ";SELECT " + identifier(fields_[size_t(version)].column) + " FROM " + table() + " WHERE " + condition;
 }
@@ -304,13 +306,13 @@ TMyQuery::Row TMyQuery::insertRow(Row current) {
   }
   const bool makesKey = autoIncrement >= 0 && !cells[size_t(autoIncrement)];
   QByteArray reread;
-  if (versionField() >= 0)
+  if (timestampField() >= 0)
     reread = versionQuery(makesKey ? identifier(fields_[size_t(autoIncrement)].column) + "=LAST_INSERT_ID()" : keyCondition(current));
   const ExecutionResult result =
       run("INSERT INTO " + table() + " (" + columns.join(",") + ") VALUES (" + values.join(",") + ')' + reread);
   if (makesKey) cells[size_t(autoIncrement)] = QByteArray::number(result.lastInsertId);
   if (const MYSQL_ROW version = result.rows ? mysql_fetch_row(result.rows.get()) : nullptr)
-    cells[size_t(versionField())] = QByteArray(version[0]);
+    cells[size_t(timestampField())] = QByteArray(version[0]);
   return ownRow(cells);
 }
 
@@ -328,13 +330,13 @@ TMyQuery::Row TMyQuery::updateRow(Row original, Row current) {
   if (version >= 0 && original[version] != nullptr)
     condition += " AND " + identifier(fields_[size_t(version)].column) + '=' + literal(version, cellOf(original, version));
   QByteArray statement = "UPDATE " + table() + " SET " + assignments.join(",") + " WHERE " + condition;
-  if (version >= 0) statement += versionQuery(keyCondition(current));
+  statement += versionQuery(keyCondition(current));
   const ExecutionResult result = run(statement);
   if (result.foundRows == 0) throw EDatabaseError(u"Update failed. Found 0 records"_s, name_, SQL.text());
   const MYSQL_ROW fresh = result.rows ? mysql_fetch_row(result.rows.get()) : nullptr;
   if (fresh == nullptr) return current;
   std::vector<Cell> cells = cellsOf(current);
-  cells[size_t(version)] = QByteArray(fresh[0]);
+  cells[size_t(timestampField())] = QByteArray(fresh[0]);
   return ownRow(cells);
 }
 

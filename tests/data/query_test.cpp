@@ -316,3 +316,46 @@ TEST_F(QueryTest, ALostConnectionRaisesAndKeepsTheRowInEdit) {
   EXPECT_EQ(query.FieldByName(u"AD"_s).asText(), u"typed"_s);
   EXPECT_THROW(query.Post(), EMyError) << "no reconnect";
 }
+
+TEST_F(QueryTest, RowsThatAreTheSameAreToldToNobodyAndOthersLeaveTheCursorOnItsRow) {
+  struct Listener : QueryListener {
+    int resets = 0;
+    void queryReset() override { ++resets; }
+    void rowChanged(int) override {}
+    void rowInserted(int) override {}
+    void rowRemoved(int) override {}
+  } listener;
+  for (const QString& no : {u"2"_s, u"3"_s, u"4"_s}) insertRow(no, no == u"3"_s ? u""_s : u"name"_s);
+  query.SQL.setText(u"select * from deneme order by NO"_s);
+  query.Open();
+  query.setRecNo(1);
+  query.addListener(&listener);
+  query.refreshIfChanged();
+  EXPECT_EQ(listener.resets, 0);
+  run("UPDATE deneme SET AD = '' WHERE NO = '3'");  // it was NULL
+  query.refreshIfChanged();
+  EXPECT_EQ(listener.resets, 1);
+  run("INSERT INTO deneme (NO) VALUES ('1')");
+  query.refreshIfChanged();
+  EXPECT_EQ(query.FieldByName(u"NO"_s).asText(), u"3"_s);
+  run("DELETE FROM deneme WHERE NO = '3'");
+  query.refreshIfChanged();
+  EXPECT_EQ(query.FieldByName(u"NO"_s).asText(), u"4"_s);
+  EXPECT_EQ(listener.resets, 3);
+  query.removeListener(&listener);
+}
+
+TEST_F(QueryTest, TheVersionIsReadBackEvenWhileItIsNotChecked) {
+  query.Options.CheckRowVersion = false;
+  openRow(query, insertRow(u"1"_s, u"first"_s));
+  for (const QString& name : {u"second"_s, u"third"_s}) {
+    query.Edit();
+    query.FieldByName(u"AD"_s).set(name);
+    query.Post();
+    query.Options.CheckRowVersion = true;  // as after a conflict
+  }
+  run("UPDATE deneme SET AD = 'other'");
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"fourth"_s);
+  EXPECT_EQ(raised<EDatabaseError>([this] { query.Post(); })->message(), u"Update failed. Found 0 records"_s);
+}

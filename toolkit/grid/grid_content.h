@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/auto_refresh.h"
 #include "toolkit/grid/grid_rows.h"
 #include "toolkit/grid/table_content.h"
 
@@ -24,6 +25,7 @@ class GridContent : public TableContent {
  private:
   GridRow line(int row) const { return rows_.at(row + skipped_); }
 
+  RefreshHold hold_;  ///< a preview stays open for a while
   const GridModel& model_;
   std::vector<int> columns_;
   std::vector<int> widths_;
