@@ -134,6 +134,46 @@ TEST_F(GridTest, NavigatorAppendsAndDeletes) {
   EXPECT_EQ(scalar(u"select group_concat(NO order by ID) from deneme"_s), u"2,3,4,5,6,8"_s);
 }
 
+// Whatever the order, a new row stands last until the rows are ordered anew; under grouping until it is written.
+TEST_F(GridTest, NewRowsComeAtTheEndAlsoOfSortedOnes) {
+  fill();
+  show(typedColumns());
+  const auto add = [&](int key, const QString& number, const QString& name) {
+    press(key);
+    type(number);
+    press(Qt::Key_Return);
+    type(name);
+    press(Qt::Key_Return);
+    press(Qt::Key_Escape);
+    EXPECT_TRUE(grid->postEdits());
+  };
+  grid->setOrder({{u"AD"_s, false}});
+  const QStringList sorted{u""_s, u"CAN"_s, u"ÇINAR"_s, u"İSTAX"_s, u"şeker"_s, u"ZEKI \"K\" O'NEIL"_s};
+  grid->setEditing(GridEditing::Append);
+  add(Qt::Key_Insert, u"7"_s, u"mert"_s);
+  add(Qt::Key_Insert, u"8"_s, u"ali"_s);
+  EXPECT_EQ(lines(), sorted + QStringList({u"MERT"_s, u"ALİ"_s}));
+  grid->setCurrentRow(2);
+  grid->deleteSelectedRows();
+  EXPECT_EQ(lines().mid(0, 2), (QStringList{u""_s, u"ÇINAR"_s}));
+  EXPECT_EQ(grid->currentRow(), 1) << "the row that stood below";
+  grid->setEditing(GridEditing::NewItemRow);
+  grid->view()->setCurrentLine(0);
+  add(Qt::Key_Return, u"9"_s, u"berk"_s);
+  EXPECT_EQ(lines().mid(6), (QStringList{u"şeker"_s, u"ZEKI \"K\" O'NEIL"_s, u"BERK"_s}));
+  EXPECT_EQ(scalar(u"select group_concat(NO order by NO) from deneme"_s), u"1,2,4,5,6,7,8,9"_s);
+  grid->setEditing(GridEditing::Append);
+  grid->setGrouping({u"KISA"_s});
+  press(Qt::Key_Insert);
+  EXPECT_EQ(lines().size(), 4);
+  EXPECT_EQ(grid->view()->currentLine(), 3);
+  type(u"10"_s);
+  press(Qt::Key_Return);
+  press(Qt::Key_Escape);
+  EXPECT_TRUE(grid->postEdits());
+  EXPECT_EQ(lines().first(), u"[DURUM: <boş> (5)]"_s);
+}
+
 TEST_F(GridTest, AssistiveSoftwareWalksTheGridWhileRowsChange) {
   fill();
   show(typedColumns());

@@ -329,17 +329,26 @@ TEST_F(GridTest, LayoutIsKeptAndForeignFilesChangeNothing) {
   }
 }
 
-TEST_F(GridTest, AColumnShowsAndSearchesTheTextBehindAKey) {
+TEST_F(GridTest, AColumnShowsTheTextBehindAKeyAndIsSearchedSortedAndGroupedByIt) {
   fill();
   std::vector<GridColumn> shown = columns();
-  shown[1].lookUp = [](const Value& key) { return u"MÜŞTERİ %1"_s.arg(key.toText()); };
+  const QStringList customers{u"ZEKİ"_s, u"ÖMER"_s, u"CAN"_s, u"ÇİÇEK"_s, u"OYA"_s, u"ZEKİ"_s};
+  shown[1].lookUp = [&](const Value& key) { return customers[key.toInteger() - 1]; };
   show(shown);
   grid->setFilterRow(true);
-  EXPECT_EQ(lines(u"NO"_s).first(), u"MÜŞTERİ 1"_s);
-  grid->setColumnFilter(u"NO"_s, FilterOperator::Contains, u"müşteri 5"_s);
+  EXPECT_EQ(lines(u"NO"_s), customers);
+  grid->setColumnFilter(u"NO"_s, FilterOperator::Contains, u"oya"_s);
   EXPECT_EQ(lines(), QStringList{u"şeker"_s});
-  grid->setColumnFilter(u"NO"_s, FilterOperator::Contains, u"6"_s);
-  EXPECT_EQ(lines(), QStringList{u""_s}) << "rows that the filter before had hidden are searched as well";
+  grid->setColumnFilter(u"NO"_s, FilterOperator::Contains, u"can"_s);
+  EXPECT_EQ(lines(), QStringList{u"CAN"_s}) << "rows that the filter before had hidden are searched as well";
+  grid->clearFilter();
+  grid->setOrder({{u"NO"_s, false}, {u"AD"_s, true}});
+  EXPECT_EQ(lines(u"NO"_s), (QStringList{u"CAN"_s, u"ÇİÇEK"_s, u"OYA"_s, u"ÖMER"_s, u"ZEKİ"_s, u"ZEKİ"_s}));
+  EXPECT_EQ(lines().mid(4), (QStringList{u"İSTAX"_s, u""_s})) << "one text behind two keys is one place in the order";
+  grid->setGrouping({u"NO"_s});
+  EXPECT_EQ(lines(), (QStringList{u"[NO: CAN (1)]"_s, u"[NO: ÇİÇEK (1)]"_s, u"[NO: OYA (1)]"_s, u"[NO: ÖMER (1)]"_s, u"[NO: ZEKİ (2)]"_s}));
+  grid->setCurrentRow(5);
+  EXPECT_EQ(grid->currentRow(), 5) << "its group opens";
 }
 
 TEST_F(GridTest, ColumnsAreChosenAndTheLastOneStays) {

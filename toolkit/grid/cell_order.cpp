@@ -11,16 +11,21 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Place of each latin5 byte: what is no letter by its code, then the letters as the alphabet has them.
+/// Place of a character: what is no letter by its code, then the letters as the alphabet has them, then all that latin5 lacks.
+quint32 rankOf(QChar character, unsigned code) {
+  static const QString alphabet = u"aâbcçdefgğhıiîjklmnoöpqrsştuûüvwxyz"_s;
+  const qsizetype place = alphabet.indexOf(TurkishText::lower(character));
+  if (place >= 0) return 256 + quint32(place);
+  return code < 256 ? code : 512 + code;
+}
+
+/// Place of each latin5 byte.
 const std::array<quint16, 256>& ranks() {
   static const auto table = [] {
-    const QString alphabet = u"aâbcçdefgğhıiîjklmnoöpqrsştuûüvwxyz"_s;
     std::array<quint16, 256> made{};
     for (unsigned byte = 0; byte < 256; ++byte) {
       const char raw = char(byte);
-      const QString letter = TurkishText::lower(Latin5::decode(QByteArrayView(&raw, 1)));
-      const qsizetype place = letter.isEmpty() ? -1 : alphabet.indexOf(letter);
-      made[byte] = quint16(place < 0 ? byte : 256 + place);
+      made[byte] = quint16(rankOf(Latin5::decode(QByteArrayView(&raw, 1)).front(), byte));
     }
     return made;
   }();
@@ -40,6 +45,15 @@ std::strong_ordering compareTexts(QByteArrayView left, QByteArrayView right) {
   const qsizetype common = std::min(left.size(), right.size());
   for (qsizetype i = 0; i < common; ++i) {
     const auto order = rank[uchar(left[i])] <=> rank[uchar(right[i])];
+    if (order != 0) return order;
+  }
+  return left.size() <=> right.size();
+}
+
+std::strong_ordering compareTexts(const QString& left, const QString& right) {
+  const qsizetype common = std::min(left.size(), right.size());
+  for (qsizetype i = 0; i < common; ++i) {
+    const auto order = rankOf(left[i], left[i].unicode()) <=> rankOf(right[i], right[i].unicode());
     if (order != 0) return order;
   }
   return left.size() <=> right.size();

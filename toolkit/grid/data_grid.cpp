@@ -164,10 +164,15 @@ void DataGrid::clearSelection() { view_->clearSelection(); }
 
 void DataGrid::deleteSelectedRows() {
   if (model_->isEditingRow() && query_.state() == QueryState::Insert) return model_->cancelRow();
+  const std::vector<int> lines = view_->selectedLines();
   std::vector<int> rows = selectedRows();
   std::sort(rows.rbegin(), rows.rend());  // from the end, so that the numbers of those to come stay
   for (const int row : rows) model_->deleteRow(row);
-  if (query_.RecNo() >= 0) setCurrentRow(query_.RecNo());
+  if (query_.RecNo() < 0) return;
+  if (model_->rows().isGrouped())
+    setCurrentRow(query_.RecNo());
+  else if (!lines.empty())
+    view_->setCurrentLine(std::min(lines.front(), model_->rowCount() - 1));
 }
 
 bool DataGrid::postEdits() { return view_->mayLeaveRow(-1); }

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -37,6 +38,11 @@ struct GridColumn {
   bool upperCase = false;    ///< a typed text is turned to Turkish capitals when the cell is left
   bool readOnly = false;     ///< in a grid that is edited in place
   bool stretches = false;    ///< takes the room that is left
+
+  /// True when a cell may show another text than it stores: then sorting, grouping and searching go by what is shown.
+  bool showsOtherTexts() const {
+    return lookUp || std::any_of(values.begin(), values.end(), [](const GridListValue& each) { return each.value != each.shown; });
+  }
 };
 
 /// One key of a grid's order.

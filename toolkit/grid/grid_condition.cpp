@@ -89,11 +89,6 @@ bool matches(const QString& shown, FilterOperator comparison, const QString& tex
   }
 }
 
-bool showsOtherTexts(const GridColumn& column) {
-  const auto isOther = [](const GridListValue& each) { return each.value != each.shown; };
-  return column.lookUp || std::any_of(column.values.begin(), column.values.end(), isOther);
-}
-
 /// The stored values of a column whose shown text fits.
 FilterExpression onShownTexts(const TMyQuery& query, int field, const GridColumn& column, const GridCondition& condition) {
   std::vector<FilterExpression> equal;
@@ -196,7 +191,7 @@ std::optional<FilterExpression> GridConditions::expression(const TMyQuery& query
   if (index < 0) throw EDatabaseError(u"Field '%1' not found"_s.arg(column.field));
   const FieldInfo& field = query.fieldInfo(index);
   if (needsNoText(condition.comparison)) return FilterExpression::condition(field.name, condition.comparison);
-  if (showsOtherTexts(column)) return onShownTexts(query, index, column, condition);
+  if (column.showsOtherTexts()) return onShownTexts(query, index, column, condition);
 
   QString text = condition.text.trimmed();
   FilterOperator comparison = condition.comparison;

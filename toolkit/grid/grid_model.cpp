@@ -31,6 +31,11 @@ GridModel::GridModel(TMyQuery& query, std::vector<GridColumn> columns, QObject* 
   for (const GridColumn& column : columns_)
     if (column.groupSummary == GridSummary::Sum) sums += column.field;
   rows_.setGroupSums(sums, hasGroupFooter());
+  std::vector<GridRows::ShownText> shownTexts;
+  for (int column = 0; column < columnCount(); ++column)
+    if (const GridColumn& about = columns_[size_t(column)]; about.showsOtherTexts())
+      shownTexts.push_back({about.field, [this, column](const Value& value) { return shown(column, value); }});
+  rows_.setShownTexts(std::move(shownTexts));
   learnFields();
   rows_.rebuild();
   query_.addListener(this);
@@ -289,6 +294,7 @@ void GridModel::queryReset() {
   beginResetModel();
   learnFields();
   rows_.setHiddenRow(-1);
+  rows_.setRowBehindGroups(-1);
   rows_.rebuild();
   endResetModel();
   Q_EMIT summariesChanged();
@@ -297,21 +303,23 @@ void GridModel::queryReset() {
 void GridModel::rowChanged(int row) {
   if (row == rows_.hiddenRow() && query_.state() == QueryState::Browse) {
     // The new row was written: it leaves the line for new rows and takes its place among the others.
-    rows_.setHiddenRow(-1);
-    if (rows_.isGrouped() || !rows_.follows(query_.RecordCount())) {
+    if (rows_.isGrouped()) {
+      rows_.setHiddenRow(-1);
       rebuildLines();
     } else {
-      rows_.setHiddenRow(row);
       const int line = rows_.count();
       beginInsertRows({}, line, line);
-      rows_.setHiddenRow(-1);
+      rows_.showHiddenRow();
       endInsertRows();
       Q_EMIT dataChanged(index(0, 0), index(0, columnCount() - 1));
     }
     Q_EMIT summariesChanged();
     return;
   }
-  if (rows_.isGrouped() && query_.state() == QueryState::Browse) rebuildLines();
+  if (rows_.isGrouped() && query_.state() == QueryState::Browse) {
+    rows_.setRowBehindGroups(-1);
+    rebuildLines();
+  }
   const int line = rows_.lineOf(row);
   if (line >= 0) Q_EMIT dataChanged(index(line, 0), index(line, columnCount() - 1));
   Q_EMIT summariesChanged();
@@ -319,38 +327,36 @@ void GridModel::rowChanged(int row) {
 
 void GridModel::rowInserted(int row) {
   if (rows_.hasNewItemRow() && query_.state() == QueryState::Insert) {
-    rows_.setHiddenRow(row);
-    rows_.follows(query_.RecordCount());
+    rows_.append(true);
     Q_EMIT dataChanged(index(0, 0), index(0, columnCount() - 1));
     return;
   }
-  if (rows_.follows(row)) {
+  if (rows_.isGrouped()) {
+    if (query_.state() == QueryState::Insert) rows_.setRowBehindGroups(row);
+    rebuildLines();
+  } else {
     const int line = rows_.count();
     beginInsertRows({}, line, line);
-    rows_.follows(query_.RecordCount());
+    rows_.append(false);
     endInsertRows();
-  } else {
-    rebuildLines();
   }
   Q_EMIT summariesChanged();
 }
 
 void GridModel::rowRemoved(int row) {
   if (row == rows_.hiddenRow()) {
-    rows_.setHiddenRow(-1);
-    rows_.follows(query_.RecordCount());
+    rows_.dropHiddenRow();
     Q_EMIT dataChanged(index(0, 0), index(0, columnCount() - 1));
     return;
   }
-  if (rows_.follows(query_.RecordCount() + 1)) {
-    const int line = rows_.lineOf(row);
-    rows_.setLostRow(row);
-    beginRemoveRows({}, line, line);
-    rows_.setLostRow(-1);
-    rows_.follows(query_.RecordCount());
-    endRemoveRows();
-  } else {
+  if (rows_.isGrouped()) {
+    rows_.setRowBehindGroups(-1);
     rebuildLines();
+  } else {
+    const int line = rows_.loseRow(row);
+    beginRemoveRows({}, line, line);
+    rows_.dropLostRow(line);
+    endRemoveRows();
   }
   Q_EMIT summariesChanged();
 }

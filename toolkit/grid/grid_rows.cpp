@@ -1,6 +1,5 @@
 #include "toolkit/grid/grid_rows.h"
 
-#include "base/data/latin5.h"
 #include "base/data/my_query.h"
 #include "toolkit/grid/cell_order.h"
 
@@ -19,13 +18,6 @@ double sumOf(const TMyQuery& query, const std::vector<int>& rows, int field) {
     sum += number;
   }
   return sum;
-}
-
-/// A cell's bytes as the screen shows them.
-QByteArray shownBytes(const FieldInfo& field, std::optional<QByteArrayView> cell) {
-  if (!cell) return {};
-  if (field.type == FieldType::Text) return cell->toByteArray();
-  return Latin5::encode(FieldCodec::decode(field, *cell).toText(), field.name);
 }
 
 }  // namespace
@@ -54,28 +46,103 @@ void GridRows::rebuild() {
   std::vector<int> rows(static_cast<size_t>(plainRows_));
   std::iota(rows.begin(), rows.end(), 0);
   std::erase(rows, hiddenRow_);
+  std::erase(rows, rowBehindGroups_);
   sortRows(rows);
   if (newItemRow_) lines_.push_back({GridRowKind::NewItem, 0, -1});
   addLevel(rows, 0, {});
+  if (rowBehindGroups_ >= 0) lines_.push_back({GridRowKind::Data, 0, rowBehindGroups_});
 }
 
-bool GridRows::follows(int queryRows) {
-  if (plain_) plainRows_ = queryRows;
-  return plain_;
+void GridRows::append(bool hidden) {
+  const int row = plainRows_++;
+  if (hidden)
+    hiddenRow_ = row;
+  else if (!plain_)
+    lines_.push_back({GridRowKind::Data, 0, row});
+}
+
+void GridRows::showHiddenRow() {
+  if (!plain_) lines_.push_back({GridRowKind::Data, 0, hiddenRow_});
+  hiddenRow_ = -1;
+}
+
+void GridRows::dropHiddenRow() {
+  hiddenRow_ = -1;
+  --plainRows_;
+}
+
+int GridRows::loseRow(int queryRow) {
+  const int line = lineOf(queryRow);
+  if (plain_) {
+    lostRow_ = queryRow;
+  } else {
+    for (GridRow& each : lines_)
+      if (each.index > queryRow) --each.index;
+    lines_[size_t(line)].index = -1;
+  }
+  return line;
+}
+
+void GridRows::dropLostRow(int line) {
+  --plainRows_;
+  lostRow_ = -1;
+  if (!plain_) lines_.erase(lines_.begin() + line);
+}
+
+const GridRows::ShownText* GridRows::shownTextOf(int field) const {
+  const auto found = std::find_if(shownTexts_.begin(), shownTexts_.end(),
+                                  [&](const ShownText& each) { return query_->fieldIndex(each.field) == field; });
+  return found == shownTexts_.end() ? nullptr : &*found;
+}
+
+QString GridRows::shownAt(int queryRow, int field) const {
+  const auto cell = query_->rawCell(queryRow, field);
+  const Value value = cell ? FieldCodec::decode(query_->fieldInfo(field), *cell) : Value();
+  const ShownText* shown = shownTextOf(field);
+  return shown == nullptr ? value.toText() : shown->textOf(value);
+}
+
+/// Per row of the query, its place among the texts that the column shows; every stored value is looked up once.
+std::vector<int> GridRows::ranksOf(const std::vector<int>& rows, int field) const {
+  QHash<QByteArrayView, int> known;
+  std::vector<QString> texts;
+  std::vector<int> numbers(size_t(plainRows_), 0);
+  for (const int row : rows) {
+    const QByteArrayView cell = query_->rawCell(row, field).value_or(QByteArrayView(""));
+    auto place = known.constFind(cell);
+    if (place == known.constEnd()) {
+      place = known.insert(cell, int(texts.size()));
+      texts.push_back(shownAt(row, field));
+    }
+    numbers[size_t(row)] = *place;
+  }
+  std::vector<int> order(texts.size());
+  std::iota(order.begin(), order.end(), 0);
+  const auto isBefore = [&](int left, int right) { return compareTexts(texts[size_t(left)], texts[size_t(right)]) < 0; };
+  std::sort(order.begin(), order.end(), isBefore);
+  std::vector<int> ranks(texts.size(), 0);
+  for (size_t i = 1; i < order.size(); ++i)
+    ranks[size_t(order[i])] = ranks[size_t(order[i - 1])] + (isBefore(order[i - 1], order[i]) ? 1 : 0);
+  for (const int row : rows) numbers[size_t(row)] = ranks[size_t(numbers[size_t(row)])];
+  return numbers;
 }
 
 void GridRows::sortRows(std::vector<int>& rows) const {
   struct Key {
     int field;
     bool descending;
+    std::vector<int> ranks;  ///< by query row, of a column that goes by its shown texts
   };
   std::vector<Key> keys;
   for (const GridSort& key : order_)
-    if (const int field = query_->fieldIndex(key.field); field >= 0) keys.push_back({field, key.descending});
+    if (const int field = query_->fieldIndex(key.field); field >= 0)
+      keys.push_back({field, key.descending, shownTextOf(field) == nullptr ? std::vector<int>() : ranksOf(rows, field)});
   if (keys.empty()) return;
   std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
     for (const Key& key : keys) {
-      const auto order = compareCells(query_->fieldInfo(key.field), query_->rawCell(left, key.field), query_->rawCell(right, key.field));
+      const auto order = key.ranks.empty() ? compareCells(query_->fieldInfo(key.field), query_->rawCell(left, key.field),
+                                                          query_->rawCell(right, key.field))
+                                           : key.ranks[size_t(left)] <=> key.ranks[size_t(right)];
       if (order != 0) return key.descending ? order > 0 : order < 0;
     }
     return false;
@@ -92,11 +159,18 @@ void GridRows::addLevel(std::vector<int>& rows, size_t level, const QByteArray& 
     addLevel(rows, level + 1, path);
     return;
   }
-  // NULL and the empty text read alike and make one group.
+  // NULL and the empty text read alike and make one group, and so do values that are shown as one text.
+  const bool byShownText = shownTextOf(field) != nullptr;
+  QHash<QByteArrayView, QByteArray> shown;
   QHash<QByteArrayView, int> known;
   std::vector<std::vector<int>> members;
   for (const int row : rows) {
-    const QByteArrayView cell = query_->rawCell(row, field).value_or(QByteArrayView(""));
+    QByteArrayView cell = query_->rawCell(row, field).value_or(QByteArrayView(""));
+    if (byShownText) {
+      auto text = shown.constFind(cell);
+      if (text == shown.constEnd()) text = shown.insert(cell, shownAt(row, field).toUtf8());
+      cell = *text;
+    }
     const auto place = known.constFind(cell);
     if (place != known.constEnd()) {
       members[size_t(*place)].push_back(row);
@@ -108,9 +182,9 @@ void GridRows::addLevel(std::vector<int>& rows, size_t level, const QByteArray& 
   const FieldInfo& info = query_->fieldInfo(field);
   const bool descending = levels_[level].descending;
   std::stable_sort(members.begin(), members.end(), [&](const std::vector<int>& left, const std::vector<int>& right) {
-    const auto a = query_->rawCell(left.front(), field);
-    const auto b = query_->rawCell(right.front(), field);
-    const auto order = groupsAsText_ ? compareTexts(shownBytes(info, a), shownBytes(info, b)) : compareCells(info, a, b);
+    const auto order = groupsAsText_ || byShownText
+                           ? compareTexts(shownAt(left.front(), field), shownAt(right.front(), field))
+                           : compareCells(info, query_->rawCell(left.front(), field), query_->rawCell(right.front(), field));
     return descending ? order > 0 : order < 0;
   });
   for (std::vector<int>& member : members) {
@@ -128,8 +202,10 @@ void GridRows::addLevel(std::vector<int>& rows, size_t level, const QByteArray& 
 }
 
 QByteArray GridRows::keyOf(int queryRow, int field) const {
-  const QByteArrayView cell = query_->rawCell(queryRow, field).value_or(QByteArrayView(""));
-  return QByteArray::number(cell.size()) + ':' + cell.toByteArray();
+  const bool byShownText = shownTextOf(field) != nullptr;
+  const QByteArray key = byShownText ? shownAt(queryRow, field).toUtf8()
+                                     : query_->rawCell(queryRow, field).value_or(QByteArrayView("")).toByteArray();
+  return QByteArray::number(key.size()) + ':' + key;
 }
 
 int GridRows::count() const {

@@ -41,17 +41,32 @@ class GridRows {
   const std::vector<GridSort>& grouping() const { return levels_; }
   /// Fields whose sums stand in a footer of each group; withFooters shows the footers.
   void setGroupSums(QStringList fields, bool withFooters);
+  /// A column whose rows are ordered and grouped by the text that a value is shown as.
+  struct ShownText {
+    QString field;
+    std::function<QString(const Value& value)> textOf;
+  };
+  void setShownTexts(std::vector<ShownText> columns) { shownTexts_ = std::move(columns); }
   void setNewItemRow(bool shown) { newItemRow_ = shown; }
   /// Row of the query that is being written in the line for a new row, -1 for none; it has no line of its own.
   void setHiddenRow(int row) { hiddenRow_ = row; }
   int hiddenRow() const { return hiddenRow_; }
-  /// Row that the query has lost while its line is still counted, -1 for none; the line's own index is -1 then.
-  void setLostRow(int row) { lostRow_ = row; }
 
   /// Works the lines out anew.
   void rebuild();
-  /// A row was added behind all others, or taken away, and no line is kept per row: true, and the count follows.
-  bool follows(int queryRows);
+  // How the lines follow single rows while nothing is grouped. New rows come at the end, also of sorted ones, and stay there
+  // until the lines are worked out anew.
+  /// The query's last row is new; hidden: it is written in the line for a new row.
+  void append(bool hidden);
+  /// The hidden row was written and gets a line of its own, the last one.
+  void showHiddenRow();
+  /// The hidden row is gone.
+  void dropHiddenRow();
+  /// A row is gone from the query; its line is still counted, with the index -1, until it is dropped. Gives the line.
+  int loseRow(int queryRow);
+  void dropLostRow(int line);
+  /// With groups: the query's last row is being written and stands behind all of them; -1 for none. Takes effect with rebuild.
+  void setRowBehindGroups(int row) { rowBehindGroups_ = row; }
 
   int count() const;
   GridRow at(int line) const;
@@ -68,6 +83,9 @@ class GridRows {
 
  private:
   QByteArray keyOf(int queryRow, int field) const;
+  const ShownText* shownTextOf(int field) const;
+  QString shownAt(int queryRow, int field) const;
+  std::vector<int> ranksOf(const std::vector<int>& rows, int field) const;
   void sortRows(std::vector<int>& rows) const;
   void addLevel(std::vector<int>& rows, size_t level, const QByteArray& path);
   bool isExpanded(const QByteArray& path) const { return expanded_.value(path, allExpanded_); }
@@ -81,6 +99,8 @@ class GridRows {
   bool newItemRow_ = false;
   int hiddenRow_ = -1;
   int lostRow_ = -1;
+  int rowBehindGroups_ = -1;
+  std::vector<ShownText> shownTexts_;
   bool allExpanded_ = false;
   QHash<QByteArray, bool> expanded_;
   int plainRows_ = 0;           ///< rows of the query when no line is kept per row
