@@ -1,7 +1,8 @@
 // kvtk-account HOST…: reads a typed name and a typed password, a line each, from the standard input and prints the SQL
 // text that makes that login an account of the database for each of the hosts. Nothing of it is stored or logged.
 // kvtk-account --user HOST…: the same for one user more. The master account is refused, and so is a name of other letters
-// than those that go through every file and script: after the login's rules A to Z, digits, "_", "-" and ".", 32 at most.
+// than those that go through every file and script: after the login's rules A to Z, digits, "_", "-" and ".".
+// No name is longer than what a slip keeps of it.
 
 #include "base/data/latin5.h"
 #include "base/exceptions.h"
@@ -17,7 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int longestUserName = 32;
+/// Every saved slip carries the name in TS_USER, which holds no more.
+constexpr int longestUserName = 15;
 
 /// Quoted for the server's own mode, in which a backslash escapes.
 QByteArray quoted(const QString& text, const QString& what) {
@@ -36,8 +38,7 @@ void needUserName(const QString& account) {
   const bool plain = std::ranges::all_of(account, [](QChar c) {
     return (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_' || c == u'-' || c == u'.';
   });
-  if (!plain || account.size() > longestUserName)
-    throw Exception(u"a user's name has letters, digits, \"_\", \"-\" and \".\" only, %1 at most"_s.arg(longestUserName));
+  if (!plain) throw Exception(u"a user's name has letters, digits, \"_\", \"-\" and \".\" only"_s);
   if (LoginRules::isMaster(account)) throw Exception(u"that is the master account, which is there already"_s);
 }
 
@@ -57,6 +58,8 @@ int main(int argc, char** argv) {
     const QString typedName = TurkishText::upper(line(input));
     const QString typedPassword = TurkishText::upper(line(input));
     if (typedName.isEmpty() || typedPassword.isEmpty()) throw Exception(u"the name or the password is empty"_s);
+    if (LoginRules::account(typedName).size() > longestUserName)
+      throw Exception(u"a name has %1 letters at most: slips are saved with it and keep no more"_s.arg(longestUserName));
     if (user) needUserName(LoginRules::account(typedName));
     const QByteArray name = quoted(LoginRules::account(typedName), u"Kullanıcı Adı"_s);
     const QByteArray password = quoted(LoginRules::password(typedPassword), u"Kullanıcı Parolası"_s);

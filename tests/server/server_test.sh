@@ -119,10 +119,13 @@ case_users() {
   done
   equal "$(login_as AYSE.I-1 'UC@Kp-7H4n' "SELECT 1")" 1
   local accounts name
+  echo x | "$server" user "$(printf 'a%.0s' {1..15})" || fail "the longest name"
   accounts=$(sql <<<"SELECT COUNT(*) FROM mysql.user")
-  for name in "a b" "O'Neil" 'a\b' 'x";' %  "$(printf 'a\nb')" "$(printf 'a%.0s' {1..33})" ж; do
+  for name in "a b" "O'Neil" 'a\b' 'x";' %  "$(printf 'a\nb')" ж; do
     refused "a user's name has letters" sh -c 'echo x | "$0" user "$1"' "$server" "$name"
   done
+  refused "15 letters at most" sh -c 'echo x | "$0" user "$1"' "$server" "$(printf 'a%.0s' {1..16})"
+  refused "15 letters at most" sh -c 'printf "$1\nx\n" | "$0" account' "$server" "$(printf 'a%.0s' {1..16})"
   refused "master account" sh -c 'echo x | "$0" user Quend' "$server"
   refused "user NAME" "$server" user
   refused "user NAME" "$server" user ""
