@@ -1,4 +1,5 @@
--- Plausible data in a repeatable way: every choice comes from the row's number, none from chance or the clock.
+-- Plausible data in a repeatable way: every choice comes from the row's number, none from chance. The clock has a say only in
+-- what is to be due today: terms of contracts, some reminders, some jobs that are overdue outside.
 -- @N@ slips, @CUSTOMERS@ customers, @CONTRACTS@ contracts, @CALLS@ calls; each behind what is there already.
 
 SET NAMES utf8mb4;
@@ -80,13 +81,17 @@ INSERT INTO teknikservis (TS_ID, TS_NO, TS_TARIH, TS_SAAT, TS_TESLIM_TARIH, TS_S
     IF(DURUM_NO >= 13, ELT(1 + MOD(h DIV 17, 3), 'ANAKART ONARILDI', 'PARÇA DEĞİŞTİ', 'TEMİZLİK YAPILDI'), NULL),
     MOD(h, 500), 100 + MOD(h, 9) * 50, MOD(h, 11) * 25, MOD(h, 13) * 12.5, 100 + MOD(h, 9) * 50 + MOD(h, 11) * 25 + MOD(h, 13) * 12.5,
     ELT(1 + MOD(h DIV 19, 4), 'Nakit', 'Kredi Kartı', 'Cari Hesap', NULL), IF(GITTI, CONCAT(firma.AD, ' YETKİLİ SERVİS'), NULL),
-    IF(GITTI, TARIH + INTERVAL 1 DAY, NULL), IF(GITTI AND DURUM_NO <> 7, TARIH + INTERVAL 4 DAY, NULL), IF(GITTI, 7 + MOD(h, 14), NULL),
-    IF(MOD(h, 25) = 0, TARIH + INTERVAL 30 DAY, NULL), IF(MOD(h, 25) = 0, '10:00:00', NULL), IF(MOD(h, 25) = 0, 'MÜŞTERİYİ ARA', NULL),
+    IF(GITTI, IF(GECIKTI, CURDATE() - INTERVAL 8 + MOD(h, 14) + MOD(seq, 9) DAY, TARIH + INTERVAL 1 DAY), NULL), IF(GITTI AND DURUM_NO <> 7, TARIH + INTERVAL 4 DAY, NULL), IF(GITTI, 7 + MOD(h, 14), NULL),
+    IF(BUGUN, CURDATE(), IF(MOD(h, 25) = 0, TARIH + INTERVAL 30 DAY, NULL)),
+    IF(BUGUN, SEC_TO_TIME(32400 + 900 * MOD(seq, 32)), IF(MOD(h, 25) = 0, '10:00:00', NULL)),
+    IF(BUGUN OR MOD(h, 25) = 0, ELT(1 + MOD(h DIV 25, 3), 'MÜŞTERİYİ ARA', 'PARÇA GELDİ Mİ, SOR', 'ÖDEMEYİ HATIRLAT'), NULL),
     'QUEND', TARIH + INTERVAL 9 HOUR
   FROM (SELECT s.*, durum.NO AS DURUM_NO, durum.AD AS DURUM, durum.NO = 7 OR durum.NO >= 13 AND MOD(h DIV 23, 12) = 0 AS GITTI
-    FROM (SELECT seq, CRC32(CONCAT('fiş', @slips + seq)) AS h, DATE('2024-01-01') + INTERVAL (seq * 1050 DIV @N@) DAY AS TARIH
+    FROM (SELECT seq, CRC32(CONCAT('fiş', @slips + seq)) AS h, DATE('2024-01-01') + INTERVAL (seq * 1050 DIV @N@) DAY AS TARIH,
+        seq > @N@ - 12 AND MOD(seq, 3) = 0 AS GECIKTI, seq > @N@ - 12 AND MOD(seq, 3) = 1 AS BUGUN
       FROM seq_1_to_@N@) s
-    JOIN durum ON durum.NO = IF(MOD(h, 3) > 0, 15, MOD(h DIV 3, 16))) s
+    -- Of old slips none is outside any more.
+    JOIN durum ON durum.NO = IF(GECIKTI, 7, IF(MOD(h, 3) > 0 OR MOD(h DIV 3, 16) = 7 AND seq <= @N@ - 5000, 15, MOD(h DIV 3, 16)))) s
   JOIN cari c ON c.CA_ID = @customers + 1 + MOD(h, @CUSTOMERS@)
   JOIN urun ON urun.NO = 1 + MOD(h, 16)
   JOIN soyad firma ON firma.NO = 1 + MOD(h DIV 29, 12);
@@ -98,12 +103,16 @@ INSERT INTO malzeme (TS_NO_REF, MZ_SIRANO, MZ_PARCA_ADI, MZ_ADET, MZ_TUTAR)
 
 UPDATE notlar SET SF_NOT = CONCAT('MÜŞTERİ ARANDI, BİLGİ VERİLDİ. FİŞ ', SF_TS_ID) WHERE SF_TS_ID > @slips AND MOD(SF_TS_ID, 5) = 0;
 
+-- All periods by turns; of three contracts, the terms of two have ended. The first reminder of some is today's.
 INSERT INTO sozlesme (SOZ_NO, SOZ_AD, SOZ_CA_ID_REF, SOZ_BAS_TARIH, SOZ_BIT_TARIH, SOZ_TUTAR, SOZ_MESAFE, SOZ_HATIRLA_TARIH,
     SOZ_HATIRLA_SAAT, SOZ_HATIRLA_MESAJ, SOZ_HATIRLA_DONEM, SOZ_STATU)
-  SELECT 1000 + @contracts + seq, 'YILLIK BAKIM SÖZLEŞMESİ', @customers + 1 + MOD(seq * 7, @CUSTOMERS@), '2026-01-01', '2026-12-31',
-    1000 + MOD(seq, 20) * 250, MOD(seq * 3, 90), '2026-01-15', '10:00:00', 'PERİYODİK BAKIM', 1 + 2 * MOD(seq, 15),
-    ELT(1 + MOD(seq, 5), 'AKTİF', 'AKTİF', 'AKTİF', 'PASİF', 'BİTTİ')
-  FROM seq_1_to_@CONTRACTS@;
+  SELECT 1000 + @contracts + seq, CONCAT(ELT(1 + MOD(h, 4), 'KLİMA', 'KOMBİ', 'YAZICI', 'SUNUCU'), ' BAKIM SÖZLEŞMESİ'),
+    @customers + 1 + MOD(seq * 7, @CUSTOMERS@), BASLAMA, BASLAMA + INTERVAL 1 YEAR, 1000 + MOD(h, 20) * 250, MOD(seq * 3, 90),
+    IF(YIL = 0 AND MOD(seq, 7) = 0, CURDATE(), BASLAMA + INTERVAL 14 DAY), SEC_TO_TIME(32400 + 900 * MOD(seq, 32)),
+    ELT(1 + MOD(h DIV 4, 3), 'PERİYODİK BAKIM', 'FİLTRE DEĞİŞİMİ', 'GENEL KONTROL'), 1 + 2 * MOD(seq, 15),
+    IF(YIL > 0, 'BİTTİ', IF(MOD(seq, 16) = 0, 'PASİF', 'AKTİF'))
+  FROM (SELECT s.*, CURDATE() - INTERVAL MOD(seq * 37, 300) DAY - INTERVAL YIL * 366 DAY AS BASLAMA
+    FROM (SELECT seq, CRC32(CONCAT('sözleşme', seq)) AS h, MOD((seq - 1) DIV 15, 3) AS YIL FROM seq_1_to_@CONTRACTS@) s) s;
 
 INSERT INTO callerid (cid_tarih, cid_saat, cid_hat, cid_telefon)
   SELECT DATE('2026-01-01') + INTERVAL MOD(seq, 330) DAY, SEC_TO_TIME(28800 + MOD(CRC32(seq), 36000)), 1 + MOD(seq, 2), c.CA_CEP
