@@ -40,5 +40,8 @@ bool LogFile::append(const QString& file, const QString& entry) {
   QFile out(file);
   if (!out.open(QIODevice::WriteOnly | QIODevice::Append)) return false;
   const QByteArray bytes = entry.toUtf8() + "\r\n";
-  return out.write(bytes) == bytes.size() && out.flush();
+  const qint64 before = out.size();
+  if (out.write(bytes) == bytes.size() && out.flush()) return true;
+  out.resize(before);  // no half an entry, to which the next one would be joined
+  return false;
 }

@@ -14,6 +14,8 @@ WholeFile::WholeFile(const QString& file) : out_(file) {
 }
 
 void WholeFile::commit() {
+  // QSaveFile's own commit does not notice that its last buffer found no room.
+  isShort_ = !out_.flush() || isShort_;
   if (isShort_) fail(u"diskte yeterli yer yok."_s);
   if (!out_.commit()) fail(reason());
 }
