@@ -29,7 +29,7 @@ class TLogin_Form : public QDialog {
   static constexpr int GivenUp = 2;
 
   /// Appends a line to the log file; error may be null.
-  void Log(const QString& message, const std::exception* error = nullptr);
+  static void Log(const QString& message, const std::exception* error = nullptr);
 
   /// Handler for what nobody caught: logs, and shows unless the sender is a label (a mark for the log only) or
   /// ApplicationEvents1Tag is not 0; then sets that to 0.

@@ -6,6 +6,7 @@
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"
+#include "app/ports.h"
 #include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "cards/customer_devices.h"
@@ -17,10 +18,15 @@
 #include "cards/service_types.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
+#include "service/fservisfis_unit.h"
 #include "service/fservisfissecUnit.h"
+#include "service/slip_conflict.h"
+#include "service/slip_windows.h"
+#include "toolkit/edits/text_edit.h"
 
 #include <QApplication>
 #include <QIcon>
+#include <QLabel>
 
 #include <memory>
 
@@ -41,7 +47,52 @@ class Application : public QApplication {
     }
   }
 };
+
+/// What the workspace's commands open.
+void connectCommands(TfKvb& workspace) {
+  workspace.connectCommand(u"dxBarLargeButton1"_s, [] { SlipWindows::openNew(); });
+  workspace.connectCommand(u"dxBarLargeButton2"_s, [] { SlipWindows::choose(); });
+  workspace.connectCommand(u"dxBarButton16"_s, [] { fmusteriler->Giris(); });
+  workspace.connectCommand(u"dxBarButton17"_s, [] { fcihazlar->Giris(); });
+  workspace.connectCommand(u"dxBarButton18"_s, [] { fDisServisler->Giris(); });
+  workspace.connectCommand(u"dxBarButton22"_s, [] { fServisTip->Giris(); });
+}
+
 }  // namespace
+
+void fillPorts() {
+  Ports& all = ports();
+  all.log = [](const QString& message, const std::exception* error) { TLogin_Form::Log(message, error); };
+  all.logMark = [](const QString& name, const QString& text, const std::exception& error) {
+    if (Login_Form == nullptr) return;  // as the program ends
+    QLabel mark(text);
+    mark.setObjectName(name);
+    Login_Form->ApplicationEvents1Exception(&mark, error);
+  };
+  all.userName = [] { return Login_Form != nullptr ? Login_Form->Kullanici->text() : QString(); };
+  all.rights = [] { return fKvb != nullptr ? &fKvb->Yetkitree : nullptr; };
+
+  all.showChild = [](QWidget* editor, const QString& caption) {
+    if (fKvb == nullptr) return false;
+    fKvb->addChildWindow(editor);
+    fKvb->setChildCaption(editor, caption);
+    return true;
+  };
+  all.childWindows = [] { return fKvb != nullptr ? fKvb->childWindows() : QList<QWidget*>(); };
+  all.inSlipFrame = [](const std::function<void()>& work) { fKvb != nullptr ? fKvb->inSlipFrame(work) : work(); };
+  all.setStatusText = [](const QString& text) {
+    if (fKvb != nullptr) fKvb->setStatusText(text);
+  };
+
+  all.newSlip = [] { SlipWindows::openNew(); };
+  all.openSlip = [](qint64 id) { SlipWindows::open(id); };
+  all.answerSlipConflict = [](const QString& className, const QString& message) {
+    answerSlipConflict(fServisFis, className, message);
+  };
+  all.openServiceTypes = [] {
+    if (fServisTip != nullptr) fServisTip->qServisTip.Open();
+  };
+}
 
 int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   nameTimeZone();
@@ -56,6 +107,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   QCoreApplication::processEvents();
   splash->repaint();
 
+  fillPorts();
   // The order is fixed; the screens are destroyed the other way round.
   TfKvb workspace(QCoreApplication::arguments());
   TDM dataModule;
@@ -67,8 +119,8 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   Tfmusteriler customers;
   Tfcihazlar devices;
   TfDisServisler firms;
-  TfDisServisEkle firmEditor;
-  TfCariEkle customerEditor;
+  TfDisServisEkle firmEditor(firms.qDisServis);
+  TfCariEkle customerEditor(customers.qCari);
   TfServisTip serviceTypes;
   TfMusteriCihaz customerDevices;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {
@@ -76,6 +128,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   });
   splash.reset();
   TfAbout about;
+  connectCommands(workspace);
 
   connectGuarded(&workspace, &TfKvb::closed, &workspace, [] { QCoreApplication::exit(0); });  // whatever else is open
   workspace.show();

@@ -1,11 +1,8 @@
 #include "app/dmUnit.h"
 
-#include "app/kvbankUnit.h"
+#include "app/ports.h"
 #include "base/platform/server_check.h"
 #include "app/rights.h"
-#include "app/Unit14.h"
-
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 
@@ -26,11 +23,8 @@ TDM::~TDM() { DM = nullptr; }
 
 int TDM::Kullanici_Yetkileri(const QString& path) const {
   static const CheckTree withoutWorkspace;
-  const CheckTree& tree = fKvb != nullptr ? fKvb->Yetkitree : withoutWorkspace;
-  return Rights::check(MySQL.Username, tree, path, [&](const std::exception& error) {
-    if (Login_Form == nullptr) return;  // as the program ends
-    QLabel marker(u"Yetki Path hatası...: "_s + path);
-    marker.setObjectName(u"Yetki"_s);
-    Login_Form->ApplicationEvents1Exception(&marker, error);
+  const CheckTree* tree = ports().rights();
+  return Rights::check(MySQL.Username, tree != nullptr ? *tree : withoutWorkspace, path, [&](const std::exception& error) {
+    ports().logMark(u"Yetki"_s, u"Yetki Path hatası...: "_s + path, error);
   });
 }

@@ -7,18 +7,13 @@
 #include "base/log_file.h"
 #include "base/exceptions.h"
 #include "app/parameters.h"
+#include "app/ports.h"
 #include "base/platform/shell_open.h"
 #include "base/process_end.h"
 #include "base/program_paths.h"
 #include "app/quendUtils.h"
 #include "app/slip_frame.h"
 #include "app/Unit14.h"
-#include "cards/customer_list.h"
-#include "cards/device_list.h"
-#include "cards/firm_list.h"
-#include "cards/service_types.h"
-#include "service/fservisfis_unit.h"
-#include "service/fservisfissecUnit.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/text_edit.h"
@@ -139,23 +134,14 @@ void TfKvb::buildStatusBar() {
 }
 
 void TfKvb::connectCommands() {
-  const auto on = [this](const QString& objectName, auto work) {
-    connectGuarded(command(objectName), &QAction::triggered, this, work);
-  };
-  on(u"dxBarLargeButton1"_s, [this] { newSlip(); });
-  on(u"dxBarLargeButton2"_s, [this] { chooseSlips(); });
-  on(u"dxBarButton16"_s, [] { fmusteriler->Giris(); });
-  on(u"dxBarButton17"_s, [] { fcihazlar->Giris(); });
-  on(u"dxBarButton18"_s, [] { fDisServisler->Giris(); });
-  on(u"dxBarButton22"_s, [] { fServisTip->Giris(); });
-  on(u"tileRows"_s, [this] { children_->tileRows(); });
-  on(u"tileColumns"_s, [this] { children_->tileColumns(); });
-  on(u"cascade"_s, [this] { children_->cascade(); });
-  on(u"maximizeAll"_s, [this] { children_->maximizeAll(); });
-  on(u"minimizeAll"_s, [this] { children_->minimizeAll(); });
-  on(u"restoreAll"_s, [this] { children_->restoreAll(); });
-  on(u"parameters"_s, [] { fParametreler->Giris(); });
-  on(u"closeProgram"_s, [this] { close(); });
+  connectCommand(u"tileRows"_s, [this] { children_->tileRows(); });
+  connectCommand(u"tileColumns"_s, [this] { children_->tileColumns(); });
+  connectCommand(u"cascade"_s, [this] { children_->cascade(); });
+  connectCommand(u"maximizeAll"_s, [this] { children_->maximizeAll(); });
+  connectCommand(u"minimizeAll"_s, [this] { children_->minimizeAll(); });
+  connectCommand(u"restoreAll"_s, [this] { children_->restoreAll(); });
+  connectCommand(u"parameters"_s, [] { fParametreler->Giris(); });
+  connectCommand(u"closeProgram"_s, [this] { close(); });
   connectGuarded(ribbon_->applicationButton(), &QToolButton::clicked, this, [] { fAbout->Giris(); });
 
   const auto enableForChildren = [this](int count) {
@@ -169,6 +155,12 @@ void TfKvb::connectCommands() {
   connectGuarded(next, &QShortcut::activated, this, [this] { children_->activateNext(); });
   auto* previous = new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab, this);
   connectGuarded(previous, &QShortcut::activated, this, [this] { children_->activatePrevious(); });
+}
+
+void TfKvb::connectCommand(const QString& objectName, std::function<void()> work) {
+  QAction* action = command(objectName);
+  if (action == nullptr) throw Exception(u"Komut yok: "_s + objectName);
+  connectGuarded(action, &QAction::triggered, this, [work = std::move(work)] { work(); });
 }
 
 void TfKvb::addTrayIcon() {
@@ -191,41 +183,10 @@ void TfKvb::hideRibbonWhenAsked() {
   if (fParametreler != nullptr && fParametreler->isChecked(ParameterFiles::HideRibbonAtSlip)) ribbon_->setPageVisible(false);
 }
 
-void TfKvb::newSlip() {
-  TfServisFis* slip = nullptr;
-  {
-    const SlipFrame frame(*ribbon_, children_->redrawLock());
-    hideRibbonWhenAsked();
-    slip = new TfServisFis;
-    addChildWindow(slip);
-  }
-  try {
-    slip->Insert();
-  } catch (...) {
-    slip->parentWidget()->close();
-    throw;
-  }
-}
-
-void TfKvb::openSlip(qint64 id) {
+void TfKvb::inSlipFrame(const std::function<void()>& work) {
   const SlipFrame frame(*ribbon_, children_->redrawLock());
   hideRibbonWhenAsked();
-  auto* slip = new TfServisFis;
-  addChildWindow(slip);
-  try {
-    slip->Edit(id);
-  } catch (...) {
-    // A slip that could not be read would stand there as an empty form; one whose picture is damaged stays.
-    if (slip->qServis.IsEmpty()) slip->parentWidget()->close();
-    throw;
-  }
-}
-
-void TfKvb::chooseSlips() {
-  std::vector<QString> ids;
-  fservisfisSec->Giris(ids);
-  // One that cannot be read in full does not keep the others closed.
-  for (const QString& id : ids) guarded(this, [&] { openSlip(id.toLongLong()); });
+  work();
 }
 
 void TfKvb::showEvent(QShowEvent* event) {
@@ -260,7 +221,7 @@ void TfKvb::timer1Timer() {
   const QString picture = programFolder() + u"masaustu.png"_s;
   if (QFileInfo::exists(picture)) children_->clientArea()->setPicture(QPixmap(picture));
   fParametreler->Load();
-  if (fServisTip != nullptr) fServisTip->qServisTip.Open();
+  ports().openServiceTypes();
   dxBarStatic1->setText(Login_Form->Kullanici->text());
   dxBarStatic2->setText(Login_Form->eSunucu->text());
   applyRights();

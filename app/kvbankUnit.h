@@ -5,6 +5,7 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
 
 class ChildWindows;
@@ -43,10 +44,11 @@ class TfKvb : public QMainWindow {
   QAction* command(const QString& objectName) const { return commands_.value(objectName); }
   void setStatusText(const QString& text);
 
-  /// A new slip in a window of its own.
-  void newSlip();
-  /// The slip with that id in a window of its own.
-  void openSlip(qint64 id);
+  /// Says what a command of the ribbon does. Throws Exception with the name when there is no such command.
+  void connectCommand(const QString& objectName, std::function<void()> work);
+  /// Runs work in the frame of a slip window that comes up: nothing is painted, the hourglass stands as cursor; the ribbon
+  /// folds when the parameters ask for it. Throws what work throws.
+  void inSlipFrame(const std::function<void()>& work);
 
  Q_SIGNALS:
   /// The main window has closed, after its child windows; the program is to end.
@@ -61,7 +63,6 @@ class TfKvb : public QMainWindow {
   void buildStatusBar();
   void connectCommands();
   void addTrayIcon();
-  void chooseSlips();
   void hideRibbonWhenAsked();
   void timer1Timer();
   void startVigil();

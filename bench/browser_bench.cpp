@@ -4,6 +4,7 @@
 //   browser_all_open_100k_ms, browser_all_open_100k_vs_raw   all slips, and against the bare fetch of the same rows
 //   browser_sort_no_100k_ms   sorted by number, from the command to the painted list
 
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "base/environment.h"
 #include "app/kvbankUnit.h"
@@ -129,6 +130,7 @@ int main(int argc, char** argv) {
   // A kept layout, with its sorting, must not come from an earlier run.
   const QTemporaryDir folder;
   QuendUtil->programFolder = folder.path() + u'/';
+  fillPorts();
   TDM dataModule;
   TfParametreler parameters;
   TfservisfisSec browser;

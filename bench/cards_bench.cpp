@@ -5,6 +5,7 @@
 //                                   that waits for the next key; the slowest letter of a name
 //   catalogue_import_10k_s   a file of 10,000 devices into an empty catalogue
 
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
@@ -158,6 +159,7 @@ int main(int argc, char** argv) {
   QApplication application(programArguments, argv);
   applyLook(application);
   TfKvb workspace;
+  fillPorts();
   TDM dataModule;
   TLogin_Form login;
   Tfmusteriler customers;

@@ -9,10 +9,12 @@
 //   lookup_keystroke_ms      the slowest key of a name typed into that box, painted
 //   lookup_leave_ms          leaving the box with a name that is no entry
 
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"
+#include "app/ports.h"
 #include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"
@@ -147,7 +149,7 @@ class BareSave {
 };
 
 void measureSave(qint64 id) {
-  fKvb->openSlip(id);
+  ports().openSlip(id);
   settle();
   TfServisFis* slip = fServisFis;
   BareSave bare(id);
@@ -168,7 +170,7 @@ void measureSave(qint64 id) {
 }
 
 void measureLookUp(qint64 id) {
-  fKvb->openSlip(id);
+  ports().openSlip(id);
   settle();
   auto* box = fServisFis->findChild<EditBox*>(u"TS_MUSTERI"_s);
   box->line()->setFocus();
@@ -204,6 +206,7 @@ int main(int argc, char** argv) {
   QApplication application(argc, argv);
   applyLook(application);
   TfKvb workspace;
+  fillPorts();
   TDM dataModule;
   TfParametreler parameters;
   TfHatirlat reminder;
@@ -219,12 +222,12 @@ int main(int argc, char** argv) {
   settle();
 
   const std::vector<qint64> ids = slipIds();
-  figure(u"open_slip_ms"_s, openTime([&] { fKvb->openSlip(ids.front()); }), "ms");
-  figure(u"new_slip_ms"_s, openTime([] { fKvb->newSlip(); }), "ms");
+  figure(u"open_slip_ms"_s, openTime([&] { ports().openSlip(ids.front()); }), "ms");
+  figure(u"new_slip_ms"_s, openTime([] { ports().newSlip(); }), "ms");
   measureLookUp(ids.front());
   measureSave(ids.front());
   const double before = Measuring::residentMegabytes();
-  for (const qint64 id : ids) fKvb->openSlip(id);
+  for (const qint64 id : ids) ports().openSlip(id);
   settle();
   figure(u"ten_slips_open_rss_mb"_s, Measuring::residentMegabytes(), "MB");
   figure(u"ten_slips_more_mb"_s, Measuring::residentMegabytes() - before, "MB");

@@ -12,6 +12,7 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "base/program_paths.h"
+#include "app/ports.h"
 #include "app/rights.h"
 #include "service/fservisfis_unit.h"
 #include "toolkit/edits/edit_control.h"
@@ -107,7 +108,7 @@ void measureDeniedCheck() {
 void measureSlip() {
   QElapsedTimer timer;
   timer.start();
-  fKvb->newSlip();
+  ports().newSlip();
   qApp->processEvents();
   figure("new_slip_ms", double(timer.nsecsElapsed()) / 1e6, "ms");
 
@@ -129,7 +130,7 @@ void measureSlip() {
   const qint64 id = last.field(0).asInteger();
   if (id == 0) std::exit(4);
   timer.restart();
-  fKvb->openSlip(id);
+  ports().openSlip(id);
   qApp->processEvents();
   figure("open_slip_ms", double(timer.nsecsElapsed()) / 1e6, "ms");
   DM->MySQL.execute("DELETE FROM teknikservis WHERE TS_ID=" + QByteArray::number(id));

@@ -2,10 +2,10 @@
 
 #include "base/conflict_text.h"
 #include "base/data/my_query.h"
+#include "app/ports.h"
 #include "app/dmUnit.h"
 #include "base/exceptions.h"
 #include "app/quendUtils.h"
-#include "app/Unit14.h"
 #include "cards/card_rules.h"
 #include "cards/card_store.h"
 #include "toolkit/edits/balloon.h"
@@ -20,7 +20,7 @@ void readNewVersion(TMyQuery& cards) {
   try {
     cards.RefreshRecord();
   } catch (const Exception& error) {
-    Login_Form->Log(error.message(), &error);  // the save itself is done
+    logMessage(error.message(), &error);  // the save itself is done
   }
 }
 
@@ -57,7 +57,7 @@ bool answerCardConflict(const ConflictingCard& card, const QString& className, c
       card.balloon.showAt(card.uniqueBox, ConflictText::duplicateValue(card.uniqueCaption));
       return false;
     case CardFailure::SayNothing:
-      Login_Form->Log(className + u": "_s + message);
+      logMessage(className + u": "_s + message);
       return true;
   }
   Q_UNREACHABLE();

@@ -1,11 +1,11 @@
 #include "cards/card_list.h"
 
+#include "app/ports.h"
 #include "app/dmUnit.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "app/quendUtils.h"
 #include "app/rights.h"
-#include "app/Unit14.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_preview.h"
 #include "toolkit/grid/table_content.h"
@@ -122,7 +122,7 @@ void CardList::deleteSelected(const QString& question, const QString& failure) {
     grid_->deleteSelectedRows();
     transaction.commit();
   } catch (const Exception& error) {
-    Login_Form->Log(error.message(), &error);
+    logMessage(error.message(), &error);
     QuendUtil->mesajTimeOut(this, failure, failureMessageMs);
   }
 }

@@ -3,9 +3,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
-#include "app/Unit14.h"
 #include "cards/card_conflict.h"
-#include "cards/customer_list.h"
 
 #include <QAction>
 
@@ -35,8 +33,8 @@ std::vector<CardField> customerFields() {
 
 }  // namespace
 
-TfCariEkle::TfCariEkle(QWidget* parent)
-    : CardEditor(fmusteriler->qCari, u"fCariEkle"_s, u"Cari Hesap"_s, customerFields(), parent) {
+TfCariEkle::TfCariEkle(TMyQuery& customers, QWidget* parent)
+    : CardEditor(customers, u"fCariEkle"_s, u"Cari Hesap"_s, customerFields(), parent) {
   widenWhileFocused(u"CA_UNVAN"_s);
   fCariEkle = this;
 }

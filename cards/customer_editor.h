@@ -6,8 +6,8 @@
 class TfCariEkle : public CardEditor {
   Q_OBJECT
  public:
-  /// The customers' list must be there.
-  explicit TfCariEkle(QWidget* parent = nullptr);
+  /// customers: of the list, on whose row the editor works.
+  explicit TfCariEkle(TMyQuery& customers, QWidget* parent = nullptr);
   ~TfCariEkle() override;
 
   /// Show an empty card, the list's current card. Throw EDatabaseError.

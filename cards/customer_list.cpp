@@ -1,5 +1,6 @@
 #include "cards/customer_list.h"
 
+#include "app/ports.h"
 #include "base/guard.h"
 #include "base/platform/shell_open.h"
 #include "base/program_paths.h"
@@ -94,11 +95,11 @@ void Tfmusteriler::sendSms() {
   std::vector<QString> numbers;
   for (qCari.First(); !qCari.Eof(); qCari.Next()) numbers.push_back(qCari.FieldByName(u"CA_CEP"_s).asText());
   grid()->setCurrentRow(qCari.RecNo());  // stays on the last customer: meant
-  if (openBulkSms) openBulkSms(CardRules::joinedNumbers(numbers));
+  ports().openBulkSms(CardRules::joinedNumbers(numbers));
 }
 
 void Tfmusteriler::showStatistics() {
-  if (openStatistics) openStatistics(qCari.FieldByName(u"CA_AD"_s).asText());
+  ports().openCustomerStatistics(qCari.FieldByName(u"CA_AD"_s).asText());
 }
 
 void Tfmusteriler::exportToExcel() {

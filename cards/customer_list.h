@@ -11,10 +11,6 @@ class Tfmusteriler : public CardList {
 
   /// The open cards, which the editor works on as well.
   TMyQuery& qCari;
-  /// Opens the bulk SMS with the numbers of all listed customers, and the statistics of one by name. A command whose screen
-  /// is not there does nothing.
-  std::function<void(const QString& numbers)> openBulkSms;
-  std::function<void(const QString& customer)> openStatistics;
 
  private:
   bool takeFilter(const std::optional<FilterExpression>& filter);

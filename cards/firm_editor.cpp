@@ -1,9 +1,8 @@
 #include "cards/firm_editor.h"
 
+#include "app/ports.h"
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
-#include "cards/firm_list.h"
-#include "service/fservisfis_unit.h"
-#include "service/slip_conflict.h"
 
 using namespace Qt::StringLiterals;
 
@@ -21,8 +20,8 @@ std::vector<CardField> firmFields() {
 
 }  // namespace
 
-TfDisServisEkle::TfDisServisEkle(QWidget* parent)
-    : CardEditor(fDisServisler->qDisServis, u"fDisServisEkle"_s, u"Dış Servis"_s, firmFields(), parent) {
+TfDisServisEkle::TfDisServisEkle(TMyQuery& firms, QWidget* parent)
+    : CardEditor(firms, u"fDisServisEkle"_s, u"Dış Servis"_s, firmFields(), parent) {
   fDisServisEkle = this;
 }
 
@@ -55,7 +54,7 @@ void TfDisServisEkle::Edit() {
   } catch (const Exception& error) {
     cards().Cancel();
     // Speaks of the slip on the screen, if there is one: meant.
-    answerSlipConflict(fServisFis, error.className(), error.message());
+    ports().answerSlipConflict(error.className(), error.message());
   }
 }
 

@@ -6,8 +6,8 @@
 class TfDisServisEkle : public CardEditor {
   Q_OBJECT
  public:
-  /// The firms' list must be there.
-  explicit TfDisServisEkle(QWidget* parent = nullptr);
+  /// firms: of the list, on whose row the editor works.
+  explicit TfDisServisEkle(TMyQuery& firms, QWidget* parent = nullptr);
   ~TfDisServisEkle() override;
 
   /// Shows an empty card. Throws EDatabaseError when it cannot be written; it is gone then.

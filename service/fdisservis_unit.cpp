@@ -1,13 +1,12 @@
 #include "service/fdisservis_unit.h"
 
 #include "base/date_text.h"
+#include "app/ports.h"
 #include "app/dmUnit.h"
 #include "app/editors/qcx_editors.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
-#include "app/Unit14.h"
-#include "service/fservisfis_unit.h"
 #include "service/slip_rules.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/lookup_edit.h"
@@ -90,11 +89,9 @@ void TfDisServis::buildCommands() {
   connectGuarded(aVazgec, &QAction::triggered, this, [this] { reject(); });
 }
 
-int TfDisServis::Giris(TfServisFis& slip) {
+int TfDisServis::Giris(const OutsideService& held, const QWidget& statusBox) {
   store_.open();
   TS_DISSERVIS->sourceChanged();
-  slip_ = &slip;
-  const OutsideService& held = slip.outsideService();
   TS_DISSERVIS->setText(held.firm);
   TS_DISSERVIS_CIKIS->setText(SlipRules::proposedExitDate(held));
   TS_DISSERVIS_GIRIS->setText(held.returnDate);
@@ -103,8 +100,7 @@ int TfDisServis::Giris(TfServisFis& slip) {
   firm_ = store_.findFirm(held.firm);
 
   adjustSize();  // a later change of size would place the window by its inside
-  const QWidget* status = slip.control(u"TS_TURU"_s);
-  move(status->mapToGlobal(QPoint(0, status->height() + belowStatusBox)));
+  move(statusBox.mapToGlobal(QPoint(0, statusBox.height() + belowStatusBox)));
   TS_DISSERVIS->line()->setFocus();
   return exec();
 }
@@ -114,11 +110,10 @@ void TfDisServis::confirm() {
   if (!isReadable()) return;
   const QString name = TS_DISSERVIS->text();
   writeFirm(name);
-  OutsideService service;
+  confirmed_ = {};
   if (!name.isEmpty())
-    service = {name, TS_DISSERVIS_CIKIS->text(), TS_DISSERVIS_GIRIS->text(), TS_DISSERVIS_BILGI->text(),
-               SlipRules::deliveryDays(TS_DISSERVIS_TESLIM_SURE->text())};
-  slip_->setOutsideService(service, SlipRules::confirmedOutsideServiceHint(service));
+    confirmed_ = {name, TS_DISSERVIS_CIKIS->text(), TS_DISSERVIS_GIRIS->text(), TS_DISSERVIS_BILGI->text(),
+                  SlipRules::deliveryDays(TS_DISSERVIS_TESLIM_SURE->text())};
   done(Confirmed);
 }
 
@@ -151,6 +146,6 @@ void TfDisServis::writeFirm(const QString& name) {
     else if (!name.trimmed().isEmpty())
       store_.addFirm(name);
   } catch (const Exception& error) {
-    Login_Form->Log(error.message(), &error);
+    logMessage(error.message(), &error);
   }
 }

@@ -3,6 +3,7 @@
 #include "base/data/my_query.h"
 #include "service/outside_service_store.h"
 #include "service/slip_look_ups.h"
+#include "service/slip_rules.h"
 #include "toolkit/edits/balloon.h"
 
 #include <QDialog>
@@ -10,7 +11,6 @@
 class DateEdit;
 class LookupEdit;
 class QToolButton;
-class TfServisFis;
 class qcxTextEdit;
 
 /// "Dış Servis Bilgileri": where a slip's device went, when it left and came back, and how many days were promised. Works
@@ -24,9 +24,11 @@ class TfDisServis : public QDialog {
   static constexpr int Confirmed = 6;
   static constexpr int GivenUp = 2;
 
-  /// Shows what the slip holds, modally under its status box, and puts it back when confirmed. A name that no firm has
-  /// becomes a firm; a name typed over a chosen one renames that one: meant. Throws EDatabaseError.
-  int Giris(TfServisFis& slip);
+  /// Shows what the slip holds, modally under its status box. A name that no firm has becomes a firm; a name typed over a
+  /// chosen one renames that one: meant. Throws EDatabaseError.
+  int Giris(const OutsideService& held, const QWidget& statusBox);
+  /// What the boxes held when they were confirmed; empty when the name was.
+  const OutsideService& confirmed() const { return confirmed_; }
 
   TMyQuery qServis;
   LookupEdit* TS_DISSERVIS;
@@ -50,6 +52,6 @@ class TfDisServis : public QDialog {
   QueryLookup firms_;
   Balloon balloon_;
   QToolButton* saveButton_ = nullptr;
-  TfServisFis* slip_ = nullptr;
+  OutsideService confirmed_;
   qint64 firm_ = OutsideServiceStore::noFirm;
 };

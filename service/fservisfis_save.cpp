@@ -1,11 +1,10 @@
 // Saving and deleting of the slip editor.
 #include "base/date_text.h"
+#include "app/ports.h"
 #include "app/dmUnit.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
-#include "app/kvbankUnit.h"
 #include "app/quendUtils.h"
-#include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/fservisfis_unit.h"
 #include "service/slip_conflict.h"
@@ -109,7 +108,7 @@ std::vector<SlipText> TfServisFis::textsToSave() const {
 }
 
 SlipExtras TfServisFis::extrasToSave() const {
-  return {Login_Form->Kullanici->text(), outsideService_, picture_->bytes(), note_->text()};
+  return {ports().userName(), outsideService_, picture_->bytes(), note_->text()};
 }
 
 void TfServisFis::fillRow() {
@@ -132,7 +131,7 @@ bool TfServisFis::saveExisting() {
   try {
     store_.refreshRow();
   } catch (const Exception& error) {
-    Login_Form->Log(error.message(), &error);
+    logMessage(error.message(), &error);
     QuendUtil->ErrorMesaj(this, u"Kayıt başka bir kullanıcı tarafından silinmiştir."_s);
     return false;
   }
@@ -142,8 +141,7 @@ bool TfServisFis::saveExisting() {
   }
   saveDone();
   const qint64 id = qServis.FieldByName(u"TS_ID"_s).asInteger();
-  const QList<QWidget*> windows = fKvb != nullptr ? fKvb->childWindows() : QList<QWidget*>{this};
-  for (QWidget* window : windows) QCoreApplication::postEvent(window, new SlipSavedMessage(id));
+  for (QWidget* window : ports().childWindows()) QCoreApplication::postEvent(window, new SlipSavedMessage(id));
   return true;
 }
 

@@ -1,12 +1,11 @@
 #include "service/fservisfis_unit.h"
 
 #include "base/date_text.h"
+#include "app/ports.h"
 #include "app/dmUnit.h"
 #include "base/environment.h"
 #include "base/guard.h"
-#include "app/kvbankUnit.h"
 #include "app/quendUtils.h"
-#include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/fdisservis_unit.h"
 #include "service/slip_fields.h"
@@ -94,12 +93,7 @@ void TfServisFis::setHistoryVisible(bool visible) {
 }
 
 void TfServisFis::setTitle(TfServisFis* editor, const QString& title) {
-  if (fKvb == nullptr) {
-    editor->setWindowTitle(title);
-    return;
-  }
-  fKvb->addChildWindow(editor);
-  fKvb->setChildCaption(editor, title);
+  if (!ports().showChild(editor, title)) editor->setWindowTitle(title);
 }
 
 void TfServisFis::resetFields() {
@@ -126,7 +120,7 @@ void TfServisFis::Insert() {
   }
   if (SlipParameters::isOn(ParameterFiles::FillSerialNumber)) fillSerial();
   proposeNumber();
-  fields_->setText(u"TS_USER"_s, Login_Form->Kullanici->text());
+  fields_->setText(u"TS_USER"_s, ports().userName());
   fields_->setText(u"TS_USER_TIME"_s, DateText::dateTime(environment().now()));
   setTitle(this, SlipRules::newSlipTitle());
   picture_->clear();
@@ -203,8 +197,9 @@ void TfServisFis::setOutsideService(const OutsideService& service, const QString
 
 void TfServisFis::askOutsideService() {
   TfDisServis dialog(this);
-  if (dialog.Giris(*this) == TfDisServis::Confirmed && !outsideService_.firm.isEmpty())
-    fields_->chooseStatus(SlipRules::outsideServiceItem);
+  if (dialog.Giris(outsideService_, *control(u"TS_TURU"_s)) != TfDisServis::Confirmed) return;
+  setOutsideService(dialog.confirmed(), SlipRules::confirmedOutsideServiceHint(dialog.confirmed()));
+  if (!outsideService_.firm.isEmpty()) fields_->chooseStatus(SlipRules::outsideServiceItem);
 }
 
 void TfServisFis::showReminder() { fHatirlat->Giris(this); }
@@ -216,7 +211,7 @@ void TfServisFis::loadHistory(int page) {
 }
 
 void TfServisFis::openFromHistory(int row) {
-  if (fKvb != nullptr) fKvb->openSlip(qSeri.valueAt(row, qSeri.fieldIndex(u"TS_ID"_s)).toInteger());
+  ports().openSlip(qSeri.valueAt(row, qSeri.fieldIndex(u"TS_ID"_s)).toInteger());
 }
 
 void TfServisFis::QuendHint(QWidget* control, int, const QString& text) { balloon_.showAt(control, text); }

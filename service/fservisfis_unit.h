@@ -33,6 +33,9 @@ class TfServisFis : public QWidget {
   /// Exception for a picture that cannot be read, everything else being shown then.
   void Edit(qint64 TS_ID);
 
+  /// Closes the window that the editor stands in.
+  void closeWindow();
+
   /// Shows a balloon beside control; nothing happens while one is up. column: of a table, unused by other controls.
   void QuendHint(QWidget* control, int column, const QString& text);
 
@@ -97,7 +100,6 @@ class TfServisFis : public QWidget {
   void showReminder();
   void loadHistory(int page);
   void openFromHistory(int row);
-  void closeWindow();
 
   void save();
   bool isReadyToSave();

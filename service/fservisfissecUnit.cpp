@@ -1,16 +1,15 @@
 #include "service/fservisfissecUnit.h"
 
 #include "base/date_text.h"
+#include "app/ports.h"
 #include "app/dmUnit.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
-#include "app/kvbankUnit.h"
 #include "app/parameters.h"
 #include "base/platform/shell_open.h"
 #include "app/quendUtils.h"
 #include "app/rights.h"
-#include "app/Unit14.h"
 #include "service/slip_browser_rules.h"
 #include "service/slip_rules.h"
 #include "service/slip_tables.h"
@@ -148,7 +147,7 @@ void TfservisfisSec::done(int result) {
   try {
     grid_->storeLayout(layoutFile());
   } catch (const EInOutError& error) {
-    Login_Form->Log(error.message(), &error);
+    logMessage(error.message(), &error);
   }
   QDialog::done(result);
 }
@@ -194,13 +193,13 @@ void TfservisfisSec::deleteSlips() {
   if (keys.isEmpty()) return;
   if (QuendUtil->Mesaj(this, SlipBrowserRules::deletionQuestion(numbers)) != TQuendUtil::Confirmed) return;
   for (const QString& number : numbers)
-    for (QWidget* editor : fKvb->childWindows())
+    for (QWidget* editor : ports().childWindows())
       if (editor->windowTitle() == SlipRules::slipTitle(number)) editor->parentWidget()->close();
   const int rows = qServis.RecordCount();
   try {
     store_.deleteSlips(keys, [this] { grid_->deleteSelectedRows(); });
   } catch (const Exception& error) {
-    Login_Form->Log(error.message(), &error);
+    logMessage(error.message(), &error);
     QuendUtil->ErrorMesaj(this, SlipBrowserRules::deletionFailed());
     if (qServis.RecordCount() != rows) store_.refresh();
   }
@@ -219,7 +218,7 @@ void TfservisfisSec::exportToExcel(QWidget* preview) {
   try {
     exportXls(*grid_->content(true), windowTitle(), file);
   } catch (const EInOutError& error) {
-    Login_Form->Log(error.message(), &error);
+    logMessage(error.message(), &error);
     QuendUtil->ErrorMesaj(preview, u"Liste Excel dosyasına aktarılamadı.\n"_s + error.message());
     return;
   }

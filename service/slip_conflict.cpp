@@ -1,8 +1,8 @@
 #include "service/slip_conflict.h"
 
 #include "base/conflict_text.h"
+#include "app/ports.h"
 #include "app/quendUtils.h"
-#include "app/Unit14.h"
 #include "service/fservisfis_unit.h"
 #include "service/slip_rules.h"
 
@@ -32,7 +32,7 @@ void answerSlipConflict(TfServisFis* editor, const QString& className, const QSt
       break;
     }
     case SaveFailureAnswer::SayNothing:
-      Login_Form->Log(className + u": "_s + message);
+      logMessage(className + u": "_s + message);
       break;
   }
 }

@@ -1,5 +1,6 @@
 #include "app/rights.h"
 
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "base/exceptions.h"
 #include "app/kvbankUnit.h"
@@ -47,6 +48,7 @@ TEST(RightsTest, TheTreeDecidesForAllButTheMaster) {
 class RightsLogTest : public testing::Test {
  protected:
   RightsLogTest() {
+    fillPorts();
     QFile::remove(logFileName());
     data.MySQL.Username = u"AYSE"_s;
     login.Kullanici->setText(u"AYŞE"_s);

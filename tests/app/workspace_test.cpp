@@ -1,7 +1,9 @@
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "app/parameter_models.h"
 #include "app/parameters.h"
+#include "app/ports.h"
 #include "base/platform/machine.h"
 #include "base/process_end.h"
 #include "base/program_paths.h"
@@ -38,6 +40,7 @@ class WorkspaceTest : public testing::Test {
  protected:
   WorkspaceTest() : before_(QDir::currentPath()), end_(setProcessEnd([this](int code) { ended = code; })) {
     QDir::setCurrent(folder.path());
+    fillPorts();
     machine().processFiles = [] { return QStringList{u"/opt/kvtk/VIGIL.EXE"_s}; };
   }
   ~WorkspaceTest() override {
@@ -226,7 +229,7 @@ TEST_F(WorkspaceTest, ParametersOpenByTheirCommandAndMayHideTheRibbonsGroups) {
   auto* switches = parameters.findChild<CheckListModel*>();
   for (const bool hides : {false, true}) {
     switches->setData(switches->index(ParameterFiles::HideRibbonAtSlip), hides ? Qt::Checked : Qt::Unchecked, Qt::CheckStateRole);
-    for (const auto& open : {std::function<void()>([&] { workspace.newSlip(); }), std::function<void()>([&] { workspace.openSlip(1); })}) {
+    for (const auto& open : {std::function<void()>([&] { ports().newSlip(); }), std::function<void()>([&] { ports().openSlip(1); })}) {
       workspace.ribbon()->setPageVisible(true);
       EXPECT_ANY_THROW(open());
       EXPECT_EQ(workspace.ribbon()->isPageVisible(), !hides);

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "base/guard.h"
 #include "app/kvbankUnit.h"
+#include "app/ports.h"
 #include "app/Unit14.h"
 #include "cards/customer_devices.h"
 #include "cards/customer_editor.h"
@@ -31,7 +33,10 @@ class qcxDBTextEdit;
 /// The card screens of the program on the real database, worked by keys; dialogs are answered by a script.
 class CardsTest : public testing::Test {
  protected:
-  CardsTest() : before_(QDir::currentPath()) { QDir::setCurrent(folder.path()); }
+  CardsTest() : before_(QDir::currentPath()) {
+    QDir::setCurrent(folder.path());
+    fillPorts();
+  }
   ~CardsTest() override { QDir::setCurrent(before_); }
 
   void SetUp() override;
@@ -67,8 +72,8 @@ class CardsTest : public testing::Test {
   Tfmusteriler customers;
   Tfcihazlar devices;
   TfDisServisler firms;
-  TfDisServisEkle firmEditor;
-  TfCariEkle customerEditor;
+  TfDisServisEkle firmEditor{firms.qDisServis};
+  TfCariEkle customerEditor{customers.qCari};
   TfServisTip serviceTypes;
   TfMusteriCihaz customerDevices;
 

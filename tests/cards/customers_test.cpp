@@ -228,8 +228,8 @@ TEST_F(CustomersTest, CommandsFollowRightsAndRows) {
 
 TEST_F(CustomersTest, NumbersOfTheFilteredRowsGoToTheSms) {
   QStringList sent;
-  customers.openBulkSms = [&](const QString& numbers) { sent += numbers; };
-  customers.openStatistics = [&](const QString& customer) { sent += customer; };
+  ports().openBulkSms = [&](const QString& numbers) { sent += numbers; };
+  ports().openCustomerStatistics = [&](const QString& customer) { sent += customer; };
   inList([&] {
     press(customers, Qt::Key_F11);
     EXPECT_EQ(customers.grid()->currentRow(), 2) << "stays on the last row";

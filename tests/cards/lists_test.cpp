@@ -259,7 +259,7 @@ TEST_F(ListsTest, SlipCopiesFromTheCards) {
            [this] { typeRow(customerDevices, {u"dizüstü"_s, u"sn-1"_s}); });
   });
   run(u"INSERT INTO cihaz (C_AD, C_MARKA, C_TURU) VALUES ('OCAK', 'M', 'T')");
-  workspace.newSlip();
+  ports().newSlip();
   const auto text = [](const QString& column) { return fServisFis->findChild<EditBox*>(column)->text(); };
   fServisFis->findChild<EditBox*>(u"TS_C_RAFNO"_s)->setText(u"SN-1"_s);
   fServisFis->findChild<EditBox*>(u"TS_C_RAFNO"_s)->pressButton(1);

@@ -1,11 +1,13 @@
 // One workstation: the real slip windows on the real database, driven over the standard input. A line is a command and its
 // fields, parted by tabs; the answer is a line as well, with "\n" for its line breaks. Dialogs are the real ones; what they
 // said and the balloon that is up come with the answer of the command that brought them.
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "base/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/parameters.h"
+#include "app/ports.h"
 #include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
@@ -93,7 +95,7 @@ class Workstation : public DialogDriver {
     query.SQL.setText(u"select TS_ID from teknikservis where TS_NO = :TS_NO"_s);
     query.ParamByName(u"TS_NO"_s) = number;
     query.Open();
-    workspace_.openSlip(query.FieldByName(u"TS_ID"_s).asInteger());
+    ports().openSlip(query.FieldByName(u"TS_ID"_s).asInteger());
     return slip().windowTitle();
   }
 
@@ -121,7 +123,7 @@ class Workstation : public DialogDriver {
   QString answer_ = u"Vazgeç"_s;
   QString picture_;
   const std::map<QString, std::function<QString(const QStringList&)>> commands_{
-      {u"new"_s, [this](const QStringList&) { workspace_.newSlip(); return box(u"TS_NO"_s).text(); }},
+      {u"new"_s, [this](const QStringList&) { ports().newSlip(); return box(u"TS_NO"_s).text(); }},
       {u"open"_s, [this](const QStringList& words) { return open(words[1]); }},
       {u"close"_s, [this](const QStringList&) { slip().parentWidget()->close(); return QString(); }},
       {u"set"_s, [this](const QStringList& words) { box(words[1]).setText(words[2]); return QString(); }},
@@ -147,6 +149,7 @@ int main(int argc, char** argv) {
   applyLook(application);
   const QTemporaryDir folder;  // window places are kept in the current one
   QDir::setCurrent(folder.path());
+  fillPorts();
   TfKvb workspace;
   TDM dataModule;
   TfParametreler parameters;

@@ -334,7 +334,7 @@ TEST_F(SlipBrowserTest, ASlipThatAnotherWorkstationDeletedCanStillBeDeletedAndNo
     press(Qt::Key_F4);
   });
   ASSERT_EQ(ids.size(), 1);
-  workspace.openSlip(ids.first().toLongLong());
+  ports().openSlip(ids.first().toLongLong());
   EXPECT_EQ(dialogs.texts.size(), 1) << "the slip's absence is told";
   QCoreApplication::processEvents();
   EXPECT_TRUE(workspace.childWindows().isEmpty());

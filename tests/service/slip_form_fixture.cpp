@@ -27,12 +27,12 @@ QWidget* keyTarget() {
 }  // namespace
 
 TfServisFis* SlipFormTest::newSlip() {
-  workspace.newSlip();
+  ports().newSlip();
   return fServisFis;
 }
 
 TfServisFis* SlipFormTest::openSlip(qint64 id) {
-  workspace.openSlip(id);
+  ports().openSlip(id);
   return fServisFis;
 }
 

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "app/application.h"
 #include "app/dmUnit.h"
 #include "base/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/parameters.h"
+#include "app/ports.h"
 #include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
@@ -41,7 +43,10 @@ struct DialogScript {
 /// The real workspace with slip windows on the real database, dialogs answered by a script.
 class SlipFormTest : public testing::Test {
  protected:
-  SlipFormTest() : before_(QDir::currentPath()) { QDir::setCurrent(folder.path()); }
+  SlipFormTest() : before_(QDir::currentPath()) {
+    QDir::setCurrent(folder.path());
+    fillPorts();
+  }
   ~SlipFormTest() override { QDir::setCurrent(before_); }
 
   void SetUp() override {

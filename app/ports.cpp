@@ -1,0 +1,6 @@
+#include "app/ports.h"
+
+Ports& ports() {
+  static Ports all;
+  return all;
+}

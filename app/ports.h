@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <exception>
+#include <functional>
+
+class CheckTree;
+class QWidget;
+
+template <class Signature>
+class Port;
+
+/// One function that the program fills in at its start. An empty place is passed over: it gives an empty value.
+template <class Result, class... Arguments>
+class Port<Result(Arguments...)> {
+ public:
+  template <class Function>
+  Port& operator=(Function function) {
+    function_ = std::move(function);
+    return *this;
+  }
+  explicit operator bool() const { return static_cast<bool>(function_); }
+  Result operator()(Arguments... arguments) const {
+    if (function_) return function_(std::forward<Arguments>(arguments)...);
+    return Result();
+  }
+
+ private:
+  std::function<Result(Arguments...)> function_;
+};
+
+/// What subsystems need of each other and of the workspace, so that none includes another one's screens. fillPorts of
+/// app/application.h puts the functions here; who only calls them needs no more than this header.
+struct Ports {
+  // Log and account
+  /// A line of the log file; error may be null.
+  Port<void(const QString& message, const std::exception* error)> log;
+  /// A line of the log file that is shown to nobody: name and text of its mark, and what went wrong.
+  Port<void(const QString& name, const QString& text, const std::exception& error)> logMark;
+  /// The current user's name, as the login form holds it.
+  Port<QString()> userName;
+  /// The rights that nodes are checked in; null while there is no workspace.
+  Port<const CheckTree*()> rights;
+
+  // Workspace
+  /// Shows editor as a child window with a tab, in front, under that caption; an editor that has its window keeps it. False
+  /// while there is no workspace.
+  Port<bool(QWidget* editor, const QString& caption)> showChild;
+  /// Editors in child windows, first to last.
+  Port<QList<QWidget*>()> childWindows;
+  /// Runs work in the frame of a slip window that comes up: nothing is painted, the hourglass stands as cursor.
+  Port<void(const std::function<void()>& work)> inSlipFrame;
+  /// The status bar's first panel.
+  Port<void(const QString& text)> setStatusText;
+
+  // Slips
+  /// A new slip in a window of its own.
+  Port<void()> newSlip;
+  /// The slip with that id in a window of its own. Throws EDatabaseError, and Exception for a picture that cannot be read.
+  Port<void(qint64 id)> openSlip;
+  /// Answers a refused write by the newest slip that is open, see answerSlipConflict.
+  Port<void(const QString& className, const QString& message)> answerSlipConflict;
+
+  // Cards
+  /// Reads the service types that every slip chooses from.
+  Port<void()> openServiceTypes;
+
+  // Communication and extras
+  /// Bulk SMS with numbers in its list, parted as CardRules::joinedNumbers parts them.
+  Port<void(const QString& numbers)> openBulkSms;
+  Port<void(const QString& customer)> openCustomerStatistics;
+  Port<void(const QString& serial)> openSerialStatistics;
+};
+
+Ports& ports();
+
+/// Shorthand for the port that everybody uses.
+inline void logMessage(const QString& message, const std::exception* error = nullptr) { ports().log(message, error); }
