@@ -63,8 +63,6 @@ QString withCheckDigit(const Symbology& symbology, const QString& digits, qsizet
 
 /// The text as the library is to encode it.
 QString prepared(const Symbology& symbology, const QString& text) {
-  if (symbology.word == u"ean13") return withCheckDigit(symbology, text, 13);
-  if (symbology.word == u"ean8") return withCheckDigit(symbology, text, 8);
   if (symbology.word == u"itf" && text.size() % 2 != 0)
     throw EConvertError(u"ITF çift sayıda rakam ister: %1"_s.arg(text));
   // A Codabar symbol begins and ends with a letter; readers take it off again.
@@ -102,7 +100,10 @@ BarcodeSymbol encodeBarcode(const QString& word, const QString& text) {
   const Symbology& symbology = symbologyOf(word);
   if (text.isEmpty()) throw EConvertError(u"barkodun metni yok"_s);
   checkLetters(symbology, text);
-  const QString source = prepared(symbology, text);
+  const bool hasCheckDigit = symbology.code == BARCODE_EANX;
+  const QString shown = hasCheckDigit ? withCheckDigit(symbology, text, symbology.word == u"ean13" ? 13 : 8) : text;
+  // The library puts the check digit behind the others itself.
+  const QString source = hasCheckDigit ? shown.chopped(1) : prepared(symbology, text);
   const QByteArray bytes = source.toUtf8();
   const Symbol symbol;
   if (!symbol.handle) throw std::bad_alloc();
@@ -118,6 +119,6 @@ BarcodeSymbol encodeBarcode(const QString& word, const QString& text) {
   made.columns = symbol.handle->width + 2 * symbology.quiet;
   made.rows = symbol.handle->rows + 2 * above;
   made.bars = std::make_shared<const std::vector<QRect>>(barsOf(*symbol.handle, symbology.quiet, above));
-  made.text = source;
+  made.text = shown;
   return made;
 }
