@@ -1,6 +1,7 @@
 #include "app/application.h"
 
 #include "app/about_box.h"
+#include "app/company_card.h"
 #include "app/dmUnit.h"
 #include "base/guard.h"
 #include "app/kvbankUnit.h"
@@ -52,6 +53,7 @@ class Application : public QApplication {
 void connectCommands(TfKvb& workspace) {
   workspace.connectCommand(u"dxBarLargeButton1"_s, [] { SlipWindows::openNew(); });
   workspace.connectCommand(u"dxBarLargeButton2"_s, [] { SlipWindows::choose(); });
+  workspace.connectCommand(u"company"_s, [] { fSirket->Giris(); });
   workspace.connectCommand(u"dxBarButton16"_s, [] { fmusteriler->Giris(); });
   workspace.connectCommand(u"dxBarButton17"_s, [] { fcihazlar->Giris(); });
   workspace.connectCommand(u"dxBarButton18"_s, [] { fDisServisler->Giris(); });
@@ -89,6 +91,11 @@ void fillPorts() {
   all.answerSlipConflict = [](const QString& className, const QString& message) {
     answerSlipConflict(fServisFis, className, message);
   };
+  all.openCompany = [] {
+    if (fSirket == nullptr) return;
+    fSirket->qSirket.Open();
+    fSirket->SirketYukle();
+  };
   all.openServiceTypes = [] {
     if (fServisTip != nullptr) fServisTip->qServisTip.Open();
   };
@@ -113,6 +120,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TDM dataModule;
   TfParametreler parameters;
   TfservisfisSec browser;
+  TfSirket company;
   TfHatirlat reminder;
   TfFoto photo;
   TLogin_Form login;

@@ -221,6 +221,7 @@ void TfKvb::timer1Timer() {
   const QString picture = programFolder() + u"masaustu.png"_s;
   if (QFileInfo::exists(picture)) children_->clientArea()->setPicture(QPixmap(picture));
   fParametreler->Load();
+  ports().openCompany();
   ports().openServiceTypes();
   dxBarStatic1->setText(Login_Form->Kullanici->text());
   dxBarStatic2->setText(Login_Form->eSunucu->text());

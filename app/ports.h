@@ -63,7 +63,9 @@ struct Ports {
   /// Answers a refused write by the newest slip that is open, see answerSlipConflict.
   Port<void(const QString& className, const QString& message)> answerSlipConflict;
 
-  // Cards
+  // Company and cards
+  /// Reads the shop's own data into the boxes that receipts and letters take it from.
+  Port<void()> openCompany;
   /// Reads the service types that every slip chooses from.
   Port<void()> openServiceTypes;
 
