@@ -26,7 +26,7 @@ size_t collect(char* bytes, size_t size, size_t count, void* body) {
 /// A header that could end its line early would be two.
 bool isOneLine(const QByteArray& text) { return !text.contains('\r') && !text.contains('\n') && !text.contains('\0'); }
 
-HttpAnswer exchangeOn(CURL* handle, const HttpRequest& request) {
+HttpAnswer exchangeOn(CURL* handle, long timeoutMs, const HttpRequest& request) {
   const QString host = QUrl(request.address).host();
   Curl::List headers(nullptr, curl_slist_free_all);
   Curl::append(headers, "Expect:");  // a body goes with its headers, whatever its length
@@ -41,7 +41,7 @@ HttpAnswer exchangeOn(CURL* handle, const HttpRequest& request) {
   curl_easy_setopt(handle, CURLOPT_PROTOCOLS_STR, "http,https");
   curl_easy_setopt(handle, CURLOPT_HTTP_VERSION, long(CURL_HTTP_VERSION_1_1));
   curl_easy_setopt(handle, CURLOPT_CONNECTTIMEOUT_MS, HttpClient::connectTimeoutMs);
-  curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, HttpClient::exchangeTimeoutMs);
+  curl_easy_setopt(handle, CURLOPT_TIMEOUT_MS, timeoutMs);
   curl_easy_setopt(handle, CURLOPT_HTTPHEADER, headers.get());
   if (request.method == "POST") {
     curl_easy_setopt(handle, CURLOPT_POST, 1L);
@@ -68,11 +68,12 @@ HttpAnswer exchangeOn(CURL* handle, const HttpRequest& request) {
 
 }  // namespace
 
-HttpClient::HttpClient() : session_(std::make_unique<Session>()) {}
+HttpClient::HttpClient(long exchangeTimeoutMs)
+    : exchangeTimeoutMs_(exchangeTimeoutMs), session_(std::make_unique<Session>()) {}
 HttpClient::~HttpClient() = default;
 
 HttpAnswer HttpClient::exchange(const HttpRequest& request) {
-  if (!request.keepsCookies) return exchangeOn(Curl::newHandle().get(), request);
+  if (!request.keepsCookies) return exchangeOn(Curl::newHandle().get(), exchangeTimeoutMs_, request);
   const std::lock_guard lock(session_->mutex);
   CURL* handle = session_->handle.get();
   // What the request lent to the handle ends with this call.
@@ -80,5 +81,5 @@ HttpAnswer HttpClient::exchange(const HttpRequest& request) {
     CURL* handle;
     ~Reset() { Curl::resetHandle(handle); }
   } reset{handle};
-  return exchangeOn(handle, request);
+  return exchangeOn(handle, exchangeTimeoutMs_, request);
 }

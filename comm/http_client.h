@@ -8,7 +8,7 @@
 /// 8 MiB. A connection has 10 seconds to stand and an exchange 30 seconds to end.
 class HttpClient {
  public:
-  HttpClient();
+  explicit HttpClient(long exchangeTimeoutMs = usualTimeoutMs);
   ~HttpClient();
   HttpClient(const HttpClient&) = delete;
   HttpClient& operator=(const HttpClient&) = delete;
@@ -17,10 +17,11 @@ class HttpClient {
   HttpAnswer exchange(const HttpRequest& request);
 
   static constexpr long connectTimeoutMs = 10000;
-  static constexpr long exchangeTimeoutMs = 30000;
+  static constexpr long usualTimeoutMs = 30000;
   static constexpr qsizetype longestAnswer = 8 << 20;
 
  private:
   struct Session;
+  const long exchangeTimeoutMs_;
   std::unique_ptr<Session> session_;
 };

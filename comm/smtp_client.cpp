@@ -23,9 +23,15 @@ size_t give(char* target, size_t size, size_t count, void* from) {
   return size_t(piece);
 }
 
+/// Notes when the sign-in is through and the message begins; what goes over the wire is not kept.
+int watch(CURL*, curl_infotype kind, char* bytes, size_t size, void* hasBegun) {
+  if (kind == CURLINFO_HEADER_OUT && QByteArrayView(bytes, qsizetype(size)).startsWith("MAIL ")) *static_cast<bool*>(hasBegun) = true;
+  return 0;
+}
+
 }  // namespace
 
-void SmtpClient::send(const MailSettings& settings, const MailMessage& message) {
+void SmtpClient::send(const MailSettings& settings, const MailMessage& message, long timeoutMs) {
   // The server's name goes into an address; what could be more than a name does not.
   const QString server = settings.server.trimmed();
   const bool isName = !server.isEmpty() && std::all_of(server.begin(), server.end(), [](QChar letter) {
@@ -43,8 +49,8 @@ void SmtpClient::send(const MailSettings& settings, const MailMessage& message) 
   Source source{message.text};
   curl_easy_setopt(handle.get(), CURLOPT_URL, address.constData());
   curl_easy_setopt(handle.get(), CURLOPT_PROTOCOLS_STR, "smtp");
-  curl_easy_setopt(handle.get(), CURLOPT_CONNECTTIMEOUT_MS, HttpClient::connectTimeoutMs);
-  curl_easy_setopt(handle.get(), CURLOPT_TIMEOUT_MS, HttpClient::exchangeTimeoutMs);
+  curl_easy_setopt(handle.get(), CURLOPT_CONNECTTIMEOUT_MS, std::min(timeoutMs, HttpClient::connectTimeoutMs));
+  curl_easy_setopt(handle.get(), CURLOPT_TIMEOUT_MS, timeoutMs);
   curl_easy_setopt(handle.get(), CURLOPT_USE_SSL, long(CURLUSESSL_NONE));
   if (settings.authMode == 1) {
     curl_easy_setopt(handle.get(), CURLOPT_USERNAME, user.constData());
@@ -57,15 +63,18 @@ void SmtpClient::send(const MailSettings& settings, const MailMessage& message) 
   curl_easy_setopt(handle.get(), CURLOPT_READDATA, &source);
   curl_easy_setopt(handle.get(), CURLOPT_INFILESIZE_LARGE, curl_off_t(message.text.size()));
 
+  bool hasBegun = false;
+  curl_easy_setopt(handle.get(), CURLOPT_VERBOSE, 1L);
+  curl_easy_setopt(handle.get(), CURLOPT_DEBUGFUNCTION, watch);
+  curl_easy_setopt(handle.get(), CURLOPT_DEBUGDATA, &hasBegun);
   const CURLcode code = curl_easy_perform(handle.get());
   if (code == CURLE_OK) return;
-  curl_off_t connected = 0;
-  curl_easy_getinfo(handle.get(), CURLINFO_CONNECT_TIME_T, &connected);
   long status = 0;
   curl_easy_getinfo(handle.get(), CURLINFO_RESPONSE_CODE, &status);
-  QString text = Curl::errorText(code, server);
-  if (status >= 400) text += u" (SMTP %1)"_s.arg(status);
-  const bool hasGreeted = code != CURLE_WEIRD_SERVER_REPLY && code != CURLE_REMOTE_ACCESS_DENIED;
-  if (connected == 0 || !hasGreeted) throw ENetworkError(text);
+  const QString text = status >= 400 && code != CURLE_LOGIN_DENIED
+                           ? u"Sunucu iletiyi geri çevirdi (SMTP %1): %2"_s.arg(status).arg(server)
+                           : Curl::errorText(code, server);
+  // A refused account counts as a failed send.
+  if (!hasBegun && code != CURLE_LOGIN_DENIED) throw ENetworkError(text);
   throw ESmtpError(text);
 }
