@@ -19,9 +19,7 @@
 #include "cards/service_types.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
-#include "service/fservisfis_unit.h"
 #include "service/fservisfissecUnit.h"
-#include "service/slip_conflict.h"
 #include "service/slip_windows.h"
 #include "toolkit/edits/text_edit.h"
 
@@ -63,7 +61,7 @@ void connectCommands(TfKvb& workspace) {
 }  // namespace
 
 void fillPorts() {
-  Ports& all = ports();
+  Ports& all = ports() = {};
   all.log = [](const QString& message, const std::exception* error) { TLogin_Form::Log(message, error); };
   all.logMark = [](const QString& name, const QString& text, const std::exception& error) {
     if (Login_Form == nullptr) return;  // as the program ends
@@ -88,9 +86,7 @@ void fillPorts() {
 
   all.newSlip = [] { SlipWindows::openNew(); };
   all.openSlip = [](qint64 id) { SlipWindows::open(id); };
-  all.answerSlipConflict = [](const QString& className, const QString& message) {
-    answerSlipConflict(fServisFis, className, message);
-  };
+  all.answerSlipConflict = [](const QString& className, const QString& message) { SlipWindows::answerConflict(className, message); };
   all.openCompany = [] {
     if (fSirket == nullptr) return;
     fSirket->qSirket.Open();

@@ -60,7 +60,7 @@ struct Ports {
   Port<void()> newSlip;
   /// The slip with that id in a window of its own. Throws EDatabaseError, and Exception for a picture that cannot be read.
   Port<void(qint64 id)> openSlip;
-  /// Answers a refused write by the newest slip that is open, see answerSlipConflict.
+  /// Answers a refused write by the newest slip that is open, see SlipWindows::answerConflict.
   Port<void(const QString& className, const QString& message)> answerSlipConflict;
 
   // Company and cards

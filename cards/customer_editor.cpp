@@ -1,9 +1,12 @@
 #include "cards/customer_editor.h"
 
+#include "app/dmUnit.h"
 #include "app/editors/qcx_db_editors.h"
+#include "app/row_conflict.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
-#include "cards/card_conflict.h"
+#include "cards/card_store.h"
+#include "toolkit/edits/edit_box.h"
 
 #include <QAction>
 
@@ -59,8 +62,15 @@ void TfCariEkle::save() {
     cards().Post();
   } catch (const Exception& error) {
     // Whatever the answer, the error goes no further and the card stays in edit: meant.
-    answerCardConflict({this, cards(), u"cari"_s, box(u"CA_AD"_s), u"MÜŞTERİ ADI"_s, balloon(), [this] { aKaydet->trigger(); }},
-                       error.className(), error.message());
+    EditBox* name = box(u"CA_AD"_s);
+    answerRowConflict({.owner = this,
+                       .clashMark = u"CA_AD"_s,
+                       .uniqueCaption = u"MÜŞTERİ ADI"_s,
+                       .isThere = [name] { return CardStore::exists(DM->pGetQ, u"cari"_s, u"CA_AD"_s, name->text()); },
+                       .rows = &cards(),
+                       .saveAgain = [this] { aKaydet->trigger(); },
+                       .tellAtBox = [this, name](const QString& text) { balloon().showAt(name, text); }},
+                      error.className(), error.message());
     return;
   }
   done(Saved);

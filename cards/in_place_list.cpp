@@ -4,7 +4,7 @@
 #include "app/dmUnit.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
-#include "cards/card_rules.h"
+#include "base/save_conflict.h"
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/grid/data_grid.h"
 
@@ -37,7 +37,7 @@ InPlaceList::~InPlaceList() {
 }
 
 bool InPlaceList::tellDuplicate(const Exception& error) {
-  if (!CardRules::isDuplicate(error.className(), error.message())) return false;
+  if (!isDuplicateEntry(error.className(), error.message())) return false;
   TaskDialogRequest message;
   message.title = QApplication::applicationName();
   message.text = ConflictText::duplicateValue(uniqueCaption_);

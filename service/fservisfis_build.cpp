@@ -1,5 +1,6 @@
 // Commands and pages of the slip editor.
 #include "app/dmUnit.h"
+#include "app/ports.h"
 #include "base/guard.h"
 #include "service/fservisfis_unit.h"
 #include "service/slip_fields.h"
@@ -171,7 +172,7 @@ void TfServisFis::connectFields() {
   });
   onButton(u"TS_C_SERINO"_s, serialLabelIndex, [this] {
     const QString serial = text(u"TS_C_SERINO"_s);
-    if (!serial.isEmpty() && slipHooks().showSerialStatistics) slipHooks().showSerialStatistics(serial);
+    if (!serial.isEmpty()) ports().openSerialStatistics(serial);
   });
   buildSerialMenu();
 }

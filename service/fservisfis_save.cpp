@@ -5,9 +5,9 @@
 #include "base/environment.h"
 #include "base/exceptions.h"
 #include "app/quendUtils.h"
+#include "app/row_conflict.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/fservisfis_unit.h"
-#include "service/slip_conflict.h"
 #include "service/slip_fields_page.h"
 #include "service/slip_hooks.h"
 #include "service/slip_lists.h"
@@ -156,20 +156,14 @@ void TfServisFis::saveDone() {
 }
 
 void TfServisFis::updateDeleteException(const QString& className, const QString& message) {
-  answerSlipConflict(this, className, message);
-}
-
-bool TfServisFis::isNumberStored() { return store_.numberExists(fields_->text(u"TS_NO"_s)); }
-
-void TfServisFis::saveOverOthers() {
-  qServis.Options.CheckRowVersion = false;
-  try {
-    save();
-  } catch (...) {
-    qServis.Options.CheckRowVersion = true;
-    throw;
-  }
-  qServis.Options.CheckRowVersion = true;
+  answerRowConflict({.owner = this,
+                     .clashMark = SlipRules::numberClash,
+                     .uniqueCaption = SlipRules::numberCaption,
+                     .isThere = [this] { return store_.numberExists(fields_->text(u"TS_NO"_s)); },
+                     .rows = &qServis,
+                     .saveAgain = [this] { save(); },
+                     .tellAtBox = [this](const QString& text) { QuendHint(control(u"TS_NO"_s), 0, text); }},
+                    className, message);
 }
 
 void TfServisFis::deleteSlip() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "service/slip_hooks.h"
 #include "service/slip_store.h"
 #include "toolkit/edits/balloon.h"
 
@@ -17,7 +18,7 @@ class SlipLookUps;
 class SlipPicturePage;
 
 /// Editor of one service slip; several may be open at once as child windows of the workspace.
-class TfServisFis : public QWidget {
+class TfServisFis : public QWidget, public SlipScreen {
   Q_OBJECT
  public:
   /// Works on DM's connection.
@@ -37,22 +38,19 @@ class TfServisFis : public QWidget {
   void closeWindow();
 
   /// Shows a balloon beside control; nothing happens while one is up. column: of a table, unused by other controls.
-  void QuendHint(QWidget* control, int column, const QString& text);
+  void QuendHint(QWidget* control, int column, const QString& text) override;
 
-  /// Answers a refused write, see answerSlipConflict.
+  /// Answers a refused write, see answerRowConflict.
   void updateDeleteException(const QString& className, const QString& message);
-  /// True when a slip with the number on the screen is stored. Throws EDatabaseError.
-  bool isNumberStored();
-  /// The whole save once more, over what others have written meanwhile.
-  void saveOverOthers();
   /// The box of a column; null for a column that has none on the first page.
-  QWidget* control(const QString& column) const;
+  QWidget* control(const QString& column) const override;
 
   /// The outside-service block, which stands in no control; hint is what the status box tells of it.
   const OutsideService& outsideService() const { return outsideService_; }
   void setOutsideService(const OutsideService& service, const QString& hint);
   /// Text of a column's box on the first page.
-  QString text(const QString& column) const;
+  QString text(const QString& column) const override;
+  QWidget* dialogOwner() override { return this; }
 
   QSize sizeHint() const override;
 

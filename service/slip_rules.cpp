@@ -75,15 +75,6 @@ QString generatedSerial() {
   return QString(first) + second + QString::number(environment().now().toSecsSinceEpoch());
 }
 
-SaveFailureAnswer answerTo(const QString& errorClass, const QString& message) {
-  using enum SaveFailureAnswer;
-  if (errorClass == u"EDatabaseError"_s && message == u"Update failed. Found 0 records"_s) return AskWhetherRowIsThere;
-  if (errorClass == u"EDatabaseError"_s && message == u"Refresh failed. Found 0 records"_s) return TellDeleted;
-  if (errorClass == u"EMyError"_s && message.contains(u"#23000Duplicate entry"_s) && message.contains(u"'TS_NO'"_s))
-    return TellDuplicateNumber;
-  return SayNothing;
-}
-
 double total(double service, double labour, double parts) { return service + labour + parts; }
 
 QString newSlipTitle() { return u"Yeni Servis Fişi"_s; }

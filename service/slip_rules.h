@@ -29,16 +29,12 @@ struct OutsideService {
   int deliveryDays = 0;
 };
 
-/// What to do after a save that failed.
-enum class SaveFailureAnswer {
-  AskWhetherRowIsThere,  ///< the row was not found: changed or deleted meanwhile
-  TellDeleted,
-  TellDuplicateNumber,
-  SayNothing,
-};
-
 /// Decisions of the slip screen; plain values in and out.
 namespace SlipRules {
+
+/// The column whose value no two slips share: what the server's refusal holds, and the caption of its box.
+inline const QString numberClash = QStringLiteral("'TS_NO'");
+inline const QString numberCaption = QStringLiteral("FİŞ NO");
 
 /// The first message that keeps the slip from being saved: the mandatory fields in their order, then any text that the
 /// database cannot hold. Nothing when it may be saved. A mandatory field that is not among texts counts as empty.
@@ -53,8 +49,6 @@ QString proposedNumber(const QString& highest, const QString& typed);
 
 /// A new serial number: two letters (never I, O or Z) and the seconds since 1970.
 QString generatedSerial();
-
-SaveFailureAnswer answerTo(const QString& errorClass, const QString& message);
 
 /// The sum that TS_TUTAR shows; added in this order.
 double total(double service, double labour, double parts);

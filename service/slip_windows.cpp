@@ -1,9 +1,12 @@
 #include "service/slip_windows.h"
 
 #include "app/ports.h"
+#include "app/row_conflict.h"
 #include "base/guard.h"
 #include "service/fservisfis_unit.h"
 #include "service/fservisfissecUnit.h"
+
+#include <QApplication>
 
 void SlipWindows::openNew() {
   TfServisFis* slip = nullptr;
@@ -37,4 +40,10 @@ void SlipWindows::choose() {
   std::vector<QString> ids;
   fservisfisSec->Giris(ids);
   for (const QString& id : ids) guarded(fservisfisSec, [&] { open(id.toLongLong()); });
+}
+
+void SlipWindows::answerConflict(const QString& className, const QString& message) {
+  if (fServisFis != nullptr) return fServisFis->updateDeleteException(className, message);
+  answerRowConflict({.owner = QApplication::activeWindow(), .clashMark = SlipRules::numberClash, .uniqueCaption = SlipRules::numberCaption},
+                    className, message);
 }

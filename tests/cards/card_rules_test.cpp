@@ -2,28 +2,29 @@
 #include "cards/device_import.h"
 
 #include "base/exceptions.h"
+#include "base/save_conflict.h"
 
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
 
-TEST(CardRules, FailureIsKnownByClassAndExactWords) {
+TEST(SaveConflict, FailureIsKnownByClassAndExactWords) {
   const QString duplicate = u"#23000Duplicate entry 'AYŞE' for key 'CA_AD'"_s;
   const struct {
     QString className;
     QString message;
-    CardFailure answer;
+    SaveConflict answer;
   } cases[] = {
-      {u"EDatabaseError"_s, u"Update failed. Found 0 records"_s, CardFailure::AskWhetherRowIsThere},
-      {u"EMyError"_s, u"Update failed. Found 0 records"_s, CardFailure::SayNothing},
-      {u"EDatabaseError"_s, u"Update failed. Found 0 records."_s, CardFailure::SayNothing},
-      {u"EDatabaseError"_s, u"Refresh failed. Found 0 records"_s, CardFailure::TellDeleted},
-      {u"EMyError"_s, duplicate, CardFailure::TellDuplicate},
-      {u"EDatabaseError"_s, duplicate, CardFailure::SayNothing},
-      {u"EMyError"_s, u"#23000Duplicate entry '7' for key 'PRIMARY'"_s, CardFailure::SayNothing},
-      {u"EMyError"_s, u"#HY000Server has gone away: CA_AD"_s, CardFailure::SayNothing},
+      {u"EDatabaseError"_s, u"Update failed. Found 0 records"_s, SaveConflict::RowNotFound},
+      {u"EMyError"_s, u"Update failed. Found 0 records"_s, SaveConflict::None},
+      {u"EDatabaseError"_s, u"Update failed. Found 0 records."_s, SaveConflict::None},
+      {u"EDatabaseError"_s, u"Refresh failed. Found 0 records"_s, SaveConflict::RowGone},
+      {u"EMyError"_s, duplicate, SaveConflict::ValueTaken},
+      {u"EDatabaseError"_s, duplicate, SaveConflict::None},
+      {u"EMyError"_s, u"#23000Duplicate entry '7' for key 'PRIMARY'"_s, SaveConflict::None},
+      {u"EMyError"_s, u"#HY000Server has gone away: CA_AD"_s, SaveConflict::None},
   };
-  for (const auto& each : cases) EXPECT_EQ(CardRules::failureOf(each.className, each.message, u"CA_AD"_s), each.answer) << each.message.toStdString();
+  for (const auto& each : cases) EXPECT_EQ(saveConflictOf(each.className, each.message, u"CA_AD"_s), each.answer) << each.message.toStdString();
 }
 
 TEST(CardRules, NumbersKeepThePlacesOfThoseThatAreMissing) {

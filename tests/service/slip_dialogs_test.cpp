@@ -3,7 +3,7 @@
 #include "app/editors/qcx_editors.h"
 #include "base/environment.h"
 #include "service/fdisservis_unit.h"
-#include "service/slip_conflict.h"
+#include "service/slip_windows.h"
 #include "service/slip_hooks.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/edits/combo_edit.h"
@@ -240,16 +240,16 @@ TEST_F(SlipDialogsTest, OtherSubsystemsHaveTheirPlacesInTheSave) {
   QStringList steps;
   bool smsArrives = true;
   const auto stored = [this] { return rows(u"select group_concat(TS_TURU) from teknikservis"_s); };
-  slipHooks().sendIntakeSms = [&](TfServisFis&) {
+  slipHooks().sendIntakeSms = [&](SlipScreen&) {
     steps.append(u"intake "_s + stored());
     return smsArrives;
   };
-  slipHooks().sendCompletionSms = [&](TfServisFis&) {
+  slipHooks().sendCompletionSms = [&](SlipScreen&) {
     steps.append(u"completion "_s + stored());
     return smsArrives;
   };
-  slipHooks().sendCompletionMail = [&](TfServisFis&) { steps.append(u"mail "_s + stored()); };
-  slipHooks().showSerialStatistics = [&](const QString& serial) { steps.append(u"statistics "_s + serial); };
+  slipHooks().sendCompletionMail = [&](SlipScreen&) { steps.append(u"mail "_s + stored()); };
+  ports().openSerialStatistics = [&](const QString& serial) { steps.append(u"statistics "_s + serial); };
   slipHooks().printReceipt = [&](TfServisFis& slip) { steps.append(u"receipt "_s + slip.text(u"TS_NO"_s)); };
 
   smsArrives = false;
@@ -272,10 +272,10 @@ TEST_F(SlipDialogsTest, OtherSubsystemsHaveTheirPlacesInTheSave) {
 }
 
 TEST_F(SlipDialogsTest, ConflictIsAnsweredWithoutASlip) {
-  answerSlipConflict(nullptr, u"EDatabaseError"_s, u"Update failed. Found 0 records"_s);
-  answerSlipConflict(nullptr, u"EDatabaseError"_s, u"Refresh failed. Found 0 records"_s);
-  answerSlipConflict(nullptr, u"EMyError"_s, u"#23000Duplicate entry '1' for key 'TS_NO'"_s);
-  answerSlipConflict(nullptr, u"EMyError"_s, u"#HY000Server has gone away"_s);
+  SlipWindows::answerConflict(u"EDatabaseError"_s, u"Update failed. Found 0 records"_s);
+  SlipWindows::answerConflict(u"EDatabaseError"_s, u"Refresh failed. Found 0 records"_s);
+  SlipWindows::answerConflict(u"EMyError"_s, u"#23000Duplicate entry '1' for key 'TS_NO'"_s);
+  SlipWindows::answerConflict(u"EMyError"_s, u"#HY000Server has gone away"_s);
   ASSERT_EQ(dialogs.texts.size(), 3);
   EXPECT_TRUE(dialogs.texts[0].contains(u"siz  işlem yaparken"_s));
   EXPECT_EQ(dialogs.texts[1], dialogs.texts[0]);

@@ -76,23 +76,6 @@ TEST(SlipRules, GeneratedSerialHasNoLetterLikeADigit) {
   }
 }
 
-TEST(SlipRules, FailureIsAnsweredByClassAndMessage) {
-  using enum SaveFailureAnswer;
-  const QString duplicate = u"#23000Duplicate entry '100' for key 'TS_NO'"_s;
-  const struct {
-    QString errorClass, message;
-    SaveFailureAnswer answer;
-  } cases[] = {{u"EDatabaseError"_s, u"Update failed. Found 0 records"_s, AskWhetherRowIsThere},
-               {u"EDatabaseError"_s, u"Refresh failed. Found 0 records"_s, TellDeleted},
-               {u"EMyError"_s, duplicate, TellDuplicateNumber},
-               {u"EDatabaseError"_s, duplicate, SayNothing},
-               {u"EMyError"_s, u"Update failed. Found 0 records"_s, SayNothing},
-               {u"EMyError"_s, u"#23000Duplicate entry '7' for key 'PRIMARY'"_s, SayNothing},
-               {u"EMyError"_s, u"#HY000Server has gone away"_s, SayNothing},
-               {u"EUnstorableValue"_s, {}, SayNothing}};
-  for (const auto& one : cases) EXPECT_EQ(SlipRules::answerTo(one.errorClass, one.message), one.answer) << qPrintable(one.message);
-}
-
 TEST(SlipRules, ListsKeepTheirPlacesAndTheirTwoSpellings) {
   ASSERT_EQ(SlipLists::statuses().size(), 16);
   EXPECT_EQ(SlipLists::statuses().indexOf(SlipLists::intakeStatus()), 0);
