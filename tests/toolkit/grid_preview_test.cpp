@@ -58,7 +58,8 @@ TEST(GridPagesTest, EveryRowStandsOnOnePageAndColumnsFitThePaper) {
     EXPECT_EQ(pages.scale(), 1) << "what fits is not drawn in";
   }
   const auto wide = table(5, 48, 120);
-  EXPECT_LT(GridPages(*wide, {}, QApplication::font()).scale() * 48 * 120, GridPages::paperSize().width());
+  const GridPages drawnIn(*wide, {}, QApplication::font());
+  EXPECT_LT(drawnIn.scale() * 48 * 120, drawnIn.pageSize(0).width() * 96 / 25.4);
 }
 
 TEST(GridPreviewTest, TurnsPagesZoomsAndWritesThemAll) {
@@ -90,6 +91,19 @@ TEST(GridPreviewTest, TurnsPagesZoomsAndWritesThemAll) {
   const QByteArray bytes = pdf.readAll();
   EXPECT_TRUE(bytes.startsWith("%PDF"));
   EXPECT_EQ(bytes.count("/Type /Page\n"), pages);
+
+  preview.goTo(1);
+  EXPECT_TRUE(preview.findWord(u"içerik 5/2"_s)) << "on the first page again, over the end";
+  EXPECT_EQ(preview.page(), 0);
+  EXPECT_TRUE(preview.findWord(u"içerik 399/5"_s));
+  EXPECT_EQ(preview.page(), pages - 1);
+  EXPECT_TRUE(preview.findWord(u"GRUP 0"_s, -1));
+  EXPECT_EQ(preview.page(), 0);
+  EXPECT_FALSE(preview.findWord(u"hiçbir yerde"_s));
+  if (const QString shots = qEnvironmentVariable("KVTK_SHOTS"); !shots.isEmpty()) {
+    preview.findWord(u"içerik 8"_s);
+    preview.grab().save(shots + u"/preview_found.png"_s);
+  }
   EXPECT_THROW(preview.writePdf(folder.filePath(u"yok/liste.pdf"_s)), EInOutError);
 }
 

@@ -2,6 +2,7 @@
 
 #include "base/date_text.h"
 #include "base/environment.h"
+#include "base/turkish_text.h"
 
 #include <QFontMetricsF>
 #include <QPainter>
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double perMillimetre = 96 / 25.4;
+constexpr double perMillimetre = 96 / 25.4;  ///< pages are worked out at 96 dots to the inch
 constexpr QSizeF paper(297 * perMillimetre, 210 * perMillimetre);
 constexpr double margin = 10 * perMillimetre;
 constexpr double outerLine = 20;      ///< height of the header's and the footer's line
@@ -26,8 +27,6 @@ const QColor captionColor(0xe3, 0xe8, 0xee);
 const QColor groupColor(0xee, 0xf1, 0xf4);
 
 }  // namespace
-
-QSizeF GridPages::paperSize() { return paper; }
 
 GridPages::GridPages(const TableContent& content, GridPageTexts texts, const QFont& font)
     : content_(content), texts_(std::move(texts)), font_(font), printedAt_(environment().now()) {
@@ -73,8 +72,30 @@ QString GridPages::replaced(const QString& text, int page) const {
   return result.replace(u"[Total Pages]"_s, QString::number(pageCount()));
 }
 
-void GridPages::paint(QPainter& painter, int page) const {
-  painter.fillRect(QRectF(QPointF(), paper), Qt::white);
+QSizeF GridPages::pageSize(int) const { return paper / perMillimetre; }
+
+std::vector<QRectF> GridPages::find(int page, const QString& word) const {
+  std::vector<QRectF> found;
+  if (word.isEmpty()) return found;
+  double top = tableTop(page) + rowHeight_;
+  const auto [first, behind] = rowsOn(page);
+  const auto look = [&](const QString& text, double left, double right) {
+    if (!TurkishText::contains(text, word)) return;
+    found.emplace_back(left / perMillimetre, top / perMillimetre, (right - left) / perMillimetre, rowHeight_ / perMillimetre);
+  };
+  for (int row = first; row < behind; ++row, top += rowHeight_) {
+    if (content_.rowKind(row) == ContentRowKind::Group) {
+      look(content_.groupText(row), margin, lefts_.back());
+      continue;
+    }
+    for (size_t column = 0; column < columns_.size(); ++column) look(content_.text(row, int(column)), lefts_[column], lefts_[column + 1]);
+  }
+  return found;
+}
+
+void GridPages::paint(QPainter& painter, int page, bool) const {
+  painter.save();
+  painter.scale(1 / perMillimetre, 1 / perMillimetre);
   QFont outer = font_;
   outer.setPixelSize(12);
   const QRectF header(margin, margin, paper.width() - 2 * margin, outerLine);
@@ -97,6 +118,7 @@ void GridPages::paint(QPainter& painter, int page) const {
   const auto [first, behind] = rowsOn(page);
   for (int row = first; row < behind; ++row, top += rowHeight_)
     paintRow(painter, row, QRectF(margin, top, lefts_.back() - margin, rowHeight_));
+  painter.restore();
 }
 
 void GridPages::paintCaptions(QPainter& painter, double top) const {

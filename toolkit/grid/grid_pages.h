@@ -1,13 +1,7 @@
 #pragma once
 
 #include "toolkit/grid/table_content.h"
-
-#include <QFont>
-#include <QRectF>
-
-#include <vector>
-
-class QPainter;
+#include "toolkit/report/paged_document.h"
 
 /// Texts of a printed table. "[Date & Time Printed]", "[Page #]" and "[Total Pages]" in the four outer ones stand for what
 /// they say.
@@ -21,21 +15,20 @@ struct GridPageTexts {
 
 /// A table on A4 paper lying on its side: captions on each page, columns drawn in to the paper's width, all rows in their
 /// groups. Pages are worked out by counting, so that a long table costs nothing before it is painted.
-class GridPages {
+class GridPages : public PagedDocument {
  public:
   /// content must outlive it.
   GridPages(const TableContent& content, GridPageTexts texts, const QFont& font);
 
-  /// Size of the paper in the units that pages are painted in: 96 to the inch.
-  static QSizeF paperSize();
-  int pageCount() const;
+  int pageCount() const override;
+  QSizeF pageSize(int page) const override;
+  void paint(QPainter& painter, int page, bool withMarks) const override;
+  /// The cells and group lines that hold the word.
+  std::vector<QRectF> find(int page, const QString& word) const override;
   /// Rows of the table on a page, counted from 0: the first and the one behind the last.
   std::pair<int, int> rowsOn(int page) const;
   /// Share of their widths that the columns keep on paper; 1 when they fit.
   double scale() const { return scale_; }
-
-  /// Paints one page onto a painter whose units are 96 to the inch.
-  void paint(QPainter& painter, int page) const;
 
  private:
   QString replaced(const QString& text, int page) const;

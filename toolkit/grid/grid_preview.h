@@ -1,18 +1,7 @@
 #pragma once
 
 #include "toolkit/grid/grid_pages.h"
-
-#include <QDialog>
-
-#include <functional>
-#include <memory>
-
-class PagePicture;
-class QAction;
-class QPagedPaintDevice;
-class QScrollArea;
-class QSpinBox;
-class QLabel;
+#include "toolkit/report/preview/preview_window.h"
 
 struct GridPreviewRequest {
   QString caption = QStringLiteral("Önizleme");
@@ -22,43 +11,19 @@ struct GridPreviewRequest {
   std::function<void(QWidget* preview)> exportToExcel = {};
 };
 
-/// Shows a table as it goes on paper: one page at a time, painted when it is looked at. Prints it and writes it as PDF.
-class GridPreview : public QDialog {
+/// Shows a table as it goes on paper.
+class GridPreview : public PreviewWindow {
   Q_OBJECT
  public:
   GridPreview(QWidget* owner, std::unique_ptr<TableContent> content, GridPreviewRequest request);
-  ~GridPreview() override;
 
-  const GridPages& pages() const { return pages_; }
-  int page() const { return page_; }
-  void goTo(int page);
-  /// Writes all pages as PDF; the file is replaced in one step. Throws EInOutError.
-  void writePdf(const QString& file);
-
- protected:
-  void showEvent(QShowEvent* event) override;
+  const GridPages& pages() const;
 
  private:
-  void buildToolBar();
-  QAction* addCommand(const QString& name, const QString& caption, const QString& icon, const QKeySequence& key, std::function<void()> work);
-  void zoomTo(double zoom);
-  void fitWidth();
-  void fitPage();
-  void print();
-  void savePdf();
-  /// Pages from first to last, each as large as the device's paper lets it be. False when the user stopped it. Throws
-  /// EInOutError.
-  bool paintAll(QPagedPaintDevice& device, int first, int last);
+  struct Table;
+  GridPreview(QWidget* owner, std::shared_ptr<const Table> table, GridPreviewRequest request);
 
-  std::unique_ptr<TableContent> content_;
-  GridPreviewRequest request_;
-  GridPages pages_;
-  PagePicture* picture_;
-  QScrollArea* scroll_;
-  QSpinBox* pageBox_ = nullptr;
-  QLabel* zoomText_ = nullptr;
-  QWidget* toolBar_ = nullptr;
-  int page_ = 0;
+  std::shared_ptr<const Table> table_;
 };
 
 /// Shows the preview modally over owner.

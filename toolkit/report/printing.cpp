@@ -1,0 +1,58 @@
+#include "toolkit/report/printing.h"
+
+#include "base/environment.h"
+#include "base/ini_file.h"
+#include "base/log_file.h"
+#include "base/program_paths.h"
+
+#include <QPrinter>
+#include <QPrinterInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString offsetFile() { return programFolder() + u"Yazicilar.ini"_s; }
+
+void logRefusal(const QString& printer, const Exception* error, const QString& reason) {
+  LogFile::append(logFileName(), LogFile::messageEntry(environment().now(), u"Yazıcı “%1” yazdıramadı%2"_s.arg(printer, reason), error));
+}
+
+}  // namespace
+
+QPointF printerOffset(const QString& printer) {
+  const auto read = [&](const QString& key) { return IniFile::read(offsetFile(), printer, key, u"0"_s).toDouble(); };
+  return {read(u"Saga"_s), read(u"Asagi"_s)};
+}
+
+void setPrinterOffset(const QString& printer, QPointF offset) {
+  IniFile::write(offsetFile(), printer, u"Saga"_s, QString::number(offset.x()));
+  IniFile::write(offsetFile(), printer, u"Asagi"_s, QString::number(offset.y()));
+}
+
+bool printPagesOn(QPrinter& printer, const PagedDocument& document, PageRange range, const PageProgress& progress) {
+  printer.setFullPage(true);
+  if (!paintPages(printer, document, range, printerOffset(printer.printerName()), progress)) {
+    printer.abort();
+    return false;
+  }
+  if (printer.printerState() == QPrinter::Error) throw EInOutError(u"Yazıcı hata bildirdi."_s);
+  return true;
+}
+
+bool printPages(const PagedDocument& document, const PrintJob& job) {
+  const QPrinterInfo info = job.printer.isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(job.printer);
+  if (info.isNull()) {
+    logRefusal(job.printer, nullptr, u": böyle bir yazıcı yok"_s);
+    return false;
+  }
+  try {
+    QPrinter printer(info, QPrinter::HighResolution);
+    printer.setCopyCount(job.copies);
+    printer.setDocName(job.documentName);
+    return printPagesOn(printer, document, {0, document.pageCount() - 1}, {});
+  } catch (const EInOutError& error) {
+    logRefusal(info.printerName(), &error, {});
+    return false;
+  }
+}
