@@ -49,11 +49,18 @@ QString failureText(const std::exception& error, const QString& passwordCaption)
   return u"\"%1\" alanında veritabanında saklanamayan bir karakter var."_s.arg(passwordCaption);
 }
 
+/// Name of the first widget from the focused one outward that has one of its own: a box's line has none, a grid's cells
+/// have the toolkit's.
+QString activeControl() {
+  for (const QWidget* widget = QApplication::focusWidget(); widget != nullptr && !widget->isWindow(); widget = widget->parentWidget())
+    if (!widget->objectName().isEmpty() && !widget->objectName().startsWith("qt_"_L1)) return widget->objectName();
+  return {};
+}
+
 LogFile::Context context() {
   const QWidget* form = QApplication::activeWindow();
-  const QWidget* control = QApplication::focusWidget();
   return {environment().now(), Login_Form != nullptr ? Login_Form->Kullanici->text() : QString(),
-          form != nullptr ? form->objectName() : QString(), control != nullptr ? control->objectName() : QString()};
+          form != nullptr ? form->objectName() : QString(), activeControl()};
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
 #include "app/parameter_files.h"
 
-#include "base/data/latin5.h"
 #include "base/exceptions.h"
+#include "base/text_lines.h"
 #include "base/text_tools.h"
 #include "base/whole_file.h"
 #include "service/slip_lists.h"
@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QStringDecoder>
 
 #include <algorithm>
 
@@ -20,16 +19,6 @@ namespace {
 using namespace ParameterFiles;
 
 constexpr auto lineEnd = "\r\n"_L1;
-
-/// Lines of a file without their ends. UTF-8, else the older files' code page.
-QStringList linesOf(const QByteArray& bytes) {
-  QStringDecoder utf8(QStringDecoder::Utf8);  // passes over a byte order mark
-  QString text = utf8.decode(bytes);
-  if (utf8.hasError()) text = Latin5::decode(bytes);
-  text.replace(lineEnd, "\n"_L1).replace(u'\r', u'\n');
-  if (text.endsWith(u'\n')) text.chop(1);
-  return text.isEmpty() ? QStringList() : text.split(u'\n');
-}
 
 QChar at(const QString& line, qsizetype index) { return index < line.size() ? line[index] : QChar(); }
 
@@ -97,7 +86,7 @@ std::vector<StatusRow> ParameterFiles::defaultStatuses() {
 
 std::vector<CheckItem> ParameterFiles::readCheckList(const QByteArray& bytes) {
   std::vector<CheckItem> items;
-  for (const QString& line : linesOf(bytes)) items.push_back(itemOf(line));
+  for (const QString& line : TextLines::read(bytes)) items.push_back(itemOf(line));
   return items;
 }
 
@@ -128,7 +117,7 @@ bool ParameterFiles::takeSwitches(const QByteArray& bytes, std::vector<CheckItem
 
 void ParameterFiles::readStatuses(const QByteArray& bytes, std::vector<StatusRow>& rows) {
   QSet<QString> seen;
-  for (const QString& line : linesOf(bytes)) {
+  for (const QString& line : TextLines::read(bytes)) {
     const QStringList fields = line.split(u'\t');
     if (fields.size() != 3 || seen.contains(fields[0])) continue;
     seen.insert(fields[0]);

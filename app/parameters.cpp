@@ -198,8 +198,13 @@ void TfParametreler::loadPrinters() {
     edit->setItems(systemPrinters());
     edit->setItemIndex(edit->indexOf(kept(edit)));
   }
-  for (ComboEdit* edit : {yBarkodPrinterCopyNum, VarsayilanPrinterCopyNum})
-    edit->setItemIndex(qMax(0, edit->indexOf(kept(edit))));
+  for (ComboEdit* edit : {yBarkodPrinterCopyNum, VarsayilanPrinterCopyNum}) {
+    const QString copies = kept(edit);
+    if (copies.isEmpty() || copies == nothingKept)
+      edit->setItemIndex(0);
+    else
+      edit->setText(copies);  // also a number that the list does not have
+  }
 }
 
 int TfParametreler::Giris() { return exec(); }

@@ -1,29 +1,50 @@
 #include "base/ini_file.h"
 
 #include "base/exceptions.h"
+#include "base/text_lines.h"
 #include "base/whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QList>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Lines as they stand in the file, without their breaks. Bytes, so that a line of another encoding survives a write.
+constexpr qint64 mostBytes = 1 << 20;  ///< a bigger file is none of these
+
+/// Lines as they stand in the file. Bytes, so that a line of another encoding survives a write.
 using Lines = QList<QByteArray>;
 
-Lines linesOf(QFile& file) {
-  QByteArray text = file.readAll();
-  if (text.startsWith("\xEF\xBB\xBF")) text.remove(0, 3);
-  text.replace("\r\n", "\n");
-  if (text.endsWith('\n')) text.chop(1);
-  return text.isEmpty() ? Lines() : text.split('\n');
+/// What a line tells; neither for a comment, a blank line and anything else.
+struct Content {
+  std::optional<QString> section;
+  std::optional<QString> key;
+  QString value;
+};
+
+Content contentOf(const QByteArray& line) {
+  const QString text = TextLines::decode(line);
+  const QString trimmed = text.trimmed();
+  if (trimmed.startsWith(u'[') && trimmed.endsWith(u']')) return {trimmed.mid(1, trimmed.size() - 2).trimmed(), {}, {}};
+  const qsizetype mark = text.indexOf(u'=');
+  const QString key = text.left(mark).trimmed();
+  if (mark < 0 || key.isEmpty()) return {};
+  const bool isSpaced = text[mark - 1] == u' ' && text.mid(mark + 1, 1) == " "_L1;
+  return {{}, key, text.mid(mark + (isSpaced ? 2 : 1))};
 }
 
-bool sameName(const QByteArray& left, const QString& right) {
-  return QString::fromUtf8(left).trimmed().compare(right.trimmed(), Qt::CaseInsensitive) == 0;
+bool sameName(const QString& left, const QString& right) { return left.compare(right.trimmed(), Qt::CaseInsensitive) == 0; }
+
+/// The file's lines; nothing when it is none, cannot be read or is too big.
+std::optional<Lines> linesOf(const QString& file) {
+  QFile in(file);
+  if (!QFileInfo(file).isFile() || in.size() > mostBytes || !in.open(QIODevice::ReadOnly)) return {};
+  const QByteArray bytes = in.readAll();
+  if (in.error() != QFileDevice::NoError) return {};
+  return TextLines::split(bytes);
 }
 
 /// Line number of the section's header, and of the key in it; end is the first line behind the section.
@@ -36,42 +57,51 @@ struct Place {
 Place find(const Lines& lines, const QString& section, const QString& key) {
   Place place;
   for (qsizetype i = 0; i < lines.size(); ++i) {
-    const QByteArray line = lines[i].trimmed();
-    if (line.startsWith('[') && line.endsWith(']')) {
+    const Content content = contentOf(lines[i]);
+    if (content.section) {
       if (place.header >= 0) break;
-      if (sameName(line.mid(1, line.size() - 2), section)) place.header = i;
-    } else if (place.header >= 0 && place.key < 0) {
-      const qsizetype mark = line.indexOf('=');
-      if (mark > 0 && sameName(line.left(mark), key)) place.key = i;
+      if (sameName(*content.section, section)) place.header = i;
+    } else if (place.header >= 0 && place.key < 0 && content.key && sameName(*content.key, key)) {
+      place.key = i;
     }
     // A new key goes before the blank lines that part two sections.
-    if (place.header >= 0 && !line.isEmpty()) place.end = i + 1;
+    if (place.header >= 0 && !lines[i].trimmed().isEmpty()) place.end = i + 1;
   }
   return place;
 }
 
+QByteArray lineOf(const QString& key, const QString& value) {
+  return (key + u'=' + QString(value).remove(u'\r').replace(u'\n', u' ')).toUtf8();
+}
+
+void save(const QString& file, const Lines& lines) { WholeFile::replace(file, lines.join("\r\n") + "\r\n"); }
+
 }  // namespace
 
+QList<IniFile::Entry> IniFile::entries(const QString& file) {
+  QList<Entry> entries;
+  QString section;
+  for (const QByteArray& line : linesOf(file).value_or(Lines())) {
+    const Content content = contentOf(line);
+    if (content.section) section = *content.section;
+    if (content.key) entries.append({section, *content.key, content.value});
+  }
+  return entries;
+}
+
 QString IniFile::read(const QString& file, const QString& section, const QString& key, const QString& fallback) {
-  QFile in(file);
-  if (!QFileInfo(file).isFile() || !in.open(QIODevice::ReadOnly)) return fallback;
-  const Lines lines = linesOf(in);
+  const Lines lines = linesOf(file).value_or(Lines());
   const Place place = find(lines, section, key);
-  if (place.key < 0) return fallback;
-  const QByteArray& line = lines[place.key];
-  return QString::fromUtf8(line.mid(line.indexOf('=') + 1)).trimmed();
+  return place.key < 0 ? fallback : contentOf(lines[place.key]).value;
 }
 
 void IniFile::write(const QString& file, const QString& section, const QString& key, const QString& value) {
-  const auto fail = [&file](const QString& reason) { throw EInOutError(u"%1 dosyasına yazılamadı: %2"_s.arg(file, reason)); };
-  QFile in(file);
+  const std::optional<Lines> present = linesOf(file);
   // A file that is there but cannot be read must not be replaced by one with this key alone.
-  if (in.exists() && (!QFileInfo(file).isFile() || !in.open(QIODevice::ReadOnly))) fail(in.errorString());
-  Lines lines = in.isOpen() ? linesOf(in) : Lines();
-  in.close();
-
+  if (!present && QFileInfo::exists(file)) throw EInOutError(u"%1 dosyasına yazılamadı: dosya okunamıyor."_s.arg(file));
+  Lines lines = present.value_or(Lines());
   const Place place = find(lines, section, key);
-  const QByteArray line = (key + u'=' + QString(value).remove(u'\r').replace(u'\n', u' ')).toUtf8();
+  const QByteArray line = lineOf(key, value);
   if (place.key >= 0) {
     lines[place.key] = line;
   } else if (place.header >= 0) {
@@ -80,5 +110,16 @@ void IniFile::write(const QString& file, const QString& section, const QString& 
     lines += (u'[' + section + u']').toUtf8();
     lines += line;
   }
-  WholeFile::replace(file, lines.join("\r\n") + "\r\n");
+  save(file, lines);
+}
+
+void IniFile::replace(const QString& file, const QList<Entry>& entries) {
+  Lines lines;
+  QString section;
+  for (const Entry& entry : entries) {
+    if (lines.isEmpty() || entry.section != section) lines += (u'[' + entry.section + u']').toUtf8();
+    section = entry.section;
+    lines += lineOf(entry.key, entry.value);
+  }
+  save(file, lines);
 }

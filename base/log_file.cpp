@@ -1,14 +1,69 @@
 #include "base/log_file.h"
 
 #include "base/date_text.h"
+#include "base/whole_file.h"
 
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSet>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 const QString ruler = QString(20, u'-');
+
+QString oldFile(const QString& file, int number) {
+  const QFileInfo about(file);
+  return u"%1/%2.%3.%4"_s.arg(about.path(), about.completeBaseName(), QString::number(number), about.suffix());
 }
+
+QByteArray bytesOf(const QString& file) {
+  QFile in(file);
+  return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+}
+
+/// Each entry once a day; whatever stands before the first one stays.
+QByteArray condensed(const QByteArray& log) {
+  static const QRegularExpression begin(u"^(\\d\\d\\.\\d\\d\\.\\d{4}) \\d\\d:\\d\\d:\\d\\d(?=[|-])"_s);
+  QByteArray kept;
+  QSet<QByteArray> seen;
+  QByteArray entry;
+  QByteArray identity;
+  const auto finish = [&] {
+    if (!seen.contains(identity)) kept += entry;
+    seen.insert(identity);
+  };
+  for (const QByteArray& line : (log.endsWith('\n') ? log.chopped(1) : log).split('\n')) {
+    const QByteArray whole = line + '\n';
+    if (const auto match = begin.match(QString::fromLatin1(line.left(20))); match.hasMatch()) {
+      finish();
+      entry = whole;
+      identity = match.captured(1).toLatin1() + whole.mid(match.capturedLength());
+    } else {
+      entry += whole;
+      identity += whole;
+    }
+  }
+  finish();
+  return kept;
+}
+
+/// Leaves the file as it is where the old one cannot be written.
+void turnOver(const QString& file) try {
+  const QString newest = oldFile(file, 1);
+  QByteArray kept = condensed(bytesOf(newest) + bytesOf(file));
+  if (kept.size() > LogFile::mostBytes) {
+    QFile::remove(oldFile(file, LogFile::oldFiles));
+    for (int number = LogFile::oldFiles - 1; number >= 1; --number) QFile::rename(oldFile(file, number), oldFile(file, number + 1));
+    kept = condensed(bytesOf(file));
+  }
+  WholeFile::replace(newest, kept);
+  QFile::remove(file);
+} catch (const EInOutError&) {
+}
+
+}  // namespace
 
 QString LogFile::messageOf(const std::exception& error) {
   const auto* own = dynamic_cast<const Exception*>(&error);
@@ -37,6 +92,7 @@ QString LogFile::messageEntry(const QDateTime& now, const QString& message, cons
 }
 
 bool LogFile::append(const QString& file, const QString& entry) {
+  if (const QFileInfo about(file); about.isFile() && about.size() >= mostBytes) turnOver(file);
   QFile out(file);
   if (!out.open(QIODevice::WriteOnly | QIODevice::Append)) return false;
   const QByteArray bytes = entry.toUtf8() + "\r\n";

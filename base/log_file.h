@@ -26,7 +26,15 @@ QString messageEntry(const QDateTime& now, const QString& message, const std::ex
 /// Message of any error, as the user may be shown it.
 QString messageOf(const std::exception& error);
 
+/// A file that has grown to this many bytes is turned over before the next entry.
+inline constexpr qint64 mostBytes = 1 << 20;
+/// Old files that are kept, "NAME.1.log" the newest.
+inline constexpr int oldFiles = 4;
+
 /// Appends the entry as one write; the file is created when missing. False when it could not be written whole.
+///
+/// A full file goes into the newest old one. There, of entries of one day that differ in nothing but the time, the first
+/// one stays: refused commands, which come several times a second, do not push the errors out.
 bool append(const QString& file, const QString& entry);
 
 }  // namespace LogFile

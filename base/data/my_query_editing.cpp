@@ -340,14 +340,23 @@ TMyQuery::Row TMyQuery::updateRow(Row original, Row current) {
   return ownRow(cells);
 }
 
+/// Errors tell the statement that removes, with its parameters' names, and not the one that the rows came from.
 void TMyQuery::removeFromServer(Row original) {
-  if (const QString text = SQLDelete.text(); !text.isEmpty()) {
+  QString told = SQLDelete.text();
+  QByteArray statement;
+  if (!told.isEmpty()) {
     for (int i = 0; i < fieldCount(); ++i)
       parameters_[(u"old_"_s + fields_[size_t(i)].name).toCaseFolded()] =
           original[i] == nullptr ? Value() : FieldCodec::decode(fields_[size_t(i)], cell(original, i));
-    run(rendered(text));
+    statement = rendered(told);
   } else {
-    run("DELETE FROM " + table() + " WHERE " + keyCondition(original));
-    if (foundRows_ == 0) throw EDatabaseError(u"Delete failed. Found 0 records"_s, name_, SQL.text());
+    const QByteArray head = "DELETE FROM " + table() + " WHERE ";
+    statement = head + keyCondition(original);
+    QStringList keys;
+    for (int i = 0; i < fieldCount(); ++i)
+      if (fields_[size_t(i)].isKey && isWritten(i)) keys += u"%1=:Old_%1"_s.arg(fields_[size_t(i)].name);
+    told = QString::fromUtf8(head) + keys.join(u" AND "_s);
   }
+  foundRows_ = connection_.execute(statement, name_, told).foundRows;
+  if (SQLDelete.text().isEmpty() && foundRows_ == 0) throw EDatabaseError(u"Delete failed. Found 0 records"_s, name_, told);
 }

@@ -6,6 +6,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -29,11 +30,11 @@ class Files : public testing::Test {
 };
 
 TEST_F(Files, IniReadsSectionsAndKeysOfAnyShape) {
-  put(u"a.ini"_s, "\xEF\xBB\xBFoutside=0\r\n[Bir]\r\nAd = \xC4\xB0\xC5\x9Fletme = 2 \r\nbos=\r\nno mark\r\n=nameless\n[iki]\nAd=3\n[Bir]\nAd=4");
+  put(u"a.ini"_s, "\xEF\xBB\xBFoutside=0\r\n[Bir]\r\nAd = \xC4\xB0\xC5\x9Fletme = 2 \r\nbos=\r\nno mark\r\n=nameless\n[iki]\nAd=3\nYaz\xFD" "c\xFD=  B\xFCro Yaz\xFD" "c\xFDs\xFD \n[Bir]\nAd=4");
   struct Case {
     QString section, key, value;
   };
-  for (const auto& [section, key, value] : {Case{u"bir"_s, u"AD"_s, u"İşletme = 2"_s}, Case{u"Bir"_s, u"bos"_s, u""_s}, Case{u"iki"_s, u"Ad"_s, u"3"_s},
+  for (const auto& [section, key, value] : {Case{u"bir"_s, u"AD"_s, u"İşletme = 2 "_s}, Case{u"Bir"_s, u"bos"_s, u""_s}, Case{u"iki"_s, u"Ad"_s, u"3"_s}, Case{u"iki"_s, u"Yazıcı"_s, u"  Büro Yazıcısı "_s},
                                             Case{u"bir"_s, u"outside"_s, u"yedek"_s}, Case{u"üç"_s, u"Ad"_s, u"yedek"_s}})
     EXPECT_EQ(IniFile::read(path(u"a.ini"_s), section, key, u"yedek"_s), value) << key.toStdString();
   put(u"wrong.ini"_s, QByteArray("\0\xFF[[[=]\n[Bir", 12));
@@ -89,6 +90,32 @@ TEST_F(Files, LogAppendsOrSaysThatItCannot) {
   EXPECT_TRUE(LogFile::append(path(u"a.log"_s), u"iki ğ"_s));
   EXPECT_EQ(content(u"a.log"_s), "bir\r\niki \xC4\x9F\r\n");
   for (const QString& unwritable : {u"/dev/full"_s, u"/proc/none.log"_s, folder.path()}) EXPECT_FALSE(LogFile::append(unwritable, u"bir"_s));
+}
+
+TEST_F(Files, ALogOfRefusalsStaysSmallAndKeepsTheErrors) {
+  const QString file = path(u"kvtk.log"_s);
+  const QString ruler = u"\r\n"_s + QString(20, u'-');
+  const QDateTime start(QDate(2020, 3, 5), QTime(8, 0, 0));
+  const LogFile::Context context{start, u"AYSE"_s, u"fmusteriler"_s, {}};
+  constexpr int refusals = 60'000;  // 6 MiB of them
+  ASSERT_TRUE(LogFile::append(file, LogFile::errorEntry(context, EMyError(1, u"HY000"_s, u"asıl hata"_s, u"qCari"_s, u"select *\n\nfrom cari"_s))));
+  for (int i = 0; i < refusals; ++i) {
+    LogFile::Context at = context;
+    at.now = start.addMSecs(200 * i);
+    ASSERT_TRUE(LogFile::append(file, LogFile::markerEntry(at, u"Yetki"_s, u"Yetki Path hatası...: Kartlar\\%1"_s.arg(i % 10))));
+  }
+  EXPECT_LE(content(u"kvtk.log"_s).size(), LogFile::mostBytes + 200);
+  const QByteArray old = content(u"kvtk.1.log"_s);
+  EXPECT_LT(old.size(), 3000);
+  EXPECT_TRUE(old.startsWith("05.03.2020 08:00:00|AYSE|EDatabaseError||#HY000asıl hata\r\n--------------------\r\nqCari| select *\n\nfrom cari\r\n"))
+      << old.left(300).constData();
+  EXPECT_EQ(old.count("Kartlar\\7\r\n"), 1);
+
+  // Entries that differ are all kept, and the oldest files go.
+  for (int i = 0; i < 3 * (LogFile::oldFiles + 3); ++i)
+    ASSERT_TRUE(LogFile::append(file, LogFile::messageEntry(start.addDays(1), QString(LogFile::mostBytes / 3, QChar(u'a' + i)), nullptr)));
+  EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), LogFile::oldFiles + 1);
+  for (const QFileInfo& each : QDir(folder.path()).entryInfoList(QDir::Files)) EXPECT_LE(each.size(), LogFile::mostBytes + LogFile::mostBytes / 2);
 }
 
 TEST(Machine, TellsOfThisComputer) {

@@ -214,6 +214,13 @@ TEST_F(LoginTest, UnhandledErrorsAreLoggedAndShownByTheirSender) {
   EXPECT_TRUE(dialogs.shown.empty());
   EXPECT_EQ(login.ApplicationEvents1Tag, 0);
   EXPECT_TRUE(log().endsWith(u"--------------------\r\nqSirket| select * from sirket\r\n"_s)) << log().toStdString();
+  login.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&login));
+  login.parola->setFocus();
+  login.ApplicationEvents1Tag = 1;
+  login.ApplicationEvents1Exception(nullptr, Exception(u"x"_s));
+  EXPECT_TRUE(log().contains(u"|parola|x\r\n"_s)) << "the box's name, whose line has none";
+  login.hide();
   login.ApplicationEvents1Exception(nullptr, refusal);
   ASSERT_EQ(dialogs.shown.size(), 1U);
   EXPECT_TRUE(dialogs.texts()[0].contains(refusal.message()));

@@ -269,7 +269,7 @@ TEST_F(ParametersTest, AFileOfOtherSwitchesIsDeleted) {
   EXPECT_FALSE(QFile::exists(folder.filePath(u"Parametreler.dat"_s)));
   EXPECT_FALSE(form.isChecked(AskAtEachStep));
   EXPECT_EQ(form.islemColor(), defaultStatuses());
-  EXPECT_EQ(form.yBarkodPrinterCopyNum->text(), u"1"_s);
+  EXPECT_EQ(form.yBarkodPrinterCopyNum->text(), u"77"_s) << "also one that the list does not have";
   EXPECT_TRUE(messages.isEmpty());
 }
 

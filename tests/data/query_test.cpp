@@ -188,7 +188,9 @@ TEST_F(QueryTest, DeleteRunsTheStatementGivenForIt) {
   openRow(query, id);
   query.SQLDelete.Add(u"DELETE FROM deneme"_s);
   query.SQLDelete.Add(u"WHERE"_s);
-  query.SQLDelete.Add(u"  ID = :Old_ID"_s);
+  query.SQLDelete.Add(u"  ID = :Old_ID + YOK"_s);
+  EXPECT_EQ(raised<EMyError>([&] { query.Delete(); })->queryText(), query.SQLDelete.text()) << "what failed, not what was read";
+  query.SQLDelete.setText(u"DELETE FROM deneme WHERE ID = :Old_ID"_s);
   query.Delete();
   EXPECT_TRUE(query.IsEmpty());
   EXPECT_EQ(scalar(u"select NO from deneme"_s), u"2"_s);
