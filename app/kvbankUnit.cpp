@@ -29,6 +29,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
@@ -42,6 +43,7 @@ TfKvb* fKvb = nullptr;
 
 namespace {
 constexpr QSize LargestDefault(1600, 1000);
+constexpr double SmallDesktopShare = 0.9;  ///< of a desktop that the window fills at first, once it no longer does
 constexpr QSize Smallest(640, 480);
 constexpr int StartDelayMs = 50;
 constexpr int DefaultPort = 8091;
@@ -81,7 +83,7 @@ TfKvb::TfKvb(const QStringList& arguments)
   addTrayIcon();
   connectGuarded(Timer1, &QTimer::timeout, this, [this] { timer1Timer(); });
   formCreate(arguments);
-  formSize1().restore(this);
+  children_->setFocus();  // not to the first button of the ribbon, which Space would press
 }
 
 TfKvb::~TfKvb() {
@@ -92,15 +94,17 @@ TfKvb::~TfKvb() {
 void TfKvb::formCreate(const QStringList& arguments) {
   setMinimumSize(Smallest);
   const QRect desktop = screen()->availableGeometry();
-  QRect place(QPoint(), LargestDefault.boundedTo(desktop.size()));
+  const bool isSmall = LargestDefault.boundedTo(desktop.size()) == desktop.size();
+  QRect place(QPoint(), isSmall ? desktop.size() * SmallDesktopShare : LargestDefault.boundedTo(desktop.size()));
   place.moveBottomRight(desktop.bottomRight());
   setGeometry(place);
-  if (place == desktop) setWindowState(Qt::WindowMaximized);  // its title bar would stand above the desktop
+  keepFrameReachable(this);
 
   utilities_ = std::make_unique<TQuendUtil>(programFile());
   QuendUtil = utilities_.get();
   setWindowTitle(QApplication::applicationName() + u" v"_s + QuendUtil->GetBuildInfoAsString());
   QuendUtil->port = portOf(arguments.value(1));
+  if (!formSize1().restore(this) && isSmall) setWindowState(Qt::WindowMaximized);
 }
 
 void TfKvb::buildStatusBar() {
@@ -134,6 +138,11 @@ void TfKvb::buildStatusBar() {
 }
 
 void TfKvb::connectCommands() {
+  for (const auto& [path, objectName] : ribbonRights()) refused_.insert(objectName);
+  for (auto each = commands_.cbegin(); each != commands_.cend(); ++each) {
+    if (each.value()->menu() != nullptr) connected_.insert(each.key());
+    enableCommand(each.key());
+  }
   connectCommand(u"tileRows"_s, [this] { children_->tileRows(); });
   connectCommand(u"tileColumns"_s, [this] { children_->tileColumns(); });
   connectCommand(u"cascade"_s, [this] { children_->cascade(); });
@@ -161,6 +170,12 @@ void TfKvb::connectCommand(const QString& objectName, std::function<void()> work
   QAction* action = command(objectName);
   if (action == nullptr) throw Exception(u"Komut yok: "_s + objectName);
   connectGuarded(action, &QAction::triggered, this, [work = std::move(work)] { work(); });
+  connected_.insert(objectName);
+  enableCommand(objectName);
+}
+
+void TfKvb::enableCommand(const QString& objectName) {
+  command(objectName)->setEnabled(connected_.contains(objectName) && !refused_.contains(objectName));
 }
 
 void TfKvb::addTrayIcon() {
@@ -231,8 +246,10 @@ void TfKvb::timer1Timer() {
 
 /// Enables what the account may open; the commands stay in their places.
 void TfKvb::applyRights() {
-  for (const auto& [path, objectName] : ribbonRights())
-    command(objectName)->setEnabled(DM->Kullanici_Yetkileri(path) != Right::Checked);
+  for (const auto& [path, objectName] : ribbonRights()) {
+    if (DM->Kullanici_Yetkileri(path) != Right::Checked) refused_.remove(objectName);
+    enableCommand(objectName);
+  }
 }
 
 /// Starts the helper program that may stand beside this one; where there is none, nobody is told.

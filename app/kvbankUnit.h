@@ -4,6 +4,7 @@
 #include "app/workspace_commands.h"
 
 #include <QMainWindow>
+#include <QSet>
 
 #include <functional>
 #include <memory>
@@ -44,7 +45,9 @@ class TfKvb : public QMainWindow {
   QAction* command(const QString& objectName) const { return commands_.value(objectName); }
   void setStatusText(const QString& text);
 
-  /// Says what a command of the ribbon does. Throws Exception with the name when there is no such command.
+  /// Says what a command of the ribbon does, which enables it; one that needs a right waits for the end of the start
+  /// sequence, which checks it. A command of which nobody says it stays disabled. Throws Exception with the name when there
+  /// is no such command.
   void connectCommand(const QString& objectName, std::function<void()> work);
   /// Runs work in the frame of a slip window that comes up: nothing is painted, the hourglass stands as cursor; the ribbon
   /// folds when the parameters ask for it. Throws what work throws.
@@ -67,11 +70,14 @@ class TfKvb : public QMainWindow {
   void timer1Timer();
   void startVigil();
   void applyRights();
+  void enableCommand(const QString& objectName);
 
   Ribbon* ribbon_;
   ChildWindows* children_;
   QLabel* statusText_ = nullptr;
   WorkspaceCommands commands_;
+  QSet<QString> connected_;  ///< commands that do something, menus among them
+  QSet<QString> refused_;    ///< commands without their right
   std::unique_ptr<TQuendUtil> utilities_;
 };
 

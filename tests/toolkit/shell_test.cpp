@@ -187,6 +187,42 @@ TEST_F(ChildWindowsTest, WindowCommandsGoThroughTheWindowsInTheirOrder) {
   EXPECT_EQ(order.changed, (QList<QObject*>{windows[2], windows[1], windows[0]})) << "last to first";
 }
 
+TEST_F(ChildWindowsTest, WindowCommandsLeaveTheActiveWindowAndTheKeyboardWhereTheyAre) {
+  children.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&children));
+  QList<QLineEdit*> boxes;
+  for (int i = 0; i < 3; ++i) {
+    Page* page = add(QString::number(i));
+    auto* column = new QVBoxLayout(page);
+    for (int box = 0; box < 3; ++box) {
+      boxes.append(new QLineEdit);
+      column->addWidget(boxes.last());
+    }
+  }
+  children.activatePrevious();
+  QMdiSubWindow* active = children.clientArea()->activeSubWindow();
+  QLineEdit* box = boxes[4];
+  ASSERT_TRUE(active->isAncestorOf(box));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return box->isVisible(); }));
+  box->setFocus();
+  const QList<std::pair<std::function<void()>, bool>> commands{{[&] { children.maximizeAll(); }, true},
+                                                               {[&] { children.restoreAll(); }, true},
+                                                               {[&] { children.minimizeAll(); }, false},
+                                                               {[&] { children.restoreAll(); }, true}};
+  for (const auto& [command, keepsBox] : commands) {
+    command();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(children.clientArea()->activeSubWindow(), active);
+    EXPECT_EQ(children.tabStrip()->currentIndex(), 1);
+    if (keepsBox) {
+      EXPECT_EQ(QApplication::focusWidget(), box);
+    }
+  }
+  children.minimizeAll();
+  Q_EMIT children.tabStrip()->tabChosen(1);
+  EXPECT_EQ(QApplication::focusWidget(), box);
+}
+
 TEST_F(ChildWindowsTest, TilesFillTheClientAreaWithoutOverlap) {
   for (int count = 1; count <= 7; ++count) {
     add(QString::number(count));

@@ -3,6 +3,7 @@
 #include "base/guard.h"
 #include "toolkit/shell/child_tab_strip.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QPainter>
@@ -62,6 +63,7 @@ ChildWindows::ChildWindows(QWidget* parent)
   column->addWidget(area_, 1);
   column->addWidget(strip_);
   strip_->hide();
+  setFocusProxy(area_);
   connectGuarded(strip_, &ChildTabStrip::tabChosen, this, [this](int index) { activate(windows_[index]); });
   connectGuarded(strip_, &ChildTabStrip::closeRequested, this, [this](int index) { windows_[index]->close(); });
   connectGuarded(strip_, &ChildTabStrip::closeOthersRequested, this, [this](int index) { closeAllBut(windows_[index]); });
@@ -108,6 +110,7 @@ void ChildWindows::forget(ChildWindow* window) {
   windows_.removeAt(index);
   strip_->removeTab(static_cast<int>(index));
   strip_->setVisible(!windows_.isEmpty());
+  if (windows_.isEmpty()) area_->setFocus(Qt::OtherFocusReason);
   Q_EMIT countChanged(count());
 }
 
@@ -134,18 +137,41 @@ bool ChildWindows::closeAllBut(const ChildWindow* kept) {
   return std::ranges::all_of(windows, [kept](ChildWindow* window) { return window == kept || window->close(); });
 }
 
-void ChildWindows::maximizeAll() {
+/// A window that changes its state becomes the active one and moves its keyboard to the next control. Boxes pass over the
+/// reason that is given here: as with a menu, they do not count as left.
+void ChildWindows::keepingKeyboard(const std::function<void()>& work) {
+  const QPointer<ChildWindow> active = qobject_cast<ChildWindow*>(area_->activeSubWindow());
   for (ChildWindow* window : windows_)
-    if (!window->isMaximized()) window->showMaximized();
+    if (!window->isMinimized()) window->keyboard = window->widget()->focusWidget();
+  const QWidget* focus = QApplication::focusWidget();
+  const bool isHere = focus == area_ || area_->isAncestorOf(focus);
+  if (isHere) area_->setFocus(Qt::MenuBarFocusReason);
+  work();
+  if (!active) return;
+  area_->setActiveSubWindow(active);
+  if (!isHere) return;
+  QWidget* target = !active->isMinimized() && active->keyboard ? active->keyboard.get() : area_;
+  target->setFocus(Qt::MenuBarFocusReason);
+}
+
+void ChildWindows::maximizeAll() {
+  keepingKeyboard([this] {
+    for (ChildWindow* window : windows_)
+      if (!window->isMaximized()) window->showMaximized();
+  });
 }
 
 void ChildWindows::restoreAll() {
-  for (ChildWindow* window : windows_)
-    if (window->isMaximized() || window->isMinimized()) window->showNormal();
+  keepingKeyboard([this] {
+    for (ChildWindow* window : windows_)
+      if (window->isMaximized() || window->isMinimized()) window->showNormal();
+  });
 }
 
 void ChildWindows::minimizeAll() {
-  for (auto window = windows_.rbegin(); window != windows_.rend(); ++window) (*window)->showMinimized();
+  keepingKeyboard([this] {
+    for (auto window = windows_.rbegin(); window != windows_.rend(); ++window) (*window)->showMinimized();
+  });
 }
 
 void ChildWindows::cascade() { area_->cascadeSubWindows(); }
@@ -180,8 +206,10 @@ void ChildWindows::tile(Qt::Orientation direction) {
 }
 
 void ChildWindows::activate(ChildWindow* window) {
-  if (window->isMinimized()) window->showNormal();
+  const bool comesBack = window->isMinimized();
+  if (comesBack) window->showNormal();
   area_->setActiveSubWindow(window);
+  if (comesBack && window->keyboard) window->keyboard->setFocus(Qt::MenuBarFocusReason);
 }
 
 void ChildWindows::activateNext() { step(1); }

@@ -5,6 +5,9 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPixmap>
+#include <QPointer>
+
+#include <functional>
 
 class ChildTabStrip;
 
@@ -13,6 +16,8 @@ class ChildWindow : public QMdiSubWindow {
   Q_OBJECT
  public:
   explicit ChildWindow(QWidget* content);
+
+  QPointer<QWidget> keyboard;  ///< what had the keyboard in the window before it was minimised
 
  Q_SIGNALS:
   void closed();
@@ -58,6 +63,7 @@ class ChildWindows : public QWidget {
 
   /// Asks every child window to close, first to last; false at the first one that refuses.
   bool closeAll();
+  /// The active window and the place of the keyboard in it stay as they are.
   void maximizeAll();
   void restoreAll();
   void minimizeAll();
@@ -77,6 +83,7 @@ class ChildWindows : public QWidget {
   void activate(ChildWindow* window);
   bool closeAllBut(const ChildWindow* kept);
   void step(int by);
+  void keepingKeyboard(const std::function<void()>& work);
   void tile(Qt::Orientation direction);
   void forget(ChildWindow* window);
 

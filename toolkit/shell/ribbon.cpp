@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QBoxLayout>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QShortcut>
@@ -193,6 +194,21 @@ void Ribbon::keyPressEvent(QKeyEvent* event) {
 bool Ribbon::eventFilter(QObject* watched, QEvent* event) {
   if (watched == tab_ && event->type() == QEvent::MouseButtonDblClick) setPageVisible(!isPageVisible());
   return QWidget::eventFilter(watched, event);
+}
+
+bool Ribbon::event(QEvent* event) {
+  const bool handled = QWidget::event(event);
+  if (event->type() == QEvent::WindowUnblocked || event->type() == QEvent::WindowActivate) forgetPointer();
+  return handled;
+}
+
+/// A button whose menu opened a window is not told that the pointer has left it meanwhile.
+void Ribbon::forgetPointer() {
+  for (QToolButton* button : findChildren<QToolButton*>()) {
+    if (!button->underMouse() || button->rect().contains(button->mapFromGlobal(QCursor::pos()))) continue;
+    button->setAttribute(Qt::WA_UnderMouse, false);
+    button->update();
+  }
 }
 
 QSize Ribbon::minimumSizeHint() const {

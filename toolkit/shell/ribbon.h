@@ -40,8 +40,10 @@ class Ribbon : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
+  void forgetPointer();
   void fitGroups();
   void moveFocus(int step);
   void showKeyTips();

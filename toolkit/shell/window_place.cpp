@@ -3,9 +3,13 @@
 #include "base/exceptions.h"
 #include "base/ini_file.h"
 
+#include "base/guard.h"
+
+#include <QEvent>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStringList>
+#include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
@@ -16,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 constexpr int SmallestWidth = 200;
 constexpr int SmallestHeight = 150;
+constexpr int FrameDelayMs = 150;  ///< from a window's coming up to the frame that a window manager gives it
 
 struct Place {
   QRect geometry;  ///< of the window while it is neither maximised nor minimised
@@ -24,7 +29,7 @@ struct Place {
 
 /// "x,y,width,height,state"; nothing else is understood.
 std::optional<Place> parsed(const QString& text) {
-  const QStringList parts = text.split(u',');
+  const QStringList parts = text.trimmed().split(u',');
   if (parts.size() != 5) return {};
   int number[4];
   for (int i = 0; i < 4; ++i) {
@@ -49,7 +54,39 @@ QRect ontoScreen(QRect rect) {
   rect.moveTop(std::clamp(rect.top(), best.top(), best.bottom() + 1 - rect.height()));
   return rect;
 }
+
+class FrameKeeper : public QObject {
+ public:
+  explicit FrameKeeper(QWidget* window) : QObject(window), window_(window) {
+    delay_.setSingleShot(true);
+    delay_.setInterval(FrameDelayMs);
+    connectGuarded(&delay_, &QTimer::timeout, this, [this] { place(); });
+    window->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Show || event->type() == QEvent::WindowStateChange) delay_.start();
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  void place() {
+    if (!window_->isVisible() || window_->windowState() & (Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen)) return;
+    const QRect frame = window_->frameGeometry();
+    const QRect client = window_->geometry();
+    const QRect placed = ontoScreen(frame);
+    if (placed == frame) return;
+    window_->setGeometry(placed.adjusted(client.left() - frame.left(), client.top() - frame.top(), client.right() - frame.right(),
+                                         client.bottom() - frame.bottom()));
+  }
+
+  QWidget* window_;
+  QTimer delay_;
+};
 }  // namespace
+
+void keepFrameReachable(QWidget* window) { new FrameKeeper(window); }
 
 WindowPlace::WindowPlace(QString path, QString key, QString machine)
     : path_(std::move(path)), key_(std::move(key)), machine_(std::move(machine)) {}
@@ -58,7 +95,7 @@ bool WindowPlace::restore(QWidget* window) const {
   const std::optional<Place> place = parsed(IniFile::read(path_, key_, machine_, {}));
   if (!place) return false;
   window->setGeometry(ontoScreen(place->geometry));
-  if (place->maximized) window->setWindowState(window->windowState() | Qt::WindowMaximized);
+  window->setWindowState(place->maximized ? window->windowState() | Qt::WindowMaximized : window->windowState() & ~Qt::WindowMaximized);
   return true;
 }
 
