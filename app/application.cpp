@@ -17,6 +17,8 @@
 #include "cards/firm_editor.h"
 #include "cards/firm_list.h"
 #include "cards/service_types.h"
+#include "contracts/contract_editor.h"
+#include "contracts/contract_list.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfissecUnit.h"
@@ -52,6 +54,7 @@ void connectCommands(TfKvb& workspace) {
   workspace.connectCommand(u"dxBarLargeButton1"_s, [] { SlipWindows::openNew(); });
   workspace.connectCommand(u"dxBarLargeButton2"_s, [] { SlipWindows::choose(); });
   workspace.connectCommand(u"company"_s, [] { fSirket->Giris(); });
+  workspace.connectCommand(u"contracts"_s, [] { fSozlesme->Giris(); });
   workspace.connectCommand(u"dxBarButton16"_s, [] { fmusteriler->Giris(); });
   workspace.connectCommand(u"dxBarButton17"_s, [] { fcihazlar->Giris(); });
   workspace.connectCommand(u"dxBarButton18"_s, [] { fDisServisler->Giris(); });
@@ -124,7 +127,9 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   Tfcihazlar devices;
   TfDisServisler firms;
   TfDisServisEkle firmEditor(firms.qDisServis);
+  TfSozlesme contracts;
   TfCariEkle customerEditor(customers.qCari);
+  TfSozlesmeEkle contractEditor(contracts.queries());
   TfServisTip serviceTypes;
   TfMusteriCihaz customerDevices;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {

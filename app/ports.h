@@ -69,6 +69,10 @@ struct Ports {
   /// Reads the service types that every slip chooses from.
   Port<void()> openServiceTypes;
 
+  // Reminders
+  /// The window of what is due, with the rows of today.
+  Port<void()> showReminders;
+
   // Communication and extras
   /// Bulk SMS with numbers in its list, parted as CardRules::joinedNumbers parts them.
   Port<void(const QString& numbers)> openBulkSms;

@@ -45,67 +45,88 @@ CardEditor::CardEditor(TMyQuery& cards, const QString& objectName, const QString
 }
 
 CardEditor::~CardEditor() {
-  for (qcxDBTextEdit* each : boxes_) each->fieldLink().bind(nullptr, {});
+  for (const Box& each : boxes_) each.link->fieldLink().bind(nullptr, {});
+}
+
+EditFrame* CardEditor::addBox(QWidget& area, const CardField& field) {
+  EditFrame* frame = nullptr;
+  if (field.make) {
+    frame = field.make(&area);
+  } else {
+    auto* text = new qcxDBTextEdit(&area);
+    text->setCharCase(CharCase::Upper);
+    frame = text;
+  }
+  frame->setObjectName(field.box.isEmpty() ? field.column : field.box);
+  if (auto* line = dynamic_cast<EditBox*>(frame)) line->setCaption(field.caption);
+  auto* link = dynamic_cast<LinkedBox*>(frame);
+  if (link == nullptr) throw Exception(u"the box has no field: "_s + frame->objectName());
+  link->fieldLink().onRefused = [this, frame](const Exception& error) { refused(*frame, error); };
+  link->fieldLink().bind(&cards_, field.column);
+  boxes_.push_back({frame, link, field.column});
+  return frame;
 }
 
 void CardEditor::placeBoxes(QWidget& area, const std::vector<CardField>& fields) {
   int x = 0;
   int y = 0;
-  int height = 0;
+  int height = 0;  // of the line
   for (const CardField& field : fields) {
-    auto* edit = new qcxDBTextEdit(&area);
-    edit->setObjectName(field.column);
-    edit->setCaption(field.caption);
-    edit->setCharCase(CharCase::Upper);
-    edit->fieldLink().bind(&cards_, field.column);
-    boxes_.push_back(edit);
-    height = edit->oneLineHeight();
+    EditFrame* frame = addBox(area, field);
     const int width = field.isWide ? wideBox : boxWidth;
     if (x + width > wideBox) {
       x = 0;
       y += height + rowGap;
+      height = 0;
     }
-    edit->setGeometry(x, y, width, height);
+    height = std::max(height, frame->sizeHint().height());
+    frame->setGeometry(x, y, width, frame->sizeHint().height());
     x += width + gap;
   }
   area.setFixedSize(wideBox, y + height + rowGap);
 }
 
-qcxDBTextEdit* CardEditor::box(const QString& column) const {
-  const auto found = std::ranges::find(boxes_, column, [](const qcxDBTextEdit* each) { return each->objectName(); });
-  if (found == boxes_.end()) throw Exception(u"the editor has no box "_s + column);
-  return *found;
+EditFrame* CardEditor::frame(const QString& name) const {
+  const auto found = std::ranges::find(boxes_, name, [](const Box& each) { return each.frame->objectName(); });
+  if (found == boxes_.end()) throw Exception(u"the editor has no box "_s + name);
+  return found->frame;
+}
+
+EditBox* CardEditor::box(const QString& name) const {
+  if (auto* line = dynamic_cast<EditBox*>(frame(name))) return line;
+  throw Exception(u"no one-line box: "_s + name);
 }
 
 int CardEditor::showCard() {
   dropTyped();
-  for (qcxDBTextEdit* each : boxes_) {
-    each->setErrorText({});
-    each->setMaxLength(int(cards_.FieldByName(each->objectName()).info().size));
+  for (const Box& each : boxes_) {
+    each.frame->setErrorText({});
+    const FieldInfo& field = cards_.FieldByName(each.column).info();
+    if (auto* line = dynamic_cast<EditBox*>(each.frame); line != nullptr && field.type == FieldType::Text)
+      line->setMaxLength(int(field.size));
   }
-  boxes_.front()->line()->setFocus();
-  boxes_.front()->line()->selectAll();
+  if (auto* first = dynamic_cast<EditBox*>(boxes_.front().frame)) {
+    first->line()->setFocus();
+    first->line()->selectAll();
+  }
   return exec();
 }
 
 bool CardEditor::takeTyped() {
-  for (qcxDBTextEdit* each : boxes_) {
-    try {
-      each->fieldLink().updateRecord();
-    } catch (const EUnstorableValue& error) {
-      balloon_.showAt(each, error.message());
-      return false;
-    }
-  }
-  return true;
+  return std::ranges::all_of(boxes_, [](const Box& each) { return each.link->fieldLink().leave(); });
+}
+
+void CardEditor::refused(EditFrame& box, const Exception& error) {
+  box.setErrorText(error.message());
+  balloon_.showAt(&box, error.message());
 }
 
 void CardEditor::dropTyped() {
-  for (qcxDBTextEdit* each : boxes_) each->fieldLink().refresh();
+  for (const Box& each : boxes_) each.link->fieldLink().refresh();
 }
 
-void CardEditor::widenWhileFocused(const QString& column) {
-  qcxDBTextEdit* widened = box(column);
+void CardEditor::widenWhileFocused(const QString& name) {
+  EditBox* widened = box(name);
   connectGuarded(widened, &EditBox::entered, this, [widened] {
     widened->resize(wideBox, widened->height());
     widened->raise();

@@ -66,6 +66,17 @@ void CardList::addCommands(const std::vector<CardCommand>& commands, const QStri
 void CardList::addCommand(const CardCommand& command, CommandBar& bar) {
   QAction* action = bar.addCommand(command.name, command.caption, command.icon, command.key);
   bar.button(action)->setFocusPolicy(Qt::TabFocus);  // a click leaves the keyboard to the rows
+  connectCommand(action, command);
+}
+
+void CardList::addRowCommand(const CardCommand& command) {
+  auto* action = new QAction(QIcon::fromTheme(command.icon), command.caption, this);
+  action->setObjectName(command.name);
+  grid_->addRowCommand(action);
+  connectCommand(action, command);
+}
+
+void CardList::connectCommand(QAction* action, const CardCommand& command) {
   connectGuarded(action, &QAction::triggered, this, [work = command.work] { work(); });
   keepUpdated(this, action, [this, command] { return isEnabled(command); });
 }
@@ -76,12 +87,16 @@ bool CardList::isEnabled(const CardCommand& command) {
   return !command.alsoNeeds || command.alsoNeeds();
 }
 
-void CardList::Giris() {
-  cards_.Open();
+void CardList::showList() {
   grid_->setFilterEnabled(true);
   grid_->goToFirstRow();
   grid_->setFocus();
   exec();
+}
+
+void CardList::Giris() {
+  cards_.Open();
+  showList();
   cards_.Close();
   grid_->clearFilter();
   grid_->clearGrouping();

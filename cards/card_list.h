@@ -51,7 +51,7 @@ class CardList : public QDialog {
 
   /// Reads the rows, switches the filter on, stands on the first row and shows the list until it is closed; then the query
   /// is closed, filter and grouping are gone. Throws EDatabaseError.
-  void Giris();
+  virtual void Giris();
 
   DataGrid* grid() const { return grid_; }
   /// The action of that name; null when there is none.
@@ -62,6 +62,10 @@ class CardList : public QDialog {
   CardList(const CardListDescription& description, QWidget* parent);
 
   TMyQuery& cards() { return cards_; }
+  /// Switches the filter on, stands on the first row and shows the list until it is closed.
+  void showList();
+  /// A command of the rows' menu, which has no button.
+  void addRowCommand(const CardCommand& command);
   /// The toolbar, from left to right. Enter and a double click on a row run the command that opened names, if any.
   void addCommands(const std::vector<CardCommand>& commands, const QString& onRowChosen = {});
   /// The commands that lists have in common.
@@ -75,6 +79,7 @@ class CardList : public QDialog {
 
  private:
   void addCommand(const CardCommand& command, CommandBar& bar);
+  void connectCommand(QAction* action, const CardCommand& command);
   bool isEnabled(const CardCommand& command);
   void deleteSelected(const QString& question, const QString& failure);
   void preview(const CardReport& report);

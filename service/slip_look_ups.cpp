@@ -7,11 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-QString QueryLookup::textOf(int row, const QString& field) const {
-  const int index = query_.fieldIndex(field);
-  return index < 0 ? QString() : query_.valueAt(row, index).toText();
-}
-
 SlipLookUps::SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz, TMyQuery& qServisTip)
     : page_(page),
       qCari_(qCari),

@@ -1,35 +1,11 @@
 #pragma once
 
 #include "base/data/my_query.h"
-#include "toolkit/edits/lookup_source.h"
+#include "toolkit/edits/query_lookup.h"
 
 #include <QObject>
 
 class SlipFieldsPage;
-
-/// Entries of a look-up box out of a query's rows.
-class QueryLookup : public LookupSource {
- public:
-  struct Column {
-    QString field;
-    QString caption;
-    int width;
-  };
-  /// The query must outlive the look-up.
-  QueryLookup(TMyQuery& query, std::vector<Column> columns) : query_(query), columns_(std::move(columns)) {}
-
-  int rowCount() const override { return query_.Active() ? query_.RecordCount() : 0; }
-  int columnCount() const override { return int(columns_.size()); }
-  QString text(int row, int column) const override { return textOf(row, columns_[size_t(column)].field); }
-  QString caption(int column) const override { return columns_[size_t(column)].caption; }
-  int width(int column) const override { return columns_[size_t(column)].width; }
-  /// Any column of a row.
-  QString textOf(int row, const QString& field) const;
-
- private:
-  TMyQuery& query_;
-  std::vector<Column> columns_;
-};
 
 /// What the boxes of customer, device and service type copy into the slip.
 class SlipLookUps : public QObject {

@@ -1,9 +1,20 @@
 #include "app/editors/qcx_db_editors.h"
 
+#include "base/exceptions.h"
 #include "base/guard.h"
+#include "toolkit/edits/radio_group_edit.h"
 
+FieldLink::FieldLink(EditBox& box) : box_(box) {
+  connectGuarded(&box, &EditBox::textEdited, &box, [this] { markChanged(); });
+  connectGuarded(&box, &EditBox::left, &box, [this] { leave(); });
+}
 
-FieldLink::FieldLink(EditBox& box) : box_(box) {}
+FieldLink::FieldLink(RadioGroupEdit& box) : box_(box) {
+  connectGuarded(&box, &RadioGroupEdit::chosen, &box, [this] {
+    markChanged();
+    leave();
+  });
+}
 
 FieldLink::~FieldLink() {
   if (query_) query_->removeListener(this);
@@ -48,15 +59,16 @@ void FieldLink::rowChanged(int row) {
 void FieldLink::rowInserted(int) { refresh(); }
 void FieldLink::rowRemoved(int) { refresh(); }
 
-namespace {
-
-void follow(EditBox* box, FieldLink& link) {
-  connectGuarded(box, &EditBox::textEdited, box, [&link] { link.markChanged(); });
-  connectGuarded(box, &EditBox::left, box, [&link] { link.updateRecord(); });
+bool FieldLink::leave() {
+  try {
+    updateRecord();
+    return true;
+  } catch (const EUnstorableValue& error) {
+    if (!onRefused) throw;
+    onRefused(error);
+  } catch (const EConvertError& error) {
+    if (!onRefused) throw;
+    onRefused(error);
+  }
+  return false;
 }
-
-}  // namespace
-
-qcxDBTextEdit::qcxDBTextEdit(QWidget* parent) : qcxTextEdit(parent), link_(*this) { follow(this, link_); }
-qcxDBButtonEdit::qcxDBButtonEdit(QWidget* parent) : qcxButtonEdit(parent), link_(*this) { follow(this, link_); }
-qcxDBCurrencyEdit::qcxDBCurrencyEdit(QWidget* parent) : qcxCurrencyEdit(parent), link_(*this) { follow(this, link_); }

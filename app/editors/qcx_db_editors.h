@@ -3,10 +3,16 @@
 #include "base/data/my_query.h"
 #include "app/editors/qcx_editors.h"
 
+#include <functional>
+
+class RadioGroupEdit;
+
 /// Ties a box to a field of a query's current row: shows it, and writes what the user changed when he leaves the box.
 class FieldLink : private QueryListener {
  public:
+  /// Follows what the user does in the box.
   explicit FieldLink(EditBox& box);
+  explicit FieldLink(RadioGroupEdit& box);
   ~FieldLink() override;
   FieldLink(const FieldLink&) = delete;
   FieldLink& operator=(const FieldLink&) = delete;
@@ -19,6 +25,10 @@ class FieldLink : private QueryListener {
   void updateRecord();
   /// The user changed the text since it was shown or written.
   void markChanged() { changed_ = true; }
+  /// updateRecord as the box is left. A value that the field does not take is handed to onRefused, if somebody listens; false
+  /// then.
+  bool leave();
+  std::function<void(const Exception& error)> onRefused;
 
  private:
   void queryReset() override;
@@ -26,42 +36,46 @@ class FieldLink : private QueryListener {
   void rowInserted(int row) override;
   void rowRemoved(int row) override;
 
-  EditBox& box_;
+  EditFrame& box_;
   TMyQuery* query_ = nullptr;
   QString fieldName_;
   bool changed_ = false;
   bool writing_ = false;
 };
 
-/// qcxTextEdit on a field.
-class qcxDBTextEdit : public qcxTextEdit {
-  Q_OBJECT
+/// A box with a field behind it.
+class LinkedBox {
  public:
-  explicit qcxDBTextEdit(QWidget* parent = nullptr);
-  FieldLink& fieldLink() { return link_; }
-
- private:
-  FieldLink link_;
+  virtual ~LinkedBox() = default;
+  virtual FieldLink& fieldLink() = 0;
 };
 
-/// qcxButtonEdit on a field.
-class qcxDBButtonEdit : public qcxButtonEdit {
-  Q_OBJECT
+/// Any box on a field.
+template <class Box>
+class LinkedEdit : public Box, public LinkedBox {
  public:
-  explicit qcxDBButtonEdit(QWidget* parent = nullptr);
-  FieldLink& fieldLink() { return link_; }
+  using Box::Box;
+  FieldLink& fieldLink() override { return link_; }
 
  private:
-  FieldLink link_;
+  FieldLink link_{static_cast<Box&>(*this)};
 };
 
-/// qcxCurrencyEdit on a field.
-class qcxDBCurrencyEdit : public qcxCurrencyEdit {
+/// The program's editors on a field.
+class qcxDBTextEdit : public LinkedEdit<qcxTextEdit> {
   Q_OBJECT
  public:
-  explicit qcxDBCurrencyEdit(QWidget* parent = nullptr);
-  FieldLink& fieldLink() { return link_; }
+  using LinkedEdit::LinkedEdit;
+};
 
- private:
-  FieldLink link_;
+class qcxDBButtonEdit : public LinkedEdit<qcxButtonEdit> {
+  Q_OBJECT
+ public:
+  using LinkedEdit::LinkedEdit;
+};
+
+class qcxDBCurrencyEdit : public LinkedEdit<qcxCurrencyEdit> {
+  Q_OBJECT
+ public:
+  using LinkedEdit::LinkedEdit;
 };

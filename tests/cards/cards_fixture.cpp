@@ -40,7 +40,20 @@ void CardsTest::within(const std::function<void()>& open, QDialog& screen, const
   EXPECT_TRUE(worked);
 }
 
+namespace {
+
+/// The offscreen platform does not give the keyboard back when a dialog or a drop-down closes.
+void makeActive(QWidget& target) {
+  QCoreApplication::processEvents();
+  if (target.isActiveWindow()) return;
+  target.activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(target.window()));
+}
+
+}  // namespace
+
 void CardsTest::enter(CardEditor& editor, const QString& column, const QString& text) {
+  makeActive(editor);
   EditLine* line = editor.box(column)->line();
   line->setFocus();
   line->selectAll();
@@ -49,11 +62,7 @@ void CardsTest::enter(CardEditor& editor, const QString& column, const QString& 
 }
 
 void CardsTest::press(QWidget& target, Qt::Key key, Qt::KeyboardModifiers modifiers) {
-  // The offscreen platform does not give the keyboard back when a dialog closes.
-  if (!target.isActiveWindow()) {
-    target.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(target.window()));
-  }
+  makeActive(target);
   QTest::keyClick(&target, key, modifiers);
   QCoreApplication::processEvents();
 }

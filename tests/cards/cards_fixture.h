@@ -35,6 +35,7 @@ class CardsTest : public testing::Test {
  protected:
   CardsTest() : before_(QDir::currentPath()) {
     QDir::setCurrent(folder.path());
+    ports() = {};  // what an earlier test has put there
     fillPorts();
   }
   ~CardsTest() override { QDir::setCurrent(before_); }

@@ -118,6 +118,17 @@ void DataGrid::setFilterRow(bool on) {
   rowsRead();
 }
 
+void DataGrid::setFilterBoxOnTop() {
+  auto* column = static_cast<QBoxLayout*>(layout());
+  column->removeWidget(filterBox_);
+  column->insertWidget(column->indexOf(view_), filterBox_);
+}
+
+void DataGrid::addRowCommand(QAction* command) {
+  view_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  view_->addAction(command);
+}
+
 void DataGrid::setFilterUpperCase(bool on) { filterRow_->setUpperCase(on); }
 
 void DataGrid::setGroupArea(bool on) { groupArea_->setVisible(on); }

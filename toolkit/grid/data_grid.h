@@ -53,6 +53,10 @@ class DataGrid : public QWidget {
   void setMultiSelect(bool on);
   /// Filter row under the header and the filter box below; off until asked for.
   void setFilterRow(bool on);
+  /// The filter box stands above the rows.
+  void setFilterBoxOnTop();
+  /// A command that the menu of the rows offers; not owned.
+  void addRowCommand(QAction* command);
   /// Keys typed into the filter row become Turkish capitals.
   void setFilterUpperCase(bool on);
   /// The area above the header that groups by what is dragged into it; off until asked for.

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "cards/card_list.h"
+#include "contracts/contract_editor.h"
+#include "toolkit/edits/query_lookup.h"
+
+/// "Bakım Sözleşme Takip": the maintenance contracts.
+class TfSozlesme : public CardList {
+  Q_OBJECT
+ public:
+  explicit TfSozlesme(QWidget* parent = nullptr);
+  ~TfSozlesme() override;
+
+  /// The open contracts, their customers, and the scratch query of the numbering; the editor works on all three.
+  TMyQuery& qSozlesme;
+  TMyQuery qCari;
+  TMyQuery qDetay;
+  /// What the customers' names are looked up by, in the list and in the editor.
+  KeyedLookup customers;
+  ContractQueries queries() { return {qSozlesme, qCari, qDetay, customers}; }
+  /// Prints the letter of the current contract. Its command is disabled as long as nobody does.
+  std::function<void()> printLetter;
+
+  /// Reads customers and contracts and shows the list until it is closed; both stay open, and so does the filter. Throws
+  /// EDatabaseError.
+  void Giris() override;
+
+ private:
+  void deleteContract();
+};
+
+extern TfSozlesme* fSozlesme;

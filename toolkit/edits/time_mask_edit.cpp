@@ -1,0 +1,19 @@
+#include "toolkit/edits/time_mask_edit.h"
+
+#include "base/date_text.h"
+#include "base/exceptions.h"
+
+using namespace Qt::StringLiterals;
+
+TimeMaskEdit::TimeMaskEdit(QWidget* parent) : MaskEdit(parent) { setMask(u"99 : 99;_"_s); }
+
+Value TimeMaskEdit::editValue() const {
+  if (isEmpty()) return {};
+  if (const auto time = DateText::toTime(QString(text()).remove(u' '))) return *time;
+  throw EConvertError(u"Geçersiz bir değer girildi"_s);
+}
+
+void TimeMaskEdit::setEditValue(const Value& value) {
+  const QTime time = value.toTime();
+  setText(time.isValid() ? time.toString(u"HH : mm"_s) : QString());
+}
