@@ -2,15 +2,87 @@
 #include "tests/report/report_fixture.h"
 #include "toolkit/report/printing.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QPrinter>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
 using PrintingTest = ReportFixture;
+
+/// A print service of the test's own with one queue that keeps what it receives. Does not start where there is none.
+class PrintService {
+ public:
+  PrintService() {
+    for (const char* name : {"spool", "tmp", "cache", "state", "root"}) QDir(folder_.path()).mkdir(QString::fromLatin1(name));
+    const QString path = folder_.path();
+    write(u"cupsd.conf"_s, u"Listen %1/sock\nPreserveJobFiles Yes\nDirtyCleanInterval 0\n<Location />\nOrder allow,deny\nAllow all\n</Location>\n<Policy default>\n<Limit All>\n"
+                           "Order allow,deny\nAllow all\n</Limit>\n</Policy>\n"_s.arg(path));
+    write(u"cups-files.conf"_s, u"FileDevice Yes\nServerRoot %1/root\nRequestRoot %1/spool\nCacheDir %1/cache\nStateDir %1/state\n"
+                                "TempDir %1/tmp\nAccessLog %1/access\nErrorLog %1/error\nPageLog %1/page\n"_s.arg(path));
+    daemon_.start(u"/usr/sbin/cupsd"_s, {u"-f"_s, u"-c"_s, path + u"/cupsd.conf"_s, u"-s"_s, path + u"/cups-files.conf"_s});
+    qputenv("CUPS_SERVER", (path + u"/sock"_s).toUtf8());
+    for (int attempt = 0; attempt < 50 && daemon_.state() != QProcess::NotRunning && !hasQueue_; ++attempt) {
+      QThread::msleep(100);
+      hasQueue_ = QProcess::execute(u"lpadmin"_s, {u"-p"_s, u"MAKBUZ"_s, u"-E"_s, u"-v"_s, u"file:/dev/null"_s, u"-m"_s, u"raw"_s}) == 0;
+    }
+  }
+  ~PrintService() {
+    daemon_.terminate();
+    daemon_.waitForFinished();
+    qunsetenv("CUPS_SERVER");
+  }
+  PrintService(const PrintService&) = delete;
+  PrintService& operator=(const PrintService&) = delete;
+
+  bool works() const { return hasQueue_; }
+  /// What the queue has received: the first job's document, and its attributes as bytes.
+  QString document() const { return folder_.filePath(u"spool/d00001-001"_s); }
+  QByteArray attributes() const {
+    QFile file(folder_.filePath(u"spool/c00001"_s));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  static QString outputOf(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    return QString::fromUtf8(process.readAllStandardOutput());
+  }
+
+ private:
+  void write(const QString& name, const QString& text) const {
+    QFile file(folder_.filePath(name));
+    if (file.open(QIODevice::WriteOnly)) file.write(text.toUtf8());
+  }
+
+  QTemporaryDir folder_;
+  QProcess daemon_;
+  bool hasQueue_ = false;
+};
+
+}  // namespace
+
+TEST_F(PrintingTest, AQueueReceivesTheDocumentAndItsCopies) {
+  if (!QFile::exists(u"/usr/sbin/cupsd"_s)) GTEST_SKIP() << "no print service on this machine";
+  PrintService service;
+  if (!service.works()) GTEST_SKIP() << "the print service does not start for this user";
+  fillRows(9);
+  const ReportPagedDocument made(laidOut(R"(<band kind="rows" data="Malzeme" height="10"><text width="60">[Malzeme.AD]</text></band>)"));
+  ASSERT_TRUE(printPages(made, {.printer = u"MAKBUZ"_s, .copies = 2, .documentName = u"Makbuz 7"_s}));
+  const QString text = PrintService::outputOf(u"pdftotext"_s, {u"-layout"_s, service.document(), u"-"_s});
+  EXPECT_THAT(text.toStdString(), testing::HasSubstr("Parça 9"));
+  EXPECT_EQ(text.count(u'\f'), 2) << "pages";
+  QByteArray attributes = service.attributes();
+  for (int attempt = 0; attempt < 50 && attributes.isEmpty(); ++attempt, attributes = service.attributes()) QThread::msleep(100);
+  EXPECT_THAT(attributes.toStdString(), testing::HasSubstr(std::string("copies\0\4\0\0\0\2", 12)));
+  EXPECT_THAT(attributes.toStdString(), testing::HasSubstr("Makbuz 7"));
+}
 
 TEST_F(PrintingTest, APrinterThatRefusesLeavesALineInTheLog) {
   const ReportPagedDocument made(laidOut("<text>x</text>"));

@@ -4,6 +4,8 @@
 #include <QDirIterator>
 #include <QFile>
 
+#include <random>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -81,4 +83,35 @@ TEST_F(TemplatesTest, ALoadedTemplateTakesThePlaceOfTheOneBeforeAndAMissingOneLe
   EXPECT_TRUE(report.hasRichText(u"Rich1"_s));
   EXPECT_THROW(report.load(folder + u"/CMakeLists.txt"_s), EReportFile);
   EXPECT_TRUE(report.hasRichText(u"Rich1"_s)) << "what cannot be read leaves what was there";
+}
+
+TEST_F(TemplatesTest, DamagedTemplatesAreReadOrRefusedAndAlwaysEnd) {
+  QFile file(QStringLiteral(KVTK_TEMPLATES) + u"/2.fr3"_s);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray whole = file.readAll();
+  const QList<QByteArray> pieces = {"\"", "<", "</band>", "[", "]]", "99999", "-1", "(((((", "Malzeme", "true", "&#0;", "\xff", " repeat=\"true\"", " newpage=\"true\"", "TOPLAM("};
+  std::mt19937 random(20260309);
+  ReportData data;
+  data.addRows(u"Malzeme"_s, std::make_shared<ListedRows>(QStringList{u"MZ_ADET"_s}, std::vector<std::vector<ReportValue>>(30, {1.0})));
+  int read = 0;
+  for (int turn = 0; turn < 1500; ++turn) {
+    QByteArray bytes = whole;
+    for (int change = 0; change < 1 + turn % 3; ++change) {
+      const auto place = qsizetype(random() % size_t(bytes.size()));
+      const QByteArray piece = pieces[qsizetype(random() % size_t(pieces.size()))];
+      if (turn % 2)
+        bytes.insert(place, piece);
+      else
+        bytes.replace(place, qsizetype(random() % 6), piece);
+    }
+    try {
+      const ReportDocument document = ReportFile::read(bytes);
+      ++read;
+      const QByteArray written = ReportFile::write(document);
+      EXPECT_EQ(ReportFile::write(ReportFile::read(written)), written);
+      layoutReport(document, data, {}, {});
+    } catch (const EReportFile&) {
+    }
+  }
+  EXPECT_GT(read, 120) << "many of the changes must reach the layout";
 }

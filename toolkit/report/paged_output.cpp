@@ -18,8 +18,11 @@ constexpr double millimetresPerInch = 25.4;
 QPageLayout layoutOf(QSizeF size) {
   // A page size is told upright; one that lies is turned.
   const bool lies = size.width() > size.height();
-  return {QPageSize(lies ? size.transposed() : size, QPageSize::Millimeter, {}, QPageSize::FuzzyMatch),
-          lies ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(), QPageLayout::Millimeter};
+  QPageLayout layout(QPageSize(lies ? size.transposed() : size, QPageSize::Millimeter, {}, QPageSize::FuzzyMatch),
+                     lies ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(), QPageLayout::Millimeter);
+  // From the paper's edge, whatever part of it the printer can reach.
+  layout.setMode(QPageLayout::FullPageMode);
+  return layout;
 }
 
 }  // namespace

@@ -31,7 +31,6 @@ void setPrinterOffset(const QString& printer, QPointF offset) {
 }
 
 bool printPagesOn(QPrinter& printer, const PagedDocument& document, PageRange range, const PageProgress& progress) {
-  printer.setFullPage(true);
   if (!paintPages(printer, document, range, printerOffset(printer.printerName()), progress)) {
     printer.abort();
     return false;
