@@ -19,9 +19,14 @@
 #include "cards/service_types.h"
 #include "contracts/contract_editor.h"
 #include "contracts/contract_list.h"
+#include "comm/fEpostaUnit.h"
+#include "comm/slip_notices.h"
+#include "comm/smsGonderUnit.h"
+#include "comm/smsUnit.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfissecUnit.h"
+#include "service/slip_hooks.h"
 #include "service/slip_windows.h"
 #include "toolkit/edits/text_edit.h"
 
@@ -53,6 +58,8 @@ class Application : public QApplication {
 void connectCommands(TfKvb& workspace) {
   workspace.connectCommand(u"dxBarLargeButton1"_s, [] { SlipWindows::openNew(); });
   workspace.connectCommand(u"dxBarLargeButton2"_s, [] { SlipWindows::choose(); });
+  workspace.connectCommand(u"smsSettings"_s, [] { fSMS->Giris(); });
+  workspace.connectCommand(u"mailSettings"_s, [] { fEPOSTA->Giris(); });
   workspace.connectCommand(u"company"_s, [] { fSirket->Giris(); });
   workspace.connectCommand(u"contracts"_s, [] { fSozlesme->Giris(); });
   workspace.connectCommand(u"dxBarButton16"_s, [] { fmusteriler->Giris(); });
@@ -95,9 +102,18 @@ void fillPorts() {
     fSirket->qSirket.Open();
     fSirket->SirketYukle();
   };
+  all.loadMessageSettings = [] {
+    if (fSMS != nullptr) fSMS->LoadParams();
+    if (fEPOSTA != nullptr) fEPOSTA->LoadParams();
+  };
+  all.openBulkSms = [](const QString& numbers) { smsYollaForm->Giris(numbers); };
   all.openServiceTypes = [] {
     if (fServisTip != nullptr) fServisTip->qServisTip.Open();
   };
+  SlipHooks& hooks = slipHooks();
+  hooks.sendIntakeSms = SlipNotices::sendIntakeSms;
+  hooks.sendCompletionSms = SlipNotices::sendCompletionSms;
+  hooks.sendCompletionMail = SlipNotices::sendCompletionMail;
 }
 
 int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
@@ -121,15 +137,18 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TfservisfisSec browser;
   TfSirket company;
   TfHatirlat reminder;
-  TfFoto photo;
   TLogin_Form login;
   Tfmusteriler customers;
   Tfcihazlar devices;
   TfDisServisler firms;
+  TfSMS smsSettings;
+  TfFoto photo;
+  TfEPOSTA mailSettings;
   TfDisServisEkle firmEditor(firms.qDisServis);
   TfSozlesme contracts;
   TfCariEkle customerEditor(customers.qCari);
   TfSozlesmeEkle contractEditor(contracts.queries());
+  TsmsYollaForm bulkSms;
   TfServisTip serviceTypes;
   TfMusteriCihaz customerDevices;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {

@@ -240,6 +240,7 @@ void TfKvb::timer1Timer() {
   ports().openServiceTypes();
   dxBarStatic1->setText(Login_Form->Kullanici->text());
   dxBarStatic2->setText(Login_Form->eSunucu->text());
+  ports().loadMessageSettings();
   applyRights();
   setStatusText(u"Hazır"_s);
 }

@@ -74,6 +74,8 @@ struct Ports {
   Port<void()> showReminders;
 
   // Communication and extras
+  /// Reads what is kept of gateways and mail into the settings screens.
+  Port<void()> loadMessageSettings;
   /// Bulk SMS with numbers in its list, parted as CardRules::joinedNumbers parts them.
   Port<void(const QString& numbers)> openBulkSms;
   Port<void(const QString& customer)> openCustomerStatistics;

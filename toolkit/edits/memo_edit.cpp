@@ -37,6 +37,16 @@ void MemoEdit::setReadOnly(bool readOnly) { text_->setReadOnly(readOnly); }
 bool MemoEdit::isReadOnly() const { return text_->isReadOnly(); }
 void MemoEdit::setCharCase(CharCase charCase) { text_->charCase = charCase; }
 void MemoEdit::setMaxLength(int characters) { text_->maxLength = characters; }
+void MemoEdit::setTakesLineBreaks(bool on) { text_->takesLineBreaks = on; }
+void MemoEdit::setTypingRule(std::function<QString(const QString&)> rule) { text_->typingRule = std::move(rule); }
+
+void MemoEdit::insertBehindSelection(const QString& text) {
+  QTextCursor cursor = text_->textCursor();
+  cursor.setPosition(cursor.selectionEnd());
+  cursor.insertText(text);
+  text_->setTextCursor(cursor);
+}
+
 int MemoEdit::maxLength() const { return text_->maxLength; }
 
 Value MemoEdit::editValue() const { return text().isEmpty() ? Value() : Value(text()); }

@@ -2,6 +2,8 @@
 
 #include "toolkit/edits/edit_frame.h"
 
+#include <functional>
+
 class EditSideButton;
 class MemoText;
 
@@ -21,6 +23,12 @@ class MemoEdit : public EditFrame {
   void setCharCase(CharCase charCase);
   void setMaxLength(int characters);
   int maxLength() const;
+  /// Off: ENTER belongs to the window's default button, and line breaks in a pasted text become blanks.
+  void setTakesLineBreaks(bool on);
+  /// What typed characters become; the empty text drops them. Nothing pasted goes through it.
+  void setTypingRule(std::function<QString(const QString& typed)> rule);
+  /// Puts text behind the selection, or at the cursor, and leaves the cursor behind it.
+  void insertBehindSelection(const QString& text);
   /// The inner widget, which takes the focus.
   QWidget* editor() const;
 

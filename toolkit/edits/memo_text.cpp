@@ -51,6 +51,10 @@ qsizetype MemoText::stayingLength() const { return document()->characterCount() 
 
 void MemoText::typeText(const QString& characters) {
   if (isReadOnly()) return;
+  if (typingRule && characters != "\n"_L1) {
+    const QString passing = typingRule(characters);
+    if (passing != characters) return insertPlainText(passing);
+  }
   const QString text = inCase(charCase, characters);
   if (fittingText(text, stayingLength(), maxLength).complaint.isEmpty())
     insertPlainText(text);
@@ -62,7 +66,9 @@ void MemoText::typeText(const QString& characters) {
 void MemoText::keyPressEvent(QKeyEvent* event) {
   guarded(this, [&] {
     const bool breaksLine = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (breaksLine) {
+    if (breaksLine && !takesLineBreaks) {
+      event->ignore();
+    } else if (breaksLine) {
       typeText(u"\n"_s);
       event->accept();
     } else if (writesText(*event)) {
@@ -91,6 +97,7 @@ void MemoText::insertFromMimeData(const QMimeData* source) {
   guarded(this, [&] {
     QString text = inCase(charCase, source->text());
     text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    if (!takesLineBreaks) text.replace(u'\n', u' ');
     if (text.isEmpty() || isReadOnly()) return;
     if (!std::all_of(text.begin(), text.end(), isKeepable))
       return showRefusal(parentWidget(), u"Yapıştırılan metin kullanılamayan karakterler içeriyor."_s);

@@ -4,6 +4,8 @@
 
 #include <QPlainTextEdit>
 
+#include <functional>
+
 /// The text area inside a memo.
 class MemoText : public QPlainTextEdit {
   Q_OBJECT
@@ -12,6 +14,8 @@ class MemoText : public QPlainTextEdit {
 
   CharCase charCase = CharCase::Normal;
   int maxLength = 0;  ///< characters, 0 unlimited
+  bool takesLineBreaks = true;
+  std::function<QString(const QString&)> typingRule;  ///< see MemoEdit::setTypingRule
 
   /// The text as it was set as long as nobody edited it, so that line ends and hard blanks stay what they were.
   QString wholeText() const;

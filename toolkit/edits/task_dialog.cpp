@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QInputDialog>
 #include <QLabel>
 #include <QPointer>
 #include <QProgressBar>
@@ -214,6 +215,16 @@ QString DialogDriver::askSaveFile(QWidget* owner, const QString& title, const QS
   return answer == replaceIt ? file : QString();
 }
 
+QString DialogDriver::askText(QWidget* owner, const QString& title, const QString& prompt) {
+  QInputDialog dialog(owner);
+  dialog.setWindowTitle(title);
+  dialog.setLabelText(prompt);
+  dialog.setOkButtonText(u"Tamam"_s);
+  dialog.setCancelButtonText(u"Vazgeç"_s);
+  dialog.resize(textWidth, dialog.sizeHint().height());
+  return dialog.exec() == QDialog::Accepted ? dialog.textValue() : QString();
+}
+
 std::unique_ptr<DialogDriver> setDialogDriver(std::unique_ptr<DialogDriver> next) { return std::exchange(driver(), std::move(next)); }
 
 int runTaskDialog(QWidget* owner, const TaskDialogRequest& request) { return activeDriver().runTaskDialog(owner, request); }
@@ -224,4 +235,13 @@ QString askOpenFile(QWidget* owner, const QString& title, const QString& filter,
 
 QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix) {
   return activeDriver().askSaveFile(owner, title, filter, suffix);
+}
+
+QString askText(QWidget* owner, const QString& title, const QString& prompt) {
+  return activeDriver().askText(owner, title, prompt);
+}
+
+void showPlainMessage(QWidget* owner, TaskIcon icon, const QString& text) {
+  constexpr int closed = 2;
+  runTaskDialog(owner, {QCoreApplication::applicationName(), {}, text, icon, {{closed, u"Tamam"_s}}, closed});
 }

@@ -36,6 +36,8 @@ class DialogDriver {
   /// user gave up.
   virtual QString askOpenFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
   virtual QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
+  /// One line of text, empty at first; empty as well when the user gave up.
+  virtual QString askText(QWidget* owner, const QString& title, const QString& prompt);
 };
 
 /// Puts another driver in place and gives back the one before; null puts the real dialogs back.
@@ -46,3 +48,6 @@ std::unique_ptr<DialogDriver> setDialogDriver(std::unique_ptr<DialogDriver> driv
 int runTaskDialog(QWidget* owner, const TaskDialogRequest& request);
 QString askOpenFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
 QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
+QString askText(QWidget* owner, const QString& title, const QString& prompt);
+/// A message of text and icon alone, with the button "Tamam".
+void showPlainMessage(QWidget* owner, TaskIcon icon, const QString& text);

@@ -1,0 +1,206 @@
+// The screens of SMS and e-mail and the slip's notices, on the real database against the simulator.
+#include "app/quendUtils.h"
+#include "base/ini_file.h"
+#include "base/program_paths.h"
+#include "comm/fEpostaUnit.h"
+#include "comm/smsGonderUnit.h"
+#include "comm/smsUnit.h"
+#include "simulator/practice.h"
+#include "simulator/simulator.h"
+#include "tests/service/slip_form_fixture.h"
+#include "tests/support/fixed_environment.h"
+#include "toolkit/edits/combo_edit.h"
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class MessageScreens : public SlipFormTest {
+ protected:
+  MessageScreens() {
+    QuendUtil->programFolder = folder.path() + u'/';
+    qputenv("KVTK_SETTINGS", folder.filePath(u"settings.ini"_s).toUtf8());
+    Practice::prepare(simulator, QuendUtil->programFolder);
+    sms.emplace();
+    mail.emplace();
+    bulk.emplace();
+    ports().loadMessageSettings();
+  }
+
+  QString kept(const QString& key) { return IniFile::read(folder.filePath(u"Sms.ini"_s), u"Sms"_s, key, u"-"_s); }
+  int heard(Service service) {
+    const auto all = simulator.requests();
+    return int(std::ranges::count(all, service, &Simulator::Request::service));
+  }
+  /// A slip with a mobile number in that status, saved; what was said goes to dialogs and into the balloon.
+  TfServisFis* savedSlip(const QString& number, const QString& status) {
+    TfServisFis* slip = filledSlip(number);
+    box(slip, u"TS_CEP"_s)->setText(u"05001112233"_s);
+    box(slip, u"TS_TURU"_s)->setText(status);
+    save(slip);
+    return slip;
+  }
+
+  ScopedEnvironment noPauses{std::make_unique<FixedEnvironment>()};
+  Simulator simulator;
+  std::optional<TfSMS> sms;
+  std::optional<TfEPOSTA> mail;
+  std::optional<TsmsYollaForm> bulk;
+};
+
+}  // namespace
+
+TEST_F(MessageScreens, SigningInShowsSendersAndBalanceOfEveryGatewayAndSavingKeepsTheChoice) {
+  simulator.setCredit(1250);
+  const QString balances[] = {u"Kontör Miktarı: 1250"_s, u"Kalan Kontör: 1250"_s, u"Kontör Miktarı: 1250"_s};
+  for (int provider = 0; provider < 3; ++provider) {
+    fSMS->servis->setItemIndex(provider);
+    fSMS->mevcutKontor->clear();
+    fSMS->SpeedButton1->click();
+    EXPECT_THAT(fSMS->sProfil->items(), testing::ElementsAre(u"TORVANE"_s, u"TEKNIK SERVIS"_s)) << provider;
+    EXPECT_EQ(fSMS->mevcutKontor->text(), balances[provider]);
+    EXPECT_TRUE(fSMS->uyariPan->isHidden());
+  }
+  EXPECT_TRUE(dialogs.texts.isEmpty());
+
+  fSMS->sProfil->setItemIndex(1);
+  fSMS->btnPost->click();
+  EXPECT_EQ(kept(u"servis"_s) + kept(u"sProfil"_s), u"2TEKNIK SERVIS"_s);
+  fSMS->LoadParams();
+  EXPECT_THAT(fSMS->sProfil->items(), testing::ElementsAre(u"TEKNIK SERVIS"_s));
+
+  simulator.behave(Service::Xml, {Mood::Refuse, u"20"_s, 0});
+  const int before = heard(Service::Xml);
+  fSMS->SpeedButton1->click();
+  EXPECT_EQ(dialogs.texts, QStringList{u"Hata Kodu: (20) Post edilen xml eksik veya hatalı."_s});
+  EXPECT_EQ(heard(Service::Xml), before + 1) << "no balance is asked behind a refusal";
+}
+
+TEST_F(MessageScreens, TemplatesTakeTheAlphabetAndMarkersAndAccountsOutliveTheForm) {
+  fSMS->smsMESAJAK->setText({});
+  fSMS->smsMESAJAK->editor()->setFocus();
+  for (const QChar key : u"aş<B "_s) QTest::sendKeyEvent(QTest::Click, fSMS->smsMESAJAK->editor(), Qt::Key_unknown, QString(key), {});
+  Q_EMIT fSMS->ParamList->itemActivated(fSMS->ParamList->item(4));
+  EXPECT_EQ(fSMS->smsMESAJAK->text(), u"aB <SERİ NO> "_s);
+  EXPECT_EQ(fSMS->SayPan->text(), u"13"_s);
+
+  fSMS->sParola->setText(u"ğ\"ü"_s);
+  sms.reset();
+  sms.emplace();
+  EXPECT_EQ(fSMS->sParola->text(), u"ğ\"ü"_s);
+  QFile::remove(folder.filePath(u"Sms.ini"_s));
+  fSMS->LoadParams();
+  EXPECT_EQ(fSMS->servis->itemIndex(), 0);
+  EXPECT_EQ(fSMS->sProfil->itemCount(), 0);
+  IniFile::write(folder.filePath(u"Sms.ini"_s), u"Sms"_s, u"servis"_s, u"9"_s);
+  fSMS->LoadParams();
+  EXPECT_EQ(fSMS->sProfil->text(), u"-1"_s);  // a file without the key shows it
+  EXPECT_EQ(fSMS->smsMESAJAK->text(), QString());
+}
+
+TEST_F(MessageScreens, OneTextGoesToManyNumbersWithTheSavedSender) {
+  bool isOpen = false;
+  QTimer::singleShot(1500, &*bulk, [&] {
+    isOpen = bulk->cxGroupBox1->isEnabled();
+    bulk->TS_TURU->setItemIndex(1);
+    bulk->smsMESAJ->editor()->setFocus();
+    for (const QChar key : u"Şçğ \"&"_s) QTest::sendKeyEvent(QTest::Click, bulk->smsMESAJ->editor(), Qt::Key_unknown, QString(key), {});
+    bulk->ALICITEL->line()->setFocus();
+    QTest::keyClick(bulk->ALICITEL->line(), Qt::Key_End);
+    for (const QChar key : u"a,5"_s) QTest::sendKeyEvent(QTest::Click, bulk->ALICITEL->line(), Qt::Key_unknown, QString(key), {});
+    QTest::keyClick(bulk->ALICITEL->line(), Qt::Key_Backspace);
+    bulk->btnPost->click();
+    if (bulk->isVisible()) bulk->reject();
+  });
+  bulk->Giris(u"05001112233,05001112244"_s);
+  EXPECT_TRUE(isOpen);
+  EXPECT_EQ(bulk->smsMESAJ->text(), u"scg "_s);
+  EXPECT_EQ(bulk->ALICITEL->text(), u"\"05001112233\",\"05001112244\",\"5\""_s);
+  EXPECT_EQ(dialogs.texts, QStringList{u"SMS Mesajı servis sağlayıcıya iletilmiştir. Id: 1001"_s});
+  EXPECT_THAT(simulator.requests().back().http.body.toStdString(),
+              testing::AllOf(testing::HasSubstr(R"("To":["05001112233","05001112244","5"])"), testing::HasSubstr(R"("From":"TORVANE")")));
+
+  fSMS->sParola->setText({});
+  bulk->Giris({});
+  EXPECT_EQ(dialogs.texts.back(), u"SMS gönderebilmek için ayarlar bölümünden sms tanımlarını yapmalısınız."_s);
+  EXPECT_FALSE(bulk->isVisible());
+}
+
+TEST_F(MessageScreens, WhatAGatewayAnswersDecidesWhetherTheSlipIsSaved) {
+  switchOn(ParameterFiles::NotifyBySms);
+  struct Case {
+    Service service;
+    Behaviour behaviour;
+    bool isSaved;
+    QStringList said;
+    QString balloon;
+  };
+  const QString done = u"Servis fiş kaydı tamamlandı."_s;
+  const QString sent = u"SMS ile bilgilendirme yapıldı."_s;
+  const QString unreachable = u"SMS Servis sağlayıcı ile bağlantı kurulamadı."_s;
+  const QString notSent = u"SMS Hatası: Gönderim yapılamadı, kontör miktarını kontrol ediniz."_s;
+  const Case cases[] = {
+      {Service::Json, {}, true, {}, sent + u" Id: 1001"_s},
+      {Service::Json, {Mood::Refuse, u"402"_s, 0}, false, {u"402 - Istek reddedildi"_s}, {}},
+      {Service::Form, {}, true, {}, sent},
+      {Service::Form, {Mood::Refuse, {}, 0}, true, {notSent}, done},
+      {Service::Form, {Mood::Cut, {}, 0}, true, {unreachable, notSent}, done},
+      {Service::Xml, {}, true, {}, sent},
+      {Service::Xml, {Mood::Refuse, u"22"_s, 0}, true, {u"SMS Hatası: (22) Kontörünüz yetersiz."_s}, done},
+      {Service::Xml, {Mood::Refuse, u"99"_s, 0}, true, {}, done},
+      {Service::Xml, {Mood::Status, u"500"_s, 0}, true, {unreachable}, done}};
+  int number = 900;
+  for (const Case& each : cases) {
+    const QString slipNumber = QString::number(++number);
+    fSMS->servis->setItemIndex(int(each.service));
+    simulator.behave(each.service, each.behaviour);
+    dialogs.texts.clear();
+    TfServisFis* slip = savedSlip(slipNumber, u"ARIZA KABUL"_s);
+    EXPECT_EQ(dialogs.texts, each.said) << number;
+    EXPECT_EQ(balloon(slip)->text(), each.balloon) << number;
+    EXPECT_EQ(rows(u"select count(*) from teknikservis where TS_NO='%1'"_s.arg(slipNumber)), each.isSaved ? u"1"_s : u"0"_s) << number;
+    EXPECT_EQ(text(slip, u"TS_CEP"_s), u"05001112233"_s);
+  }
+  fSMS->servis->setItemIndex(JsonSmsProvider);
+  simulator.behave(Service::Json, {Mood::Cut, {}, 0});
+  dialogs.texts.clear();
+  savedSlip(u"950"_s, u"ARIZA KABUL"_s);
+  ASSERT_EQ(dialogs.texts.size(), 1);
+  EXPECT_TRUE(dialogs.texts.front().startsWith(u"Error on request:\r\n"_s));
+  EXPECT_EQ(rows(u"select count(*) from teknikservis where TS_NO='950'"_s), u"1"_s);
+}
+
+TEST_F(MessageScreens, TheCustomerIsMailedWhenAnExistingSlipIsDone) {
+  switchOn(ParameterFiles::NotifyByMail);
+  TfServisFis* slip = filledSlip(u"960"_s);
+  box(slip, u"TS_EPOSTA"_s)->setText(u"ayse@ornek.example"_s);
+  box(slip, u"TS_TURU"_s)->setText(u"TAMAMLANDI"_s);
+  save(slip);
+  EXPECT_EQ(simulator.mails().size(), 0u) << "not at the first save";
+  save(slip);
+  ASSERT_EQ(simulator.mails().size(), 1u);
+  EXPECT_EQ(simulator.mails()[0].recipients, QList<QByteArray>{"ayse@ornek.example"});
+  EXPECT_TRUE(simulator.mails()[0].signedIn);
+  EXPECT_EQ(workspace.findChild<QLabel*>(u"statusText"_s)->text(), u"ayse@ornek.example adresine e-posta başarıyla gönderildi."_s);
+
+  simulator.behave(Service::Mail, {Mood::Refuse, u"alici"_s, 0});
+  save(slip);
+  box(slip, u"TS_EPOSTA"_s)->setText(u"a..b@b.co"_s);
+  save(slip);
+  fEPOSTA->eSMTPPassword->setText({});
+  box(slip, u"TS_EPOSTA"_s)->setText(u"ayse@ornek.example"_s);
+  save(slip);
+  EXPECT_EQ(dialogs.texts, (QStringList{u"E-Posta gönderiminde hata oluştu. Lütfen ayarlarınızı kontrol ediniz."_s,
+                                        uR"(Lütfen geçerli bir "Alıcı E-Posta adresi" girin.)"_s, u"Lütfen gerekli alanları doldurun."_s}));
+  EXPECT_EQ(simulator.mails().size(), 1u);
+  QFile log(logFileName());
+  ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+  const QString logged = QString::fromUtf8(log.readAll());
+  EXPECT_TRUE(logged.contains(u"SMTP e-posta gönderim hatası"_s));
+  EXPECT_FALSE(logged.contains(u"1234"_s));
+}
