@@ -29,6 +29,7 @@
 #include "service/slip_hooks.h"
 #include "service/slip_windows.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/window_place.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -122,6 +123,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   QCoreApplication::setApplicationName(u"Torvane Teknik Servis Takip"_s);
   applyLook(application, wantedColors());
   QApplication::setWindowIcon(QIcon(u":/kvtk.svg"_s));
+  keepFramesReachable(&application);
   QApplication::setQuitOnLastWindowClosed(false);  // the main window ends the program, no other one does
 
   auto splash = std::make_unique<TfAbout>();
@@ -161,6 +163,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   connectGuarded(&workspace, &TfKvb::closed, &workspace, [] { QCoreApplication::exit(0); });  // whatever else is open
   workspace.show();
   if (beforeLoop) beforeLoop();
+  // No other program's window keeps this one from starting: there is no guard by a window class, which is meant.
   const int exitCode = QApplication::exec();
   setUnhandledHandler({});
   return exitCode;

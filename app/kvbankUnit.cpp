@@ -92,13 +92,13 @@ TfKvb::~TfKvb() {
 }
 
 void TfKvb::formCreate(const QStringList& arguments) {
-  setMinimumSize(Smallest);
   const QRect desktop = screen()->availableGeometry();
+  setMinimumSize(Smallest.boundedTo(desktop.size() * SmallDesktopShare));
   const bool isSmall = LargestDefault.boundedTo(desktop.size()) == desktop.size();
   QRect place(QPoint(), isSmall ? desktop.size() * SmallDesktopShare : LargestDefault.boundedTo(desktop.size()));
   place.moveBottomRight(desktop.bottomRight());
   setGeometry(place);
-  keepFrameReachable(this);
+  keepFramesReachable(this);
 
   utilities_ = std::make_unique<TQuendUtil>(programFile());
   QuendUtil = utilities_.get();

@@ -21,6 +21,8 @@
 #include <QScrollBar>
 #include <QTableView>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 TfParametreler* fParametreler = nullptr;
@@ -133,7 +135,7 @@ QWidget* TfParametreler::buildStatuses() {
   const int width = header->sectionSize(StatusModel::Name) + header->sectionSize(StatusModel::Colour) + header->sectionSize(StatusModel::State) +
                     table->verticalScrollBar()->sizeHint().width() + 2 * table->frameWidth();
   header->setSectionResizeMode(StatusModel::Name, QHeaderView::Stretch);
-  table->setMinimumWidth(width);
+  table->setMinimumWidth(std::min(width, screen()->availableSize().width() / 2));
   table->setCurrentIndex(islemColor_->index(0, StatusModel::Colour));
   connectGuarded(table, &QTableView::clicked, this, [table](const QModelIndex& index) {
     if (index.flags().testFlag(Qt::ItemIsEditable)) table->edit(index);

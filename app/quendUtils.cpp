@@ -34,6 +34,7 @@ QString iniName(const QString& folder, const QString& name) { return folder + na
 
 }  // namespace
 
+// No browser-emulation value is written: nothing here embeds the browser that reads it, which is meant.
 TQuendUtil::TQuendUtil(const QString& programFile)
     : randomText(QString::number(environment().tickCount())), programFolder(QFileInfo(programFile).absolutePath() + u'/') {}
 

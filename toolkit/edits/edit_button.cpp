@@ -6,13 +6,16 @@
 #include <QStyle>
 #include <QStyleOption>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr double captionShare = 0.9;  ///< of the input's font size
-constexpr double smallestCaption = 5;
-constexpr double captionStep = 0.25;
+constexpr double narrowestCaption = 0.85;  ///< of its letters' width
+constexpr int captionPadding = 3;
+constexpr int captionStep = 8;  ///< captions of about the same length get the same room
 
 QColor blended(const QColor& base, const QColor& tint, double share) {
   return QColor::fromRgbF(float(base.redF() + (tint.redF() - base.redF()) * share),
@@ -50,19 +53,28 @@ void EditSideButton::setCaption(const QString& caption) {
 }
 
 QSize EditSideButton::sizeHint() const {
+  if (isLabel_) {
+    const int least = int(captionLength() * narrowestCaption) + captionPadding + 1;
+    return {least <= width_ ? width_ : (least + captionStep - 1) / captionStep * captionStep, fontMetrics().height()};
+  }
   const int content = icon().isNull() ? fontMetrics().horizontalAdvance(text()) : iconSize().width();
   return {width_ > 0 ? width_ : content + 10, fontMetrics().height()};
 }
 
-/// Captions are capitals in a narrow place: they are written a little smaller than the input, one too long smaller still.
+double EditSideButton::captionLength() const {
+  QFont font = this->font();
+  font.setPointSizeF(font.pointSizeF() * captionShare);
+  return QFontMetricsF(font).horizontalAdvance(text());
+}
+
+/// Captions are capitals in a narrow place: they are written a little smaller than the input, all in one height, and one
+/// that is too long with narrower letters.
 QFont EditSideButton::captionFont() const {
   QFont font = this->font();
   if (!isLabel_) return font;
-  const int room = width() - 3;
-  for (double size = font.pointSizeF() * captionShare; size > smallestCaption; size -= captionStep) {
-    font.setPointSizeF(size);
-    if (QFontMetricsF(font).horizontalAdvance(text()) <= room) break;
-  }
+  font.setPointSizeF(font.pointSizeF() * captionShare);
+  const double share = (width() - captionPadding) / captionLength();
+  if (share < 1) font.setStretch(std::max(1, int(share * int(QFont::Unstretched))));
   return font;
 }
 

@@ -34,6 +34,8 @@ class EditSideButton : public QToolButton {
 
  private:
   QFont captionFont() const;
+  /// Width of the caption in letters of full width.
+  double captionLength() const;
 
   bool isLabel_;
   int width_;

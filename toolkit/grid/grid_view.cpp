@@ -72,6 +72,25 @@ GridView::GridView(GridModel* model, QWidget* parent) : QTableView(parent), mode
   }
 }
 
+void GridView::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  guarded(this, [&] { keepStretchedReadable(); });
+}
+
+/// A column that takes the room that is left keeps its caption and most of its own width where there is too little; the
+/// grid scrolls then.
+void GridView::keepStretchedReadable() {
+  for (int column = 0; column < model_->columnCount(); ++column) {
+    const GridColumn& about = model_->columns()[size_t(column)];
+    if (!about.stretches || isColumnHidden(column)) continue;
+    const int others = header_->length() - header_->sectionSize(column);
+    const int least = std::max(about.width * 2 / 3, header_->sectionSizeHint(column));
+    const bool hasRoom = viewport()->width() - others >= least;
+    header_->setSectionResizeMode(column, hasRoom ? QHeaderView::Stretch : QHeaderView::Interactive);
+    if (!hasRoom) setColumnWidth(column, least);
+  }
+}
+
 void GridView::setEmptyText(const QString& text) {
   emptyText_ = text;
   viewport()->update();

@@ -54,6 +54,7 @@ class GridView : public QTableView {
   void currentLineChanged(int line);
 
  protected:
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
@@ -66,6 +67,7 @@ class GridView : public QTableView {
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
  private:
+  void keepStretchedReadable();
   bool editingKey(const QKeyEvent& press);
   bool groupKey(const QKeyEvent& press);
   bool searchKey(const QKeyEvent& press);

@@ -87,6 +87,7 @@ QMdiSubWindow* ChildWindows::add(QWidget* content) {
   windows_.append(window);
   strip_->addTab(content->windowTitle());
   strip_->show();
+  layout()->activate();  // the strip takes its room before the window asks how much there is
   connectGuarded(window, &QWidget::windowTitleChanged, this, [this, window](const QString& caption) {
     strip_->setCaption(static_cast<int>(windows_.indexOf(window)), caption);
   });

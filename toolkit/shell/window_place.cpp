@@ -55,38 +55,34 @@ QRect ontoScreen(QRect rect) {
   return rect;
 }
 
+void reachFrame(QWidget* window) {
+  if (!window->isVisible() || window->windowState() & (Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen)) return;
+  const QRect frame = window->frameGeometry();
+  const QRect client = window->geometry();
+  const QRect placed = ontoScreen(frame);
+  if (placed == frame) return;
+  window->setGeometry(placed.adjusted(client.left() - frame.left(), client.top() - frame.top(), client.right() - frame.right(),
+                                      client.bottom() - frame.bottom()));
+}
+
 class FrameKeeper : public QObject {
  public:
-  explicit FrameKeeper(QWidget* window) : QObject(window), window_(window) {
-    delay_.setSingleShot(true);
-    delay_.setInterval(FrameDelayMs);
-    connectGuarded(&delay_, &QTimer::timeout, this, [this] { place(); });
-    window->installEventFilter(this);
-  }
+  using QObject::QObject;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::Show || event->type() == QEvent::WindowStateChange) delay_.start();
-    return QObject::eventFilter(watched, event);
+    if (event->type() != QEvent::Show && event->type() != QEvent::WindowStateChange) return false;
+    auto* window = qobject_cast<QWidget*>(watched);
+    if (window == nullptr || (window->windowType() != Qt::Window && window->windowType() != Qt::Dialog)) return false;
+    QTimer::singleShot(FrameDelayMs, window, [window] { guarded(window, [window] { reachFrame(window); }); });
+    return false;
   }
-
- private:
-  void place() {
-    if (!window_->isVisible() || window_->windowState() & (Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen)) return;
-    const QRect frame = window_->frameGeometry();
-    const QRect client = window_->geometry();
-    const QRect placed = ontoScreen(frame);
-    if (placed == frame) return;
-    window_->setGeometry(placed.adjusted(client.left() - frame.left(), client.top() - frame.top(), client.right() - frame.right(),
-                                         client.bottom() - frame.bottom()));
-  }
-
-  QWidget* window_;
-  QTimer delay_;
 };
 }  // namespace
 
-void keepFrameReachable(QWidget* window) { new FrameKeeper(window); }
+void keepFramesReachable(QObject* windowOrApplication) {
+  windowOrApplication->installEventFilter(new FrameKeeper(windowOrApplication));
+}
 
 WindowPlace::WindowPlace(QString path, QString key, QString machine)
     : path_(std::move(path)), key_(std::move(key)), machine_(std::move(machine)) {}

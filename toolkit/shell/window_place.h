@@ -4,9 +4,9 @@
 
 class QWidget;
 
-/// Moves and cuts a window so that its whole frame can be reached, each time it comes up in its normal state: how wide a
-/// frame is, nobody knows before it is on the screen.
-void keepFrameReachable(QWidget* window);
+/// Moves and cuts a window, or every main window and dialog of the application, so that the whole frame can be reached, each
+/// time that it comes up in its normal state: how wide a frame is, nobody knows before it is on the screen.
+void keepFramesReachable(QObject* windowOrApplication);
 
 /// Keeps a window's size and place in a settings file, one entry per computer, and brings the window back onto a screen
 /// that exists. A missing or damaged file leaves the window as it is.
