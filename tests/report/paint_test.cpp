@@ -55,6 +55,14 @@ TEST_F(PaintTest, ThePdfHoldsItsTextAndFontsOnTheRightPages) {
   EXPECT_THROW(writePdf(made, folder_.filePath(u"yok/a.pdf"_s), {}), EInOutError);
 }
 
+TEST_F(PaintTest, FaultsAreMarkedOnTheScreenAndNotOnPaper) {
+  auto made = std::make_shared<ReportPagedDocument>(laidOut(R"(<band height="20"><text width="60">Seri: [SERI_N]</text></band>)"));
+  const QColor paper = QColor(pagePicture(*made, 0, 100, false).pixel(200, 50));
+  EXPECT_EQ(paper, QColor(Qt::white));
+  EXPECT_NE(QColor(pagePicture(*made, 0, 100, true).pixel(200, 50)), paper);
+  EXPECT_EQ(boundsOf(made->pages().pages[0].primitives.front()).left(), 10.5);
+}
+
 TEST_F(PaintTest, AWordIsFoundWhereItStands) {
   const ReportPagedDocument made(laidOut(R"(<band height="10"><text width="80" padding="0">bir istif IŞIK</text></band>)"));
   ASSERT_EQ(made.find(0, u"ışık"_s).size(), 1u);

@@ -1,5 +1,8 @@
 #include "base/program_paths.h"
 #include "tests/report/report_fixture.h"
+#include "tests/support/scripted_dialogs.h"
+#include "toolkit/edits/currency_edit.h"
+#include "toolkit/report/preview/offset_dialog.h"
 #include "toolkit/report/printing.h"
 
 #include <QDir>
@@ -7,6 +10,7 @@
 #include <QImage>
 #include <QPrinter>
 #include <QProcess>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QThread>
 
@@ -91,6 +95,26 @@ TEST_F(PrintingTest, APrinterThatRefusesLeavesALineInTheLog) {
   QFile log(logFileName());
   ASSERT_TRUE(log.open(QIODevice::ReadOnly));
   EXPECT_THAT(log.readAll().toStdString(), testing::HasSubstr("“Olmayan Yazıcı” yazdıramadı"));
+}
+
+TEST_F(PrintingTest, AnOffsetIsTypedPerPrinter) {
+  ScriptedDialogs dialogs;
+  setPrinterOffset(u"Etiket [1]"_s, {1.5, -2});
+  setPrinterOffset(u"Makbuz"_s, {});
+  OffsetDialog dialog(nullptr, {u"Makbuz"_s, u"Etiket [1]"_s}, u"Etiket [1]"_s);
+  auto* right = dialog.findChild<CurrencyEdit*>(u"right"_s);
+  auto* down = dialog.findChild<CurrencyEdit*>(u"down"_s);
+  if (const QString shots = qEnvironmentVariable("KVTK_SHOTS"); !shots.isEmpty()) dialog.grab().save(shots + u"/offset.png"_s);
+  EXPECT_EQ(right->value(), 1.5);
+  right->setValue(120);
+  dialog.findChild<QPushButton*>(u"save"_s)->click();
+  ASSERT_EQ(dialogs.shown.size(), 1u);
+  EXPECT_EQ(printerOffset(u"Etiket [1]"_s), QPointF(1.5, -2));
+  right->setValue(-0.75);
+  down->setValue(3);
+  dialog.findChild<QPushButton*>(u"save"_s)->click();
+  EXPECT_EQ(printerOffset(u"Etiket [1]"_s), QPointF(-0.75, 3));
+  EXPECT_EQ(printerOffset(u"Makbuz"_s), QPointF());
 }
 
 TEST_F(PrintingTest, EveryPrinterMovesItsPaper) {

@@ -85,11 +85,11 @@ QTransform turned(const LayoutObject& object, const QRectF& inside) {
 
 void placeBorders(const LayoutObject& object, const QRectF& rect, std::vector<Primitive>& primitives) {
   const ReportNode& node = *object.node;
-  if (const QColor fill = node.color(u"background"); fill.isValid()) primitives.push_back(BoxMark{.rect = rect, .fill = fill});
+  if (const QColor fill = node.color(u"background"); fill.isValid()) primitives.emplace_back(BoxMark{.rect = rect, .fill = fill});
   const QString& sides = node.text(u"border");
   const auto line = [&](QStringView side, QPointF from, QPointF to) {
     if (sides.contains(side))
-      primitives.push_back(StrokeMark{from, to, node.millimetres(u"borderwidth"), node.color(u"bordercolor"), Qt::SolidLine});
+      primitives.emplace_back(StrokeMark{from, to, node.millimetres(u"borderwidth"), node.color(u"bordercolor"), Qt::SolidLine});
   };
   line(u"left", rect.topLeft(), rect.bottomLeft());
   line(u"top", rect.topLeft(), rect.topRight());
@@ -136,7 +136,7 @@ void placeText(MeasuredObject& measured, const QRectF& rect, std::vector<Primiti
     const auto blanks = line.text.count(u' ');
     const double perBlank = align == u"justify" && !line.endsParagraph && blanks > 0 ? room / double(blanks) : 0;
     if (!line.text.isEmpty())
-      primitives.push_back(TextMark{.origin = transform.map(QPointF(left, top + measured.lines.ascent)),
+      primitives.emplace_back(TextMark{.origin = transform.map(QPointF(left, top + measured.lines.ascent)),
                                     .text = line.text,
                                     .font = measured.font,
                                     .color = object.color,
@@ -155,7 +155,7 @@ Qt::PenStyle penStyle(const QString& style) {
 
 void placeLine(const LayoutObject& object, const QRectF& rect, std::vector<Primitive>& primitives) {
   const bool isUpward = object.node->flag(u"upward");
-  primitives.push_back(StrokeMark{isUpward ? rect.bottomLeft() : rect.topLeft(), isUpward ? rect.topRight() : rect.bottomRight(),
+  primitives.emplace_back(StrokeMark{isUpward ? rect.bottomLeft() : rect.topLeft(), isUpward ? rect.topRight() : rect.bottomRight(),
                                   object.node->millimetres(u"linewidth"), object.color, penStyle(object.node->text(u"style"))});
 }
 
@@ -173,7 +173,7 @@ void placePicture(MeasuredObject& measured, const QRectF& rect, std::vector<Prim
     place = QRectF(rect.left() + (align == u"right" ? room : align == u"center" ? room / 2 : 0), rect.center().y() - size.height() / 2,
                    size.width(), size.height());
   }
-  primitives.push_back(PictureMark{place, object.picture});
+  primitives.emplace_back(PictureMark{place, object.picture});
 }
 
 void placeBarcode(MeasuredObject& measured, const QRectF& rect, std::vector<Primitive>& primitives) {
@@ -196,7 +196,7 @@ void placeBarcode(MeasuredObject& measured, const QRectF& rect, std::vector<Prim
     bars.setBottom(std::max(1.0, inside.height() - ascent - descent));
     const QString shown = cutText(symbol.text, object.font, inside.width());
     const double width = textWidth(shown, object.font);
-    primitives.push_back(TextMark{.origin = transform.map(QPointF((inside.width() - width) / 2, bars.bottom() + ascent)),
+    primitives.emplace_back(TextMark{.origin = transform.map(QPointF((inside.width() - width) / 2, bars.bottom() + ascent)),
                                   .text = shown,
                                   .font = object.font,
                                   .color = object.color,
@@ -211,7 +211,7 @@ void placeBarcode(MeasuredObject& measured, const QRectF& rect, std::vector<Prim
     bars = QRectF(QPointF((inside.width() - size.width()) / 2, (inside.height() - size.height()) / 2), size);
   }
   if (bars.width() / symbol.columns < leastModule) measured.notices += u"Barkodun çizgileri çok ince; kutuyu genişletin"_s;
-  primitives.push_back(BarsMark{.rect = transform.mapRect(bars),
+  primitives.emplace_back(BarsMark{.rect = transform.mapRect(bars),
                                 .columns = double(symbol.columns),
                                 .rows = double(symbol.rows),
                                 .bars = symbol.bars,
@@ -224,11 +224,11 @@ void placeCheckMark(const MeasuredObject& measured, const QRectF& rect, std::vec
   const double width = object.node->millimetres(u"linewidth");
   const double side = std::min(rect.width(), rect.height());
   const QRectF box(rect.center() - QPointF(side / 2, side / 2), QSizeF(side, side));
-  if (object.node->flag(u"frame")) primitives.push_back(BoxMark{.rect = box, .lineWidth = width, .line = object.color});
+  if (object.node->flag(u"frame")) primitives.emplace_back(BoxMark{.rect = box, .lineWidth = width, .line = object.color});
   if (measured.text.isEmpty()) return;
   const auto at = [&](double x, double y) { return box.topLeft() + QPointF(side * x, side * y); };
-  primitives.push_back(StrokeMark{at(0.2, 0.55), at(0.42, 0.78), width * 1.6, object.color, Qt::SolidLine});
-  primitives.push_back(StrokeMark{at(0.42, 0.78), at(0.82, 0.22), width * 1.6, object.color, Qt::SolidLine});
+  primitives.emplace_back(StrokeMark{at(0.2, 0.55), at(0.42, 0.78), width * 1.6, object.color, Qt::SolidLine});
+  primitives.emplace_back(StrokeMark{at(0.42, 0.78), at(0.82, 0.22), width * 1.6, object.color, Qt::SolidLine});
 }
 
 }  // namespace
@@ -289,7 +289,7 @@ void place(MeasuredObject& measured, const QRectF& rect, std::vector<Primitive>&
     case NodeKind::Text: placeText(measured, rect, primitives); break;
     case NodeKind::Line: placeLine(object, rect, primitives); break;
     case NodeKind::Rectangle:
-      primitives.push_back(BoxMark{rect, object.node->millimetres(u"radius"), object.node->millimetres(u"linewidth"), object.color,
+      primitives.emplace_back(BoxMark{rect, object.node->millimetres(u"radius"), object.node->millimetres(u"linewidth"), object.color,
                                    object.node->color(u"background"), penStyle(object.node->text(u"style"))});
       break;
     case NodeKind::Picture: placePicture(measured, rect, primitives); break;
@@ -303,5 +303,5 @@ void place(MeasuredObject& measured, const QRectF& rect, std::vector<Primitive>&
     case NodeKind::CheckMark: placeCheckMark(measured, rect, primitives); break;
     default: break;
   }
-  if (!measured.faults.isEmpty()) primitives.push_back(FaultMark{rect, object.name, measured.faults.join(u"; "_s)});
+  if (!measured.faults.isEmpty()) primitives.emplace_back(FaultMark{rect, object.name, measured.faults.join(u"; "_s)});
 }

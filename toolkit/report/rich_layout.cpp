@@ -46,7 +46,7 @@ class ParagraphLayout {
     const double scale = std::min(1.0, width_ / std::max(0.1, picture.width));
     const double room = width_ - picture.width * scale;
     const double shift = paragraph_.alignment & Qt::AlignRight ? room : paragraph_.alignment & Qt::AlignHCenter ? room / 2 : 0;
-    out_.primitives.push_back(
+    out_.primitives.emplace_back(
         PictureMark{QRectF(left_ + shift, out_.height, picture.width * scale, picture.height * scale), picture.image});
     out_.height += picture.height * scale;
   }
@@ -112,7 +112,7 @@ class ParagraphLayout {
       while (end < behind && text[end] != u'\t' && text[end] != QChar::LineSeparator) ++end;
       const QString part = text.mid(from, end - from);
       const auto blanksBefore = QStringView(text).mid(line.textStart(), from - line.textStart()).count(u' ');
-      out_.primitives.push_back(TextMark{
+      out_.primitives.emplace_back(TextMark{
           .origin = {left + (line.cursorToX(from) - line.x()) / dotsPerMillimetre + perBlank * double(blanksBefore), base},
           .text = part,
           .font = font,
@@ -129,7 +129,7 @@ class ParagraphLayout {
     const RichFormat& format = paragraph_.runs.empty() ? paragraph_.format : paragraph_.runs.front().format;
     const QFont font = layoutFont(format.font);
     const QFontMetricsF metrics(font);
-    out_.primitives.push_back(TextMark{.origin = {left_ + paragraph_.first, top + metrics.ascent() / dotsPerMillimetre},
+    out_.primitives.emplace_back(TextMark{.origin = {left_ + paragraph_.first, top + metrics.ascent() / dotsPerMillimetre},
                                        .text = paragraph_.marker,
                                        .font = font,
                                        .color = format.color,
@@ -146,7 +146,7 @@ class ParagraphLayout {
 
 void placeBorder(RichLayout& out, const QRectF& rect, const QString& sides) {
   const auto line = [&](QStringView side, QPointF from, QPointF to) {
-    if (sides.contains(side)) out.primitives.push_back(StrokeMark{.from = from, .to = to, .width = cellLine});
+    if (sides.contains(side)) out.primitives.emplace_back(StrokeMark{.from = from, .to = to, .width = cellLine});
   };
   line(u"left", rect.topLeft(), rect.bottomLeft());
   line(u"top", rect.topLeft(), rect.topRight());
@@ -166,7 +166,7 @@ void placeRow(RichLayout& out, const RichRow& row) {
   double left = row.left;
   for (size_t place = 0; place < cells.size(); ++place) {
     const QRectF rect(left, out.height, row.cells[place].width, height);
-    if (row.cells[place].background.isValid()) out.primitives.push_back(BoxMark{.rect = rect, .fill = row.cells[place].background});
+    if (row.cells[place].background.isValid()) out.primitives.emplace_back(BoxMark{.rect = rect, .fill = row.cells[place].background});
     for (Primitive& primitive : cells[place].primitives) {
       moveBy(primitive, left + cellPadding, out.height + cellPadding / 2);
       out.primitives.push_back(std::move(primitive));

@@ -3,6 +3,7 @@
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "toolkit/edits/task_dialog.h"
+#include "toolkit/report/preview/offset_dialog.h"
 #include "toolkit/report/preview/page_thumbs.h"
 #include "toolkit/report/preview/page_view.h"
 #include "toolkit/report/printing.h"
@@ -108,6 +109,7 @@ void PreviewWindow::buildToolBar() {
   };
   withCaption(addCommand(u"print"_s, u"Yazdır"_s, u"document-print"_s, QKeySequence(u"Ctrl+P"_s), [this] { print(); }));
   withCaption(addCommand(u"pdf"_s, u"PDF olarak kaydet"_s, u"document-save-as"_s, QKeySequence(u"Ctrl+S"_s), [this] { savePdf(); }));
+  addCommand(u"offset"_s, u"Yazıcı kayması"_s, u"transform-move"_s, QKeySequence(u"Ctrl+K"_s), [this] { moveOnPaper(); });
   if (request_.exportToExcel)
     withCaption(addCommand(u"excel"_s, u"Excel`e Aktar"_s, u"x-office-spreadsheet"_s, QKeySequence(u"Ctrl+E"_s), [this] {
       request_.exportToExcel(this);
@@ -242,9 +244,21 @@ void PreviewWindow::tell(const QString& instruction, const QString& text) {
                        .buttons = {{closeButton, u"Kapat"_s}}});
 }
 
+bool PreviewWindow::hasPrinter() {
+  if (!QPrinterInfo::availablePrinterNames().isEmpty()) return true;
+  tell(u"Yazıcı bulunamadı"_s, u"Bu bilgisayarda tanımlı bir yazıcı yok. Sayfaları PDF olarak kaydedebilirsiniz."_s);
+  return false;
+}
+
+void PreviewWindow::moveOnPaper() {
+  if (!hasPrinter()) return;
+  OffsetDialog dialog(this, QPrinterInfo::availablePrinterNames(),
+                      request_.printer.isEmpty() ? QPrinterInfo::defaultPrinterName() : request_.printer);
+  dialog.exec();
+}
+
 void PreviewWindow::print() {
-  if (QPrinterInfo::availablePrinterNames().isEmpty())
-    return tell(u"Yazıcı bulunamadı"_s, u"Bu bilgisayarda tanımlı bir yazıcı yok. Sayfaları PDF olarak kaydedebilirsiniz."_s);
+  if (!hasPrinter()) return;
   QPrinter printer(QPrinter::HighResolution);
   if (!request_.printer.isEmpty()) printer.setPrinterName(request_.printer);
   printer.setDocName(request_.documentName);

@@ -50,6 +50,8 @@ class PreviewWindow : public QDialog {
   void fitWidth();
   void fitPage();
   void showHit(const std::vector<QRectF>& places, int hit);
+  bool hasPrinter();
+  void moveOnPaper();
   void print();
   void savePdf();
   void tell(const QString& instruction, const QString& text);
