@@ -29,6 +29,7 @@
 #include "service/slip_hooks.h"
 #include "service/slip_windows.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/wait_panel.h"
 #include "toolkit/shell/window_place.h"
 
 #include <QApplication>
@@ -132,6 +133,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   splash->repaint();
 
   fillPorts();
+  WaitPanel waitPanel;
   // The order is fixed; the screens are destroyed the other way round.
   TfKvb workspace(QCoreApplication::arguments());
   TDM dataModule;

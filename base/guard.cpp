@@ -2,9 +2,12 @@
 
 #include "base/exceptions.h"
 
+#include <QPointer>
 #include <QTimer>
 
 #include <cstdio>
+#include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -12,6 +15,21 @@ namespace {
 UnhandledHandler& handler() {
   static UnhandledHandler instance;
   return instance;
+}
+
+struct KeptWork {
+  QPointer<QObject> context;
+  std::function<void()> work;
+};
+
+std::vector<KeptWork>& keptWorks() {
+  static std::vector<KeptWork> works;
+  return works;
+}
+
+int& pauses() {
+  static int count = 0;
+  return count;
 }
 
 void deliver(QObject* sender, const std::exception& error) {
@@ -43,5 +61,24 @@ void reportUnhandled(QObject* sender) noexcept {
 }
 
 void postGuarded(QObject* context, std::function<void()> work, int delayMs) {
-  QTimer::singleShot(delayMs, context, [context, work = std::move(work)] { guarded(context, work); });
+  QTimer::singleShot(delayMs, context, [context, work = std::move(work)] { guardedOrKept(context, work); });
 }
+
+void guardedOrKept(QObject* context, std::function<void()> work) {
+  if (GuardedPause::isOn())
+    GuardedPause::keep(context, std::move(work));
+  else
+    guarded(context, work);
+}
+
+GuardedPause::GuardedPause() { ++pauses(); }
+
+GuardedPause::~GuardedPause() {
+  if (--pauses() > 0) return;
+  for (KeptWork& kept : std::exchange(keptWorks(), {}))
+    if (kept.context) postGuarded(kept.context, std::move(kept.work));
+}
+
+bool GuardedPause::isOn() { return pauses() > 0; }
+
+void GuardedPause::keep(QObject* context, std::function<void()> work) { keptWorks().push_back({context, std::move(work)}); }

@@ -3,6 +3,8 @@
 #include <QObject>
 
 #include <functional>
+#include <memory>
+#include <tuple>
 #include <utility>
 
 /// The one handler for what nobody caught. sender is whose event failed (may be null); error is never null.
@@ -24,16 +26,49 @@ void guarded(QObject* sender, Work&& work) noexcept {
   }
 }
 
+/// While one lives, events may be handled in the middle of other work, such as waiting for the server: slots connected by
+/// connectGuarded and works posted by postGuarded are kept, and run in their order from the event loop when it ends.
+class GuardedPause {
+ public:
+  GuardedPause();
+  ~GuardedPause();
+  GuardedPause(const GuardedPause&) = delete;
+  GuardedPause& operator=(const GuardedPause&) = delete;
+
+  static bool isOn();
+  /// Keeps a work for the pause's end; it runs guarded, while context lives. Only while a pause is on.
+  static void keep(QObject* context, std::function<void()> work);
+};
+
+/// Runs what an event handler has to do: guarded, at once or after the pause that is on.
+void guardedOrKept(QObject* context, std::function<void()> work);
+
 /// connect() for every slot of the program: the work runs guarded and only while context lives.
 template <class Sender, class Signal, class Work>
 QMetaObject::Connection connectGuarded(Sender* sender, Signal signal, QObject* context, Work work) {
-  return QObject::connect(sender, signal, context, [sender, work = std::move(work)](auto&&... args) mutable {
-    guarded(sender, [&] {
-      if constexpr (requires { work(std::forward<decltype(args)>(args)...); })
-        work(std::forward<decltype(args)>(args)...);
+  struct Slot {
+    Work work;
+    bool isKept = false;
+  };
+  auto slot = std::make_shared<Slot>(Slot{std::move(work)});
+  return QObject::connect(sender, signal, context, [sender, context, slot = std::move(slot)](auto&&... args) {
+    if constexpr (requires { slot->work(std::forward<decltype(args)>(args)...); } && sizeof...(args) > 0) {
+      if (GuardedPause::isOn())
+        GuardedPause::keep(context, [slot, kept = std::tuple<std::decay_t<decltype(args)>...>(args...)]() mutable {
+          std::apply([&](auto&... each) { slot->work(std::move(each)...); }, kept);
+        });
       else
-        work();
-    });
+        guarded(sender, [&] { slot->work(std::forward<decltype(args)>(args)...); });
+    } else if (GuardedPause::isOn()) {
+      // A timer's ticks are one, however often it ticked.
+      if (!std::exchange(slot->isKept, true))
+        GuardedPause::keep(context, [slot] {
+          slot->isKept = false;
+          slot->work();
+        });
+    } else {
+      guarded(sender, [&] { slot->work(); });
+    }
   });
 }
 

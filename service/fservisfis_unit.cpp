@@ -229,10 +229,10 @@ void TfServisFis::closeWindow() {
 
 bool TfServisFis::event(QEvent* event) {
   if (event->type() != SlipSavedMessage::eventType()) return QWidget::event(event);
-  guarded(this, [&] {
+  guardedOrKept(this, [this, id = static_cast<SlipSavedMessage*>(event)->id()] {
     if (closed_) return;
     if (qSeri.Active()) qSeri.Refresh();
-    Edit(static_cast<SlipSavedMessage*>(event)->id());
+    Edit(id);
   });
   return true;
 }

@@ -1,17 +1,21 @@
 #include "base/data/my_connection.h"
 
 #include "base/data/latin5.h"
+#include "base/data/server_wait.h"
 #include "base/exceptions.h"
 
 #include <errmsg.h>
 #include <mysql.h>
+
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 /// One behaviour on every server: nothing strict, zero dates allowed, GROUP BY as written.
-constexpr auto sessionSetup = "SET SESSION sql_mode='NO_ENGINE_SUBSTITUTION'";
+/// What another workstation has locked is waited for ten seconds.
+constexpr auto sessionSetup = "SET SESSION sql_mode='NO_ENGINE_SUBSTITUTION', innodb_lock_wait_timeout=10, lock_wait_timeout=10";
 /// Under the servers' own level two users who save different slips at one moment lock the gaps between their rows and hinder
 /// each other.
 constexpr auto isolationSetup = "SET SESSION TRANSACTION ISOLATION LEVEL READ COMMITTED";
@@ -62,13 +66,17 @@ void TMyConnection::Connect() {
   mysql_options(handle_, MYSQL_OPT_LOCAL_INFILE, &off);
   mysql_options(handle_, MYSQL_OPT_RECONNECT, &no);
   mysql_options(handle_, MYSQL_OPT_PROTOCOL, &protocol);
+  mysql_options(handle_, MYSQL_OPT_NONBLOCK, nullptr);
   mysql_options(handle_, MYSQL_INIT_COMMAND, sessionSetup);
   mysql_options(handle_, MYSQL_INIT_COMMAND, isolationSetup);
 
   try {
-    if (mysql_real_connect(handle_, server.constData(), user.constData(), password.constData(), database.constData(), Port, nullptr,
-                           CLIENT_FOUND_ROWS | CLIENT_MULTI_STATEMENTS) == nullptr)
-      raise({}, {});
+    MYSQL* connected = nullptr;
+    ServerWait(handle_).finish(
+        mysql_real_connect_start(&connected, handle_, server.constData(), user.constData(), password.constData(),
+                                 database.constData(), Port, nullptr, CLIENT_FOUND_ROWS | CLIENT_MULTI_STATEMENTS),
+        [&](int events) { return mysql_real_connect_cont(&connected, handle_, events); });
+    if (connected == nullptr) raise({}, {});
     const ExecutionResult limit = execute("SELECT @@max_allowed_packet");
     packetLimit_ = QByteArray(mysql_fetch_row(limit.rows.get())[0]).toULongLong();
   } catch (...) {
@@ -100,17 +108,27 @@ ExecutionResult TMyConnection::execute(const QByteArray& statements, const QStri
   if (packetLimit_ != 0 && quint64(statements.size()) + 1 >= packetLimit_)
     throw EUnstorableValue(u"Kaydedilecek bilgi çok büyük: en fazla %1 MB gönderilebilir."_s.arg(packetLimit_ >> 20), queryName);
   ++roundTrips_;
-  if (mysql_real_query(handle_, statements.constData(), ulong(statements.size())) != 0) raise(queryName, queryText);
+  const QScopedValueRollback busy(busy_, true);
+  ServerWait wait(handle_);
+  int failed = 0;
+  wait.finish(mysql_real_query_start(&failed, handle_, statements.constData(), ulong(statements.size())),
+              [&](int events) { return mysql_real_query_cont(&failed, handle_, events); });
+  if (failed != 0) raise(queryName, queryText);
 
   ExecutionResult result;
   for (bool first = true;; first = false) {
-    ResultPtr rows(mysql_store_result(handle_));
+    MYSQL_RES* stored = nullptr;
+    if (mysql_field_count(handle_) != 0)
+      wait.finish(mysql_store_result_start(&stored, handle_), [&](int events) { return mysql_store_result_cont(&stored, handle_, events); });
+    ResultPtr rows(stored);
     // The field count is gone with a connection that was lost while the rows came.
     if (!rows && (mysql_errno(handle_) != 0 || mysql_field_count(handle_) != 0)) raise(queryName, queryText);
     if (first && !rows) result.foundRows = mysql_affected_rows(handle_);
     if (rows && !result.rows) result.rows = std::move(rows);
     if (const quint64 id = mysql_insert_id(handle_); id != 0) result.lastInsertId = id;
-    const int next = mysql_next_result(handle_);
+    int next = -1;
+    if (mysql_more_results(handle_))
+      wait.finish(mysql_next_result_start(&next, handle_), [&](int events) { return mysql_next_result_cont(&next, handle_, events); });
     if (next < 0) return result;
     if (next > 0) raise(queryName, queryText);
   }
@@ -126,6 +144,7 @@ QByteArray TMyConnection::quoted(const QByteArray& bytes) const {
 
 void TMyConnection::requireOpen(const QString& queryName, const QString& queryText) const {
   if (handle_ == nullptr) throw EDatabaseError(u"Veritabanı bağlantısı açık değil."_s, queryName, queryText);
+  if (busy_) throw EDatabaseError(u"Sunucu önceki işleme henüz yanıt vermedi."_s, queryName, queryText);
 }
 
 void TMyConnection::raise(const QString& queryName, const QString& queryText) {

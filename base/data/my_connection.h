@@ -23,7 +23,8 @@ struct ExecutionResult {
 };
 
 /// The one connection to the server. Character set latin5, no reconnect, no replay: a lost connection raises EMyError
-/// on the next statement, and the object stays usable for Close and Connect. One thread only.
+/// on the next statement, and the object stays usable for Close and Connect. One thread only. While a call waits for the server
+/// the observer of server_wait.h goes on; a statement that anybody runs meanwhile raises EDatabaseError.
 class TMyConnection {
  public:
   TMyConnection();
@@ -70,6 +71,7 @@ class TMyConnection {
   quint64 roundTrips_ = 0;
   quint64 packetLimit_ = 0;
   bool lost_ = false;
+  bool busy_ = false;  ///< with a statement
 };
 
 /// Starts a transaction unless one is open, and rolls back at its end unless committed. A transaction that was open

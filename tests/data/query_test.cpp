@@ -1,3 +1,4 @@
+#include "base/data/server_wait.h"
 #include "tests/data/query_fixture.h"
 
 #include <cmath>
@@ -70,7 +71,7 @@ TEST_F(QueryTest, WhatTheColumnCannotHoldIsRefusedBeforeSending) {
                      {"NOTU", QString(u"ok 🙂"_s)}};
   for (const auto& row : cases) {
     const auto error = raised<EUnstorableValue>([&] { query.FieldByName(QString::fromLatin1(row.field)).set(row.value); });
-    EXPECT_EQ(error->field(), QString::fromLatin1(row.field));
+    EXPECT_EQ(error.field(), QString::fromLatin1(row.field));
   }
   query.ParamByName(u"ID"_s) = u"д"_s;
   query.Cancel();
@@ -107,8 +108,8 @@ TEST_F(QueryTest, OfTwoWritersWithinOneSecondOneLoses) {
   other.FieldByName(u"TUTAR"_s).set(5.0);
   query.Post();
   const auto error = raised<EDatabaseError>([&] { other.Post(); });
-  EXPECT_EQ(error->className(), u"EDatabaseError"_s);
-  EXPECT_EQ(error->message(), u"Update failed. Found 0 records"_s);
+  EXPECT_EQ(error.className(), u"EDatabaseError"_s);
+  EXPECT_EQ(error.message(), u"Update failed. Found 0 records"_s);
   EXPECT_EQ(other.state(), QueryState::Edit);
   other.Cancel();
   other.RefreshRecord();
@@ -127,12 +128,12 @@ TEST_F(QueryTest, ARowThatIsGoneIsTold) {
   openRow(query, id);
   run("DELETE FROM deneme");
   const auto refresh = raised<EDatabaseError>([&] { query.RefreshRecord(); });
-  EXPECT_EQ(refresh->message(), u"Refresh failed. Found 0 records"_s);
-  EXPECT_EQ(refresh->className(), u"EDatabaseError"_s);
-  EXPECT_EQ(refresh->queryName(), u"qDeneme"_s);
+  EXPECT_EQ(refresh.message(), u"Refresh failed. Found 0 records"_s);
+  EXPECT_EQ(refresh.className(), u"EDatabaseError"_s);
+  EXPECT_EQ(refresh.queryName(), u"qDeneme"_s);
   query.Edit();
   query.FieldByName(u"AD"_s).set(u"y"_s);
-  EXPECT_EQ(raised<EDatabaseError>([&] { query.Post(); })->message(), u"Update failed. Found 0 records"_s);
+  EXPECT_EQ(raised<EDatabaseError>([&] { query.Post(); }).message(), u"Update failed. Found 0 records"_s);
 }
 
 TEST_F(QueryTest, DuplicateKeysReadAlikeAndKeepTheRowInInsert) {
@@ -140,9 +141,9 @@ TEST_F(QueryTest, DuplicateKeysReadAlikeAndKeepTheRowInInsert) {
   query.Insert();
   query.FieldByName(u"NO"_s).set(u"100"_s);
   const auto error = raised<EMyError>([&] { query.Post(); });
-  EXPECT_EQ(error->message(), u"#23000Duplicate entry '100' for key 'DN_NO'"_s);
-  EXPECT_EQ(error->code(), 1062U);
-  EXPECT_FALSE(error->queryText().isEmpty());
+  EXPECT_EQ(error.message(), u"#23000Duplicate entry '100' for key 'DN_NO'"_s);
+  EXPECT_EQ(error.code(), 1062U);
+  EXPECT_FALSE(error.queryText().isEmpty());
   EXPECT_EQ(query.state(), QueryState::Insert);
   query.FieldByName(u"NO"_s).set(u"101"_s);
   query.Post();
@@ -176,7 +177,7 @@ TEST_F(QueryTest, WhatIsLargerThanThePacketLimitIsRefusedAndTheConnectionStays) 
   openRow(query, id);
   query.Edit();
   query.FieldByName(u"RESIM"_s).set(QByteArray(70 << 20, 'x'));
-  EXPECT_TRUE(raised<EUnstorableValue>([&] { query.Post(); })->message().contains(u"MB"_s));
+  EXPECT_TRUE(raised<EUnstorableValue>([&] { query.Post(); }).message().contains(u"MB"_s));
   query.FieldByName(u"RESIM"_s).set(QByteArray(20 << 20, 'x'));
   query.Post();
   EXPECT_EQ(scalar(u"select length(RESIM) from deneme"_s), QString::number(20 << 20));
@@ -189,7 +190,7 @@ TEST_F(QueryTest, DeleteRunsTheStatementGivenForIt) {
   query.SQLDelete.Add(u"DELETE FROM deneme"_s);
   query.SQLDelete.Add(u"WHERE"_s);
   query.SQLDelete.Add(u"  ID = :Old_ID + YOK"_s);
-  EXPECT_EQ(raised<EMyError>([&] { query.Delete(); })->queryText(), query.SQLDelete.text()) << "what failed, not what was read";
+  EXPECT_EQ(raised<EMyError>([&] { query.Delete(); }).queryText(), query.SQLDelete.text()) << "what failed, not what was read";
   query.SQLDelete.setText(u"DELETE FROM deneme WHERE ID = :Old_ID"_s);
   query.Delete();
   EXPECT_TRUE(query.IsEmpty());
@@ -269,7 +270,7 @@ TEST_F(QueryTest, TwoStatementsRunInOneExecutionAndAnErrorInEitherIsRaised) {
   EXPECT_EQ(connection.roundTrips(), before + 1);
   EXPECT_EQ(scalar(u"select concat(NO, hex(RESIM)) from deneme"_s), u"2FFD8FF00275C22"_s);
   scratch.SQL.setText(u"select 1; select * from yok"_s);
-  EXPECT_EQ(raised<EMyError>([&] { scratch.Open(); })->code(), 1146U);
+  EXPECT_EQ(raised<EMyError>([&] { scratch.Open(); }).code(), 1146U);
   EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"1"_s) << "the connection is usable afterwards";
 }
 
@@ -299,6 +300,53 @@ TEST_F(QueryTest, AGuardRollsBackWhatIsNotCommitted) {
     guard.commit();
   }
   EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"1"_s);
+  // One that is begun inside a transaction takes that over: begun anew, the server would commit what stands in it.
+  connection.StartTransaction();
+  run("INSERT INTO deneme (NO) VALUES ('2')");
+  { TransactionGuard guard(connection); }
+  EXPECT_FALSE(connection.InTransaction());
+  EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"1"_s);
+}
+
+TEST_F(QueryTest, AnInsertReadsItsVersionBack) {
+  insertRow(u"1"_s, u"first"_s);
+  database.secondConnection().execute("UPDATE deneme SET AD = 'other'");
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"second"_s);
+  EXPECT_EQ(raised<EDatabaseError>([this] { query.Post(); }).message(), u"Update failed. Found 0 records"_s);
+}
+
+TEST_F(QueryTest, ALockedRowIsWaitedForWithAnObserver) {
+  struct : WaitObserver {
+    void waitBegins() override { told += u'<'; }
+    void waiting() override { ++turns; if (work) work(); }
+    void waitEnds() override { told += u'>'; }
+    QString told;
+    int turns = 0;
+    std::function<void()> work;
+  } observer;
+  const std::unique_ptr<WaitObserver, void (*)(WaitObserver*)> placed(setWaitObserver(&observer), [](WaitObserver* before) { setWaitObserver(before); });
+  openRow(query, insertRow(u"1"_s, u"first"_s));
+  EXPECT_EQ(scalar(u"select concat(@@innodb_lock_wait_timeout, @@lock_wait_timeout)"_s) + observer.told, u"1010"_s);
+  TMyConnection& other = database.secondConnection();
+  other.StartTransaction();
+  other.execute("UPDATE deneme SET AD = 'other'");
+
+  run("SET SESSION innodb_lock_wait_timeout = 1");
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"second"_s);
+  QString refused;
+  observer.work = [&] { refused = raised<EDatabaseError>([this] { run("SELECT 1"); }).className(); };
+  EXPECT_EQ(raised<EMyError>([this] { query.Post(); }).code(), 1205U);
+  EXPECT_EQ(observer.told, u"<>"_s);
+  EXPECT_GE(observer.turns, 20);
+  EXPECT_EQ(refused, u"EDatabaseError"_s) << "a statement within the wait of another";
+  EXPECT_EQ(query.state(), QueryState::Edit);
+
+  // Let go within the time, the row is written at once.
+  observer.work = [&] { if (other.InTransaction()) other.Rollback(); };
+  query.Post();
+  EXPECT_EQ(scalar(u"select AD from deneme"_s), u"second"_s);
 }
 
 TEST_F(QueryTest, ALostConnectionRaisesAndKeepsTheRowInEdit) {
@@ -311,7 +359,7 @@ TEST_F(QueryTest, ALostConnectionRaisesAndKeepsTheRowInEdit) {
     TransactionGuard guard(connection);
     database.secondConnection().execute("KILL " + own.toLatin1());
     const auto error = raised<EMyError>([&] { query.Post(); });
-    EXPECT_TRUE(error->code() == 2006 || error->code() == 2013) << error->code();
+    EXPECT_TRUE(error.code() == 2006 || error.code() == 2013) << error.code();
   }
   EXPECT_FALSE(connection.InTransaction());
   EXPECT_EQ(query.state(), QueryState::Edit);
@@ -359,5 +407,5 @@ TEST_F(QueryTest, TheVersionIsReadBackEvenWhileItIsNotChecked) {
   run("UPDATE deneme SET AD = 'other'");
   query.Edit();
   query.FieldByName(u"AD"_s).set(u"fourth"_s);
-  EXPECT_EQ(raised<EDatabaseError>([this] { query.Post(); })->message(), u"Update failed. Found 0 records"_s);
+  EXPECT_EQ(raised<EDatabaseError>([this] { query.Post(); }).message(), u"Update failed. Found 0 records"_s);
 }

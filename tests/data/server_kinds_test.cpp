@@ -31,7 +31,7 @@ TEST_F(QueryTest, TheOtherServersDuplicateMessagesReadAlike) {
   for (const auto& row : cases) {
     signal.SQL.setText(u"SIGNAL SQLSTATE '23000' SET MYSQL_ERRNO=%1, MESSAGE_TEXT=:METIN"_s.arg(row.code));
     signal.ParamByName(u"METIN"_s) = row.sent;
-    EXPECT_EQ(raised<EMyError>([&] { signal.Execute(); })->message().toStdString(), (u"#23000"_s + row.shown).toStdString());
+    EXPECT_EQ(raised<EMyError>([&] { signal.Execute(); }).message().toStdString(), (u"#23000"_s + row.shown).toStdString());
   }
 }
 

@@ -1,5 +1,6 @@
 #include "service/slip_fields.h"
 #include "tests/service/slip_form_fixture.h"
+#include "toolkit/shell/wait_panel.h"
 
 #include <QClipboard>
 
@@ -238,4 +239,55 @@ TEST_F(SlipFormTest, ConnectionLostInASaveIsSilentAndKeepsTheScreen) {
   DM->MySQL.Connect();
   save(slip);
   EXPECT_EQ(rows(u"select TS_NO, MZ_PARCA_ADI from teknikservis, malzeme where TS_NO_REF = TS_ID"_s), u"100|MOTOR"_s);
+}
+
+TEST_F(SlipFormTest, ALockedSlipIsWaitedForInAPaintedWindow) {
+  WaitPanel waitPanel;
+  TfServisFis* slip = filledSlip(u"100"_s);
+  save(slip);
+  QCoreApplication::processEvents();
+  balloon(slip)->hide();
+  enter(slip, u"TS_ACIKLAMA"_s, u"BENİM"_s);
+  DM->MySQL.execute("SET SESSION innodb_lock_wait_timeout = 2");
+  database.secondConnection().StartTransaction();
+  database.secondConnection().execute("UPDATE teknikservis SET TS_ACIKLAMA = 'ONUN'");
+
+  struct : QObject {
+    bool eventFilter(QObject*, QEvent* event) override {
+      paintings += event->type() == QEvent::Paint ? 1 : 0;
+      return false;
+    }
+    int paintings = 0;
+  } watcher;
+  slip->installEventFilter(&watcher);
+  QTimer bare;
+  bool isTold = false;
+  QObject::connect(&bare, &QTimer::timeout, slip, [&] {
+    slip->update();
+    isTold = isTold || workspace.findChild<QWidget*>(u"ServerWait"_s) != nullptr;
+  });
+  bare.start(20);
+  int ticks = 0;
+  int posted = 0;
+  QTimer tick;
+  connectGuarded(&tick, &QTimer::timeout, slip, [&] { ++ticks; });
+  tick.start(20);
+  postGuarded(slip, [&] { ++posted; });
+  save(slip);
+  bare.stop();
+  tick.stop();
+  EXPECT_GT(watcher.paintings, 20);
+  EXPECT_TRUE(isTold);
+  EXPECT_EQ(workspace.findChild<QWidget*>(u"ServerWait"_s), nullptr);
+  EXPECT_EQ(ticks + posted, 0) << "the program's own works wait as well";
+  QCoreApplication::processEvents();
+  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(posted, 1);
+  EXPECT_EQ(balloon(slip)->text(), QString());
+  EXPECT_TRUE(dialogs.texts.isEmpty());
+  EXPECT_EQ(text(slip, u"TS_ACIKLAMA"_s), u"BENİM"_s);
+
+  database.secondConnection().Rollback();
+  save(slip);
+  EXPECT_EQ(rows(u"select TS_ACIKLAMA from teknikservis"_s), u"BENİM"_s);
 }
