@@ -1,6 +1,7 @@
 #include "app/kvbankUnit.h"
 
 #include "app/about_box.h"
+#include "app/call_listener.h"
 #include "app/dmUnit.h"
 #include "base/environment.h"
 #include "base/guard.h"
@@ -20,6 +21,7 @@
 #include "toolkit/shell/child_tab_strip.h"
 #include "toolkit/shell/child_windows.h"
 #include "toolkit/shell/key_state_panel.h"
+#include "toolkit/shell/passing_notice.h"
 #include "toolkit/shell/ribbon.h"
 #include "toolkit/shell/window_place.h"
 
@@ -27,6 +29,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QIcon>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -64,6 +67,7 @@ WindowPlace formSize1() { return {u"./KvbFORM.INI"_s, u"fKvb"_s, QuendUtil->Bilg
 
 TfKvb::TfKvb(const QStringList& arguments)
     : Timer1(new QTimer(this)),
+      UDPCallerID(new CallListener([this](const CallerText::Notice& call) { UDPCallerIDUDPRead(call.title, call.body); }, this)),
       ribbon_(new Ribbon(u"Teknik Servis Menü"_s, this)),
       children_(new ChildWindows(this)) {
   fKvb = this;
@@ -81,6 +85,10 @@ TfKvb::TfKvb(const QStringList& arguments)
   buildStatusBar();
   connectCommands();
   addTrayIcon();
+  callNotice_ = new PassingNotice(this, RzTrayIcon1);
+  connectGuarded(callNotice_, &PassingNotice::passed, this, [this] {
+    if (RzTrayIcon1 != nullptr) RzTrayIcon1->setIcon(QApplication::windowIcon());
+  });
   connectGuarded(Timer1, &QTimer::timeout, this, [this] { timer1Timer(); });
   formCreate(arguments);
   children_->setFocus();  // not to the first button of the ribbon, which Space would press
@@ -185,6 +193,13 @@ void TfKvb::addTrayIcon() {
   RzTrayIcon1->show();
 }
 
+void TfKvb::UDPCallerIDUDPRead(const QString& title, const QString& body) {
+  constexpr int shownMs = 10000;
+  if (RzTrayIcon1 != nullptr) RzTrayIcon1->setIcon(QIcon::fromTheme(u"call-start"_s, QApplication::windowIcon()));
+  callNotice_->show(title, body, shownMs);
+  ports().refreshCalls();
+}
+
 QMdiSubWindow* TfKvb::addChildWindow(QWidget* editor) { return children_->add(editor); }
 
 void TfKvb::setChildCaption(QWidget* editor, const QString& caption) { children_->setCaption(editor, caption); }
@@ -243,6 +258,7 @@ void TfKvb::timer1Timer() {
   ports().loadMessageSettings();
   applyRights();
   setStatusText(u"Hazır"_s);
+  UDPCallerID->start();
 }
 
 /// Enables what the account may open; the commands stay in their places.

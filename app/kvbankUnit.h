@@ -9,7 +9,9 @@
 #include <functional>
 #include <memory>
 
+class CallListener;
 class ChildWindows;
+class PassingNotice;
 class QLabel;
 class QMdiSubWindow;
 class QSystemTrayIcon;
@@ -27,6 +29,7 @@ class TfKvb : public QMainWindow {
 
   QTimer* Timer1;                          ///< starts the start sequence once, 50 ms after the window is shown
   QSystemTrayIcon* RzTrayIcon1 = nullptr;  ///< null where the system has no tray
+  CallListener* UDPCallerID;               ///< hears of incoming calls once the start sequence is through
   QLabel* dxBarStatic1 = nullptr;          ///< user name
   QLabel* dxBarStatic2 = nullptr;          ///< server name
 
@@ -45,6 +48,9 @@ class TfKvb : public QMainWindow {
   QAction* command(const QString& objectName) const { return commands_.value(objectName); }
   void setStatusText(const QString& text);
 
+  /// Shows a call for ten seconds and has the list of calls read anew.
+  void UDPCallerIDUDPRead(const QString& title, const QString& body);
+  PassingNotice* callNotice() { return callNotice_; }
   /// Says what a command of the ribbon does, which enables it; one that needs a right waits for the end of the start
   /// sequence, which checks it. A command of which nobody says it stays disabled. Throws Exception with the name when there
   /// is no such command.
@@ -75,6 +81,7 @@ class TfKvb : public QMainWindow {
   Ribbon* ribbon_;
   ChildWindows* children_;
   QLabel* statusText_ = nullptr;
+  PassingNotice* callNotice_ = nullptr;
   WorkspaceCommands commands_;
   QSet<QString> connected_;  ///< commands that do something, menus among them
   QSet<QString> refused_;    ///< commands without their right

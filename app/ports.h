@@ -78,6 +78,8 @@ struct Ports {
   Port<void()> loadMessageSettings;
   /// Bulk SMS with numbers in its list, parted as CardRules::joinedNumbers parts them.
   Port<void(const QString& numbers)> openBulkSms;
+  /// A call came in: the list of calls, where it is on the screen, reads them anew.
+  Port<void()> refreshCalls;
   Port<void(const QString& customer)> openCustomerStatistics;
   Port<void(const QString& serial)> openSerialStatistics;
 };

@@ -14,8 +14,7 @@ QByteArray TelephoneMonitor::datagram(const QDateTime& moment, int line, const Q
   return text.toUtf8();
 }
 
-void TelephoneMonitor::announce(const QByteArray& datagram) {
-  constexpr quint16 port = 8903;
+void TelephoneMonitor::announce(const QByteArray& datagram, quint16 port) {
   QUdpSocket().writeDatagram(datagram, QHostAddress(QHostAddress::LocalHost), port);
 }
 

@@ -15,6 +15,6 @@ QByteArray datagram(const QDateTime& moment, int line, const QString& number, co
 /// computer. Throws EMyError.
 void ring(TMyConnection& connection, int line, const QString& number);
 
-void announce(const QByteArray& datagram);
+void announce(const QByteArray& datagram, quint16 port = 8903);
 
 }  // namespace TelephoneMonitor
