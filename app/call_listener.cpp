@@ -29,6 +29,13 @@ CallListener::CallListener(std::function<void(const CallerText::Notice&)> called
 
 CallListener::~CallListener() = default;
 
+quint16 CallListener::usualPort() {
+  constexpr quint16 monitors = 8903;
+  bool isNumber = false;
+  const quint16 port = qEnvironmentVariable("KVTK_CALL_PORT").toUShort(&isNumber);
+  return isNumber ? port : monitors;
+}
+
 void CallListener::start(quint16 port) {
   socket_ = std::make_unique<QUdpSocket>();
   connectGuarded(socket_.get(), &QUdpSocket::readyRead, this, [this] { hear(); });

@@ -13,14 +13,15 @@ class QUdpSocket;
 /// in while one is being told, and shortly after, the last one, so that any number of them leaves the screen usable.
 class CallListener : public QObject {
  public:
-  static constexpr quint16 usualPort = 8903;
+  /// Port of the monitors; KVTK_CALL_PORT names another one, 0 any that is free, where several programs run on one computer.
+  static quint16 usualPort();
 
   /// called gets each call that is told, on this object's thread, guarded.
   CallListener(std::function<void(const CallerText::Notice&)> called, QObject* parent);
   ~CallListener() override;
 
   /// Throws ENetworkError when the port cannot be had.
-  void start(quint16 port = usualPort);
+  void start(quint16 port = usualPort());
 
  private:
   void hear();

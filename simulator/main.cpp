@@ -11,6 +11,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFile>
+#include <QProcess>
 
 #include <cstdio>
 #include <thread>
@@ -47,7 +48,13 @@ int play(const QCommandLineParser& arguments) {
     if (!logFile.isEmpty()) LogFile::append(logFile, line + u"\r\n"_s);
   };
   Simulator simulator(options);
-  if (arguments.isSet(u"prepare"_s)) Practice::prepare(simulator, arguments.value(u"prepare"_s) + u'/');
+  QProcess program;
+  if (const QString folder = arguments.value(u"open"_s); !folder.isEmpty()) {
+    Practice::prepare(simulator, folder + u'/');
+    program.setWorkingDirectory(folder);
+    connectGuarded(&program, &QProcess::finished, &program, [] { QCoreApplication::quit(); });
+    program.start(folder + u"/kvtk"_s, QStringList());
+  }
   print(u"Benzetim hazır. Komutlar için: yardim"_s);
 
   QObject here;
@@ -84,7 +91,7 @@ int main(int argc, char** argv) {
   arguments.addOption({u"port"_s, u"first of five ports; 0 takes free ones"_s, u"port"_s, u"0"_s});
   arguments.addOption({u"database"_s, u"server that calls are written to"_s, u"host"_s, u"127.0.0.1"_s});
   arguments.addOption({u"log"_s, u"file that keeps what was sent"_s, u"file"_s});
-  arguments.addOption({u"prepare"_s, u"program folder whose settings are made to fit"_s, u"folder"_s});
+  arguments.addOption({u"open"_s, u"program folder: its settings are made to fit, and the program is opened"_s, u"folder"_s});
   arguments.process(application);
   try {
     return play(arguments);
