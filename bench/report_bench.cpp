@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using Measuring::best;
@@ -120,7 +119,7 @@ void fill(Report& report, Kind kind, int lines) {
 
 RichText letter(int pages) {
   RichText text;
-  for (int paragraph = 0; paragraph < pages * 11; ++paragraph) {
+  for (int paragraph = 0; paragraph < pages * 14; ++paragraph) {
     RichParagraph made;
     made.alignment = Qt::AlignJustify;
     made.after = 2;

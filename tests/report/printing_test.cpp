@@ -1,9 +1,11 @@
 #include "base/program_paths.h"
+#include "base/whole_file.h"
 #include "tests/report/report_fixture.h"
 #include "tests/support/scripted_dialogs.h"
 #include "toolkit/edits/currency_edit.h"
 #include "toolkit/report/preview/offset_dialog.h"
 #include "toolkit/report/printing.h"
+#include "toolkit/report/report_output.h"
 
 #include <QDir>
 #include <QFile>
@@ -88,13 +90,20 @@ TEST_F(PrintingTest, AQueueReceivesTheDocumentAndItsCopies) {
   EXPECT_THAT(attributes.toStdString(), testing::HasSubstr("Makbuz 7"));
 }
 
-TEST_F(PrintingTest, APrinterThatRefusesLeavesALineInTheLog) {
-  const ReportPagedDocument made(laidOut("<text>x</text>"));
+TEST_F(PrintingTest, RefusalsAndFaultsLeaveTheirLinesInTheLog) {
+  QTemporaryDir folder;
+  const QString file = folder.filePath(u"7.fr3"_s);
+  WholeFile::replace(file, R"(<report version="1"><page><band height="20"><text name="Seri">[SERI_N]</text></band></page></report>)");
   QFile::remove(logFileName());
-  EXPECT_FALSE(printPages(made, {.printer = u"Olmayan Yazıcı"_s}));
+  Report report;
+  report.load(file);
+  report.printer = u"Olmayan Yazıcı"_s;
+  EXPECT_FALSE(printReport(report, u"Makbuz"_s));
   QFile log(logFileName());
   ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-  EXPECT_THAT(log.readAll().toStdString(), testing::HasSubstr("“Olmayan Yazıcı” yazdıramadı"));
+  const std::string lines = log.readAll().toStdString();
+  EXPECT_THAT(lines, testing::HasSubstr("“Olmayan Yazıcı” yazdıramadı"));
+  EXPECT_THAT(lines, testing::HasSubstr("Şablon 7.fr3, Seri: “SERI_N”"));
 }
 
 TEST_F(PrintingTest, AnOffsetIsTypedPerPrinter) {
