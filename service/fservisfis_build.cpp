@@ -88,19 +88,23 @@ void TfServisFis::buildPages() {
   pages_->setObjectName(u"pages"_s);
   pages_->setDocumentMode(true);
   layout()->addWidget(pages_);
-  auto* scroller = new QScrollArea(pages_);
-  scroller->setFrameShape(QFrame::NoFrame);
-  scroller->setWidgetResizable(true);
-  scroller->setFocusPolicy(Qt::NoFocus);
-  fields_ = new SlipFieldsPage(scroller);
-  scroller->setWidget(fields_);
+  // A page scrolls by itself where it does not fit, so that the workspace never scrolls around it.
+  const auto scrolled = [this](QWidget* page) {
+    auto* scroller = new QScrollArea(pages_);
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setWidgetResizable(true);
+    scroller->setFocusPolicy(Qt::NoFocus);
+    scroller->setWidget(page);
+    return scroller;
+  };
+  fields_ = new SlipFieldsPage(pages_);
   lookUps_ = std::make_unique<SlipLookUps>(*fields_, qCari, qCihaz, qServisTip);
   picture_ = new SlipPicturePage([this] { return fields_->text(u"TS_C_AD"_s); }, pages_);
 
-  pages_->addTab(scroller, u"Fiş Bilgileri"_s);
+  pages_->addTab(scrolled(fields_), u"Fiş Bilgileri"_s);
   pages_->addTab(buildLinesPage(), u"Malzemeler"_s);
   pages_->addTab(buildNotesPage(), u"Notlar"_s);
-  pages_->addTab(picture_, u"Fotoğraf"_s);
+  pages_->addTab(scrolled(picture_), u"Fotoğraf"_s);
   pages_->addTab(buildHistoryPage(u"Seri No Geçmişi"_s), u"Seri No Geçmişi"_s);
   pages_->addTab(buildHistoryPage(u"Müşteri Geçmişi"_s), u"Müşteri Geçmişi"_s);
   connectGuarded(pages_, &QTabWidget::currentChanged, this, [this](int page) { loadHistory(page); });
