@@ -24,6 +24,7 @@
 #include "comm/smsGonderUnit.h"
 #include "comm/smsUnit.h"
 #include "reminders/fhatirlat_unit.h"
+#include "reminders/reminder_window.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfissecUnit.h"
 #include "service/slip_hooks.h"
@@ -64,6 +65,7 @@ void connectCommands(TfKvb& workspace) {
   workspace.connectCommand(u"mailSettings"_s, [] { fEPOSTA->Giris(); });
   workspace.connectCommand(u"company"_s, [] { fSirket->Giris(); });
   workspace.connectCommand(u"contracts"_s, [] { fSozlesme->Giris(); });
+  workspace.connectCommand(u"reminders"_s, [] { ports().showReminders(); });
   workspace.connectCommand(u"dxBarButton16"_s, [] { fmusteriler->Giris(); });
   workspace.connectCommand(u"dxBarButton17"_s, [] { fcihazlar->Giris(); });
   workspace.connectCommand(u"dxBarButton18"_s, [] { fDisServisler->Giris(); });
@@ -112,10 +114,16 @@ void fillPorts() {
   all.openServiceTypes = [] {
     if (fServisTip != nullptr) fServisTip->qServisTip.Open();
   };
+  all.showReminders = [] {
+    if (fHatirlaForm != nullptr) fHatirlaForm->Show();
+  };
   SlipHooks& hooks = slipHooks();
   hooks.sendIntakeSms = SlipNotices::sendIntakeSms;
   hooks.sendCompletionSms = SlipNotices::sendCompletionSms;
   hooks.sendCompletionMail = SlipNotices::sendCompletionMail;
+  hooks.refreshReminderList = [] {
+    if (fHatirlaForm != nullptr) fHatirlaForm->refreshIfShown();
+  };
 }
 
 int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
@@ -141,6 +149,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TfservisfisSec browser;
   TfSirket company;
   TfHatirlat reminder;
+  TfHatirlaForm reminderWindow(&workspace);
   TLogin_Form login;
   Tfmusteriler customers;
   Tfcihazlar devices;

@@ -258,6 +258,7 @@ void TfKvb::timer1Timer() {
   ports().loadMessageSettings();
   applyRights();
   setStatusText(u"Hazır"_s);
+  ports().showReminders();
   UDPCallerID->start();
 }
 

@@ -24,6 +24,7 @@ set(SUBSYSTEMS service cards contracts reminders comm extras)
 set(SHARED_SCREENS
   cards/card_columns.h cards/card_editor.h cards/card_list.h cards/in_place_list.h  # the mechanism of lists and cards
   service/slip_hooks.h
+  service/slip_tables.h  # the columns of a slip
   reminders/fhatirlat_unit.h)  # the reminder's boxes belong to the slip
 # Of app/ the subsystems include what serves all; the workspace, the login and the program's start are reached by ports.
 set(APP_CLOSED app/application.h app/kvbankUnit.h app/Unit14.h app/workspace_commands.h app/about_box.h)
