@@ -4,6 +4,7 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "demo/cards_road.h"
+#include "demo/contracts_road.h"
 #include "demo/screen_hands.h"
 #include "demo/slip_list_road.h"
 #include "service/fservisfis_unit.h"
@@ -158,10 +159,7 @@ void walk(ScreenHands& hands) {
   hands.waitFor(u"login form"_s, [] { return visibleWidget(u"Tamam_Button"_s) != nullptr; });
   hands.picture(u"oturum"_s);
   hands.press({u"Return"_s});
-  hands.waitFor(u"workspace"_s, [] {
-    const QWidget* active = QApplication::activeWindow();
-    return DM->MySQL.Connected() && active == fKvb && QApplication::activeModalWidget() == nullptr;
-  });
+  ContractsRoad::meetReminders(hands);
   hands.picture(u"calisma-alani"_s);
 
   hands.click(u"dxBarLargeButton1"_s);
@@ -211,6 +209,8 @@ void walk(ScreenHands& hands) {
   hands.press({u"Escape"_s});
   hands.waitFor(u"list closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
   walkTheCards(hands);
+  ContractsRoad::addContract(hands);
+  ContractsRoad::lookAtReminders(hands);
 }
 
 }  // namespace
