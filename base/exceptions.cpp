@@ -24,6 +24,10 @@ QString EDatabaseError::parentClassName() const { return u"Exception"_s; }
 
 EUnstorableValue::EUnstorableValue(QString message, QString field, QString character)
     : EDatabaseError(std::move(message)), field_(std::move(field)), character_(std::move(character)) {}
+QString EUnstorableValue::messageFor(const QString& caption) const {
+  const QString quoted = u"\"%1\""_s;
+  return QString(message()).replace(quoted.arg(field_), quoted.arg(caption));
+}
 QString EUnstorableValue::className() const { return u"EUnstorableValue"_s; }
 QString EUnstorableValue::parentClassName() const { return u"EDatabaseError"_s; }
 

@@ -68,6 +68,8 @@ class EUnstorableValue : public EDatabaseError {
   QString className() const override;
   QString parentClassName() const override;
   const QString& field() const { return field_; }
+  /// The message with the caption that the user knows the field by.
+  QString messageFor(const QString& caption) const;
   const QString& character() const { return character_; }
 
  private:

@@ -117,8 +117,27 @@ bool CardEditor::takeTyped() {
 }
 
 void CardEditor::refused(EditFrame& box, const Exception& error) {
-  box.setErrorText(error.message());
-  balloon_.showAt(&box, error.message());
+  const auto* line = dynamic_cast<EditBox*>(&box);
+  const auto* unstorable = dynamic_cast<const EUnstorableValue*>(&error);
+  // The user knows the column by its caption.
+  const QString text = line != nullptr && unstorable != nullptr ? unstorable->messageFor(line->caption().trimmed()) : error.message();
+  box.setErrorText(text);
+  balloon_.hide();  // the box that is told of last is the one that holds the card back
+  balloon_.showAt(&box, text);
+}
+
+std::vector<Value> CardEditor::typed() const {
+  std::vector<Value> values;
+  for (const Box& each : boxes_) values.push_back(each.frame->editValue());
+  return values;
+}
+
+void CardEditor::typeAgain(const std::vector<Value>& values) {
+  for (size_t i = 0; i < boxes_.size(); ++i) {
+    if (boxes_[i].frame->editValue().toText() == values[i].toText()) continue;
+    boxes_[i].frame->setEditValue(values[i]);
+    boxes_[i].link->fieldLink().markChanged();
+  }
 }
 
 void CardEditor::dropTyped() {

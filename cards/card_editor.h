@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/value.h"
 #include "toolkit/edits/balloon.h"
 
 #include <QDialog>
@@ -49,6 +50,9 @@ class CardEditor : public QDialog {
   int showCard();
   /// Writes what the boxes hold into the row in edit. False for what a field cannot take, after refused().
   bool takeTyped();
+  /// What the boxes hold, and the same put into them again as if it had been typed.
+  std::vector<Value> typed() const;
+  void typeAgain(const std::vector<Value>& values);
   /// Drops what was typed and not yet written into the row.
   void dropTyped();
   /// Gives a box the room of two while it has the keyboard.

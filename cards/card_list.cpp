@@ -84,6 +84,7 @@ void CardList::connectCommand(QAction* action, const CardCommand& command) {
 bool CardList::isEnabled(const CardCommand& command) {
   if (!command.right.isEmpty() && DM->Kullanici_Yetkileri(rightPath_ + command.right) == Right::Checked) return false;
   if (command.needsRows && cards_.IsEmpty()) return false;
+  if (command.needsRow && grid_->currentRow() < 0) return false;
   return !command.alsoNeeds || command.alsoNeeds();
 }
 
@@ -104,21 +105,35 @@ void CardList::Giris() {
 
 CardCommand CardList::deleteCommand(const QString& question, const QString& failure) {
   const QString caption = u"F6 » Kayıt Sil"_s;
-  return {u"aFisSil"_s, caption, u"edit-delete"_s, Qt::Key_F6, atRow([=, this] { deleteSelected(question, failure); }), caption};
+  return {.name = u"aFisSil"_s,
+          .caption = caption,
+          .icon = u"edit-delete"_s,
+          .key = Qt::Key_F6,
+          .work = [=, this] { deleteSelected(question, failure); },
+          .right = caption,
+          .alsoNeeds = [this] { return grid_->hasSelectedRow(); }};
 }
 
 CardCommand CardList::refreshCommand() {
-  return {u"aGuncelle"_s, u"F8 » Güncelle"_s, u"view-refresh"_s, Qt::Key_F8, [this] { cards_.Refresh(); }, {}, false};
+  return {.name = u"aGuncelle"_s,
+          .caption = u"F8 » Güncelle"_s,
+          .icon = u"view-refresh"_s,
+          .key = Qt::Key_F8,
+          .work = [this] { readAnew(); },
+          .needsRows = false};
 }
 
 CardCommand CardList::printCommand(const QString& caption, const CardReport& report) {
-  return {u"aYazdir"_s, caption, u"document-print"_s, Qt::Key_F9, [=, this] { preview(report); }, caption};
+  return {.name = u"aYazdir"_s,
+          .caption = caption,
+          .icon = u"document-print"_s,
+          .key = Qt::Key_F9,
+          .work = [=, this] { preview(report); },
+          .right = caption};
 }
 
-std::function<void()> CardList::atRow(std::function<void()> work) {
-  return [this, work = std::move(work)] {
-    if (grid_->currentRow() >= 0) work();
-  };
+void CardList::readAnew() {
+  grid_->keepRecords([this] { cards_.Refresh(); });
 }
 
 void CardList::insertCard(const std::function<void()>& insert) {
@@ -138,6 +153,12 @@ void CardList::deleteSelected(const QString& question, const QString& failure) {
     transaction.commit();
   } catch (const Exception& error) {
     logMessage(error.message(), &error);
+    // What became of a row whose commit was not answered, only the server knows.
+    try {
+      readAnew();
+    } catch (const Exception& unread) {
+      logMessage(unread.message(), &unread);
+    }
     QuendUtil->mesajTimeOut(this, failure, failureMessageMs);
   }
 }

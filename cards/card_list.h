@@ -27,10 +27,11 @@ struct CardCommand {
   QString name;     ///< of its action
   QString caption;
   QString icon;
-  QKeySequence key;
+  QKeySequence key = {};
   std::function<void()> work;
-  QString right;    ///< caption that its right goes by; empty when nothing guards it
-  bool needsRows = true;
+  QString right = {};        ///< caption that its right goes by; empty when nothing guards it
+  bool needsRows = true;     ///< the list has one
+  bool needsRow = false;     ///< the cursor stands on one, not on a group
   std::function<bool()> alsoNeeds = {};
 };
 
@@ -72,8 +73,6 @@ class CardList : public QDialog {
   CardCommand deleteCommand(const QString& question, const QString& failure);
   CardCommand refreshCommand();
   CardCommand printCommand(const QString& caption, const CardReport& report);
-  /// Work on the row under the cursor; nothing happens while the cursor stands on a group.
-  std::function<void()> atRow(std::function<void()> work);
   /// Runs an editor's Insert; the cursor goes back to where it was when no row came.
   void insertCard(const std::function<void()>& insert);
 
@@ -81,6 +80,7 @@ class CardList : public QDialog {
   void addCommand(const CardCommand& command, CommandBar& bar);
   void connectCommand(QAction* action, const CardCommand& command);
   bool isEnabled(const CardCommand& command);
+  void readAnew();
   void deleteSelected(const QString& question, const QString& failure);
   void preview(const CardReport& report);
 

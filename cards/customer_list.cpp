@@ -1,6 +1,7 @@
 #include "cards/customer_list.h"
 
 #include "app/ports.h"
+#include "app/quendUtils.h"
 #include "base/guard.h"
 #include "base/platform/shell_open.h"
 #include "base/program_paths.h"
@@ -48,15 +49,37 @@ Tfmusteriler::Tfmusteriler(QWidget* parent)
       qCari(cards()) {
   CardStore::setUpCustomers(qCari);
   // The captions of these two name keys that are not bound: meant.
-  const CardCommand aEkle{u"aEkle"_s, u"F3 » Kayıt Ekle"_s, u"list-add"_s, {},
-                          [this] { insertCard([] { fCariEkle->Insert(); }); }, u"F3 » Kayıt Ekle"_s, false};
-  const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, {},
-                            atRow([] { fCariEkle->Edit(); }), u"F4 » Kayıt Düzelt"_s};
-  const CardCommand aCihaz{u"aCihaz"_s, u"Cihazlar"_s, u"computer"_s, {},
-                           atRow([this] { showDevices(); }), u"Cihazlar"_s};
-  const CardCommand actSMS{u"actSMS"_s, u"SMS Gönder"_s, u"smartphone"_s, Qt::Key_F11, [this] { sendSms(); }, u"SMS Gönder"_s};
-  const CardCommand aIstatistik{u"aIstatistik"_s, u"F10 » İstatistik"_s, u"office-chart-bar"_s, Qt::Key_F10,
-                                [this] { showStatistics(); }, u"F10 » İstatistik"_s, true, [this] { return hasNamedRow(); }};
+  const CardCommand aEkle{.name = u"aEkle"_s,
+                          .caption = u"F3 » Kayıt Ekle"_s,
+                          .icon = u"list-add"_s,
+                          .work = [this] { insertCard([] { fCariEkle->Insert(); }); },
+                          .right = u"F3 » Kayıt Ekle"_s,
+                          .needsRows = false};
+  const CardCommand aDuzelt{.name = u"aDuzelt"_s,
+                            .caption = u"F4 » Kayıt Düzelt"_s,
+                            .icon = u"document-edit"_s,
+                            .work = [this] { editCard(); },
+                            .right = u"F4 » Kayıt Düzelt"_s,
+                            .needsRow = true};
+  const CardCommand aCihaz{.name = u"aCihaz"_s,
+                           .caption = u"Cihazlar"_s,
+                           .icon = u"computer"_s,
+                           .work = [this] { showDevices(); },
+                           .right = u"Cihazlar"_s,
+                           .needsRow = true};
+  const CardCommand actSMS{.name = u"actSMS"_s,
+                           .caption = u"SMS Gönder"_s,
+                           .icon = u"smartphone"_s,
+                           .key = Qt::Key_F11,
+                           .work = [this] { sendSms(); },
+                           .right = u"SMS Gönder"_s};
+  const CardCommand aIstatistik{.name = u"aIstatistik"_s,
+                                .caption = u"F10 » İstatistik"_s,
+                                .icon = u"office-chart-bar"_s,
+                                .key = Qt::Key_F10,
+                                .work = [this] { showStatistics(); },
+                                .right = u"F10 » İstatistik"_s,
+                                .alsoNeeds = [this] { return hasNamedRow(); }};
   const CardReport report{u"Müşteri Listesi Raporu"_s, u"Cari Hesaplar"_s, [this](QWidget*) { exportToExcel(); }};
   addCommands({aEkle, aDuzelt,
                deleteCommand(u"Seçilen cari kart silinecek onaylıyor musunuz?"_s, u"Seçilen cari kart silinemedi!"_s), aCihaz,
@@ -85,6 +108,13 @@ bool Tfmusteriler::takeFilter(const std::optional<FilterExpression>& filter) {
 }
 
 bool Tfmusteriler::hasNamedRow() { return grid()->currentRow() >= 0 && !qCari.FieldByName(u"CA_AD"_s).asText().isEmpty(); }
+
+void Tfmusteriler::editCard() {
+  if (isByDevice_)  // rows of two tables, without the key and the version that a save goes by
+    QuendUtil->ErrorMesaj(this, u"Cihaz modeline göre daraltılmış listedeki kartlar değiştirilemez.\n\nKartı değiştirmek için önce filtreyi temizleyin."_s);
+  else
+    fCariEkle->Edit();
+}
 
 void Tfmusteriler::showDevices() {
   fMusteriCihaz->setSheetCaption(qCari.FieldByName(u"CA_AD"_s).asText());

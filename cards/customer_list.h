@@ -15,6 +15,7 @@ class Tfmusteriler : public CardList {
  private:
   bool takeFilter(const std::optional<FilterExpression>& filter);
   bool hasNamedRow();
+  void editCard();
   void showDevices();
   void sendSms();
   void showStatistics();

@@ -1,5 +1,6 @@
 #include "cards/firm_editor.h"
 
+#include "app/editors/qcx_db_editors.h"
 #include "app/ports.h"
 #include "base/data/my_query.h"
 #include "base/exceptions.h"
@@ -31,35 +32,34 @@ TfDisServisEkle::~TfDisServisEkle() {
 
 void TfDisServisEkle::Insert() {
   cards().Insert();
-  if (showCard() != Saved) {
-    cards().Cancel();
-    return;
-  }
-  try {
-    cards().Post();
-  } catch (...) {
-    cards().Cancel();
-    throw;
-  }
+  if (showCard() != Saved) cards().Cancel();
 }
 
 void TfDisServisEkle::Edit() {
   cards().Edit();
-  if (showCard() != Saved) {
-    cards().Cancel();
+  if (showCard() != Saved) cards().Cancel();
+}
+
+/// A card that cannot be written stays open with what was typed. The error of a new one goes up as it is.
+void TfDisServisEkle::save() {
+  if (!takeTyped()) return;
+  if (box(u"DS_AD"_s)->text().trimmed().isEmpty()) {
+    balloon().showAt(box(u"DS_AD"_s), u"\"DIŞ SERVİS ADI\" alanı boş bırakılamaz."_s);
     return;
   }
   try {
     cards().Post();
   } catch (const Exception& error) {
+    if (cards().state() == QueryState::Insert) throw;
+    const std::vector<Value> values = typed();
     cards().Cancel();
     // Speaks of the slip on the screen, if there is one: meant.
     ports().answerSlipConflict(error.className(), error.message());
+    cards().Edit();
+    typeAgain(values);
+    return;
   }
-}
-
-void TfDisServisEkle::save() {
-  if (takeTyped()) done(Saved);
+  done(Saved);
 }
 
 void TfDisServisEkle::giveUp() {

@@ -10,9 +10,9 @@ class TfDisServisEkle : public CardEditor {
   explicit TfDisServisEkle(TMyQuery& firms, QWidget* parent = nullptr);
   ~TfDisServisEkle() override;
 
-  /// Shows an empty card. Throws EDatabaseError when it cannot be written; it is gone then.
+  /// Show an empty card, the list's current card, until it is written or given up. Of a changed card that cannot be written
+  /// the slip's conflict routine tells.
   void Insert();
-  /// Shows the list's current card. A card that cannot be written is given back, and the slip's conflict routine answers.
   void Edit();
 
  private:

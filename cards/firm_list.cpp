@@ -29,9 +29,20 @@ TfDisServisler::TfDisServisler(QWidget* parent)
       qDisServis(cards()) {
   CardStore::setUpFirms(qDisServis);
   const QString add = u"F3 » Kayıt Ekle"_s;
-  const CardCommand aEkle{u"aEkle"_s, add, u"list-add"_s, Qt::Key_F3, [this] { insertCard([] { fDisServisEkle->Insert(); }); }, add, false};
-  // Goes by the right to add: meant.
-  const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, Qt::Key_F4, atRow([] { fDisServisEkle->Edit(); }), add};
+  const CardCommand aEkle{.name = u"aEkle"_s,
+                          .caption = add,
+                          .icon = u"list-add"_s,
+                          .key = Qt::Key_F3,
+                          .work = [this] { insertCard([] { fDisServisEkle->Insert(); }); },
+                          .right = add,
+                          .needsRows = false};
+  const CardCommand aDuzelt{.name = u"aDuzelt"_s,
+                            .caption = u"F4 » Kayıt Düzelt"_s,
+                            .icon = u"document-edit"_s,
+                            .key = Qt::Key_F4,
+                            .work = [] { fDisServisEkle->Edit(); },
+                            .right = add,  // goes by the right to add: meant
+                            .needsRow = true};
   addCommands({aEkle, aDuzelt,
                deleteCommand(u"Seçilen dış servis kartı silinecek onaylıyor musunuz?"_s, u"Seçilen dış servis kartı silinemedi!"_s),
                refreshCommand(), printCommand(u"F9 » Rapor Yazdır"_s, {u"Dış Servis Listesi Raporu"_s, u"Dış Servisler Listesi"_s})},

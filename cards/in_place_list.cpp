@@ -7,6 +7,7 @@
 #include "base/save_conflict.h"
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/grid_view.h"
 
 #include <QApplication>
 #include <QBoxLayout>
@@ -51,10 +52,15 @@ void InPlaceList::showRows() {
   exec();
 }
 
-/// A row that is still in editing is written first; one that cannot be keeps the list open.
+/// What is still in editing is written first; a cell or a row that cannot be keeps the list open.
 void InPlaceList::done(int result) {
   guarded(this, [&] {
     grid_->setFocus();  // takes what stands in an open cell
+    if (const QString refusal = grid_->view()->refusal(); !refusal.isEmpty()) {
+      balloon_.showAt(grid_, refusal);
+      grid_->view()->focusRefusedEditor();
+      return;
+    }
     if (!grid_->postEdits()) return;
     QDialog::done(result);
   });

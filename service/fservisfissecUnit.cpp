@@ -68,12 +68,13 @@ void TfservisfisSec::buildCommands() {
   aYazdir = bar_->addCommand(u"aYazdir"_s, u"F9 » Yazdır"_s, u"document-print"_s, Qt::Key_F9);
   aFisSil = bar_->addCommand(u"aFisSil"_s, u"F6 » Fiş(leri) Sil"_s, u"edit-delete"_s, Qt::Key_F6);
   connectGuarded(aSec, &QAction::triggered, this, [this] { choose(); });
-  connectGuarded(aGuncelle, &QAction::triggered, this, [this] { store_.refresh(); });
+  connectGuarded(aGuncelle, &QAction::triggered, this, [this] { readAnew(); });
   connectGuarded(aYazdir, &QAction::triggered, this, [this] { print(); });
   connectGuarded(aFisSil, &QAction::triggered, this, [this] { deleteSlips(); });
   for (QAction* guardedCommand : {aSec, aYazdir, aFisSil})
-    keepUpdated(this, guardedCommand, [this, path = SlipBrowserRules::rightPath(guardedCommand->text())] {
-      return DM->Kullanici_Yetkileri(path) != Right::Checked && !qServis.IsEmpty();
+    keepUpdated(this, guardedCommand, [this, guardedCommand, path = SlipBrowserRules::rightPath(guardedCommand->text())] {
+      if (DM->Kullanici_Yetkileri(path) == Right::Checked || qServis.IsEmpty()) return false;
+      return guardedCommand != aFisSil || grid_->hasSelectedRow();
     });
 }
 
@@ -195,14 +196,22 @@ void TfservisfisSec::deleteSlips() {
   for (const QString& number : numbers)
     for (QWidget* editor : ports().childWindows())
       if (editor->windowTitle() == SlipRules::slipTitle(number)) editor->parentWidget()->close();
-  const int rows = qServis.RecordCount();
   try {
     store_.deleteSlips(keys, [this] { grid_->deleteSelectedRows(); });
   } catch (const Exception& error) {
     logMessage(error.message(), &error);
+    // What became of a row whose commit was not answered, only the server knows.
+    try {
+      readAnew();
+    } catch (const Exception& unread) {
+      logMessage(unread.message(), &unread);
+    }
     QuendUtil->ErrorMesaj(this, SlipBrowserRules::deletionFailed());
-    if (qServis.RecordCount() != rows) store_.refresh();
   }
+}
+
+void TfservisfisSec::readAnew() {
+  grid_->keepRecords([this] { store_.refresh(); });
 }
 
 void TfservisfisSec::print() {

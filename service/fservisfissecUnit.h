@@ -47,6 +47,7 @@ class TfservisfisSec : public QDialog {
 
   void choose();
   void deleteSlips();
+  void readAnew();
   void print();
   void exportToExcel(QWidget* preview);
 

@@ -1,6 +1,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "tests/cards/cards_fixture.h"
 #include "tests/faults/cutting_proxy.h"
+#include "tests/support/failure_at_removal.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
@@ -116,9 +117,14 @@ TEST_F(CustomersTest, EmptyNameAndUnstorableLetter) {
       enter(customerEditor, u"CA_NO"_s, u"9"_s);
       customerEditor.box(u"CA_UNVAN"_s)->line()->setFocus();
       QTest::sendKeyEvent(QTest::Click, customerEditor.box(u"CA_UNVAN"_s)->line(), Qt::Key_unknown, u"日"_s, Qt::NoModifier);
+      const auto isTold = [this] { return balloon()->text().contains(u"日"_s) && balloon()->text().contains(u"\"CARİ ÜNVAN\""_s); };
       save();
       EXPECT_TRUE(customerEditor.isVisible());
-      EXPECT_TRUE(balloon()->text().contains(u"日"_s));
+      EXPECT_TRUE(isTold()) << qPrintable(balloon()->text());
+      balloon()->hide();
+      customerEditor.box(u"CA_NO"_s)->line()->setFocus();
+      EXPECT_TRUE(isTold()) << "on leaving the box as well";
+      customerEditor.box(u"CA_UNVAN"_s)->line()->setFocus();
       customerEditor.box(u"CA_UNVAN"_s)->line()->selectAll();
       press(*customerEditor.box(u"CA_UNVAN"_s)->line(), Qt::Key_Delete);
       save();
@@ -203,6 +209,36 @@ TEST_F(CustomersTest, DeleteAsksAndIsTakenBackWhenTheServerRefuses) {
   EXPECT_EQ(dialogs.shown.size(), 4u);
 }
 
+// A failure after the row was deleted, as when the commit is not answered.
+TEST_F(CustomersTest, ListIsReadAnewAfterADeleteThatFailed) {
+  inList([this] {
+    FailureAtRemoval failure(customers.qCari);
+    customers.grid()->setCurrentRow(1);
+    dialogs.answers = {confirm};
+    EXPECT_TRUE(runCommand(customers, u"aFisSil"_s));
+    EXPECT_EQ(dialogs.texts().back(), u"Seçilen cari kart silinemedi!"_s);
+    EXPECT_EQ(shown(customers.qCari, u"CA_AD"_s).size(), 3);
+  });
+  EXPECT_EQ(rows(u"select count(*) from cari"_s), u"3"_s);
+}
+
+TEST_F(CustomersTest, RefreshStaysOnTheCardAndMeansNoOtherWhenItIsGone) {
+  inList([this] {
+    customers.grid()->setCurrentRow(1);
+    run(u"DELETE FROM cari WHERE CA_AD = 'AYŞE IŞIK'");
+    EXPECT_TRUE(runCommand(customers, u"aGuncelle"_s));
+    EXPECT_EQ(customers.qCari.FieldByName(u"CA_AD"_s).asText(), u"BARIŞ ÇELİK"_s);
+    EXPECT_EQ(customers.grid()->currentRow(), 0);
+    run(u"DELETE FROM cari WHERE CA_AD = 'BARIŞ ÇELİK'");
+    EXPECT_TRUE(runCommand(customers, u"aGuncelle"_s));
+    EXPECT_FALSE(runCommand(customers, u"aFisSil"_s)) << "the card under the cursor is another one";
+    press(*customers.grid()->view(), Qt::Key_Space);
+    dialogs.answers = {confirm};
+    EXPECT_TRUE(runCommand(customers, u"aFisSil"_s)) << "selected by the user";
+  });
+  EXPECT_EQ(rows(u"select count(*) from cari"_s), u"0"_s);
+}
+
 TEST_F(CustomersTest, CommandsFollowRightsAndRows) {
   const QStringList all{u"aEkle"_s, u"aDuzelt"_s, u"aFisSil"_s, u"aCihaz"_s, u"aGuncelle"_s, u"aYazdir"_s, u"actSMS"_s, u"aIstatistik"_s};
   const auto enabled = [&] {
@@ -246,8 +282,8 @@ TEST_F(CustomersTest, EachOpeningBeginsUnfilteredAndUngrouped) {
     customers.grid()->setGrouping({u"CA_CEP"_s});
     press(*customers.grid()->view(), Qt::Key_Home, Qt::ControlModifier);
     ASSERT_EQ(customers.grid()->currentRow(), -1) << "the group's own line";
-    for (const QString& command : {u"aDuzelt"_s, u"aFisSil"_s, u"aCihaz"_s}) EXPECT_TRUE(runCommand(customers, command));
-    EXPECT_TRUE(dialogs.shown.empty()) << "no row is meant";
+    for (const QString& command : {u"aDuzelt"_s, u"aFisSil"_s, u"aCihaz"_s})
+      EXPECT_FALSE(runCommand(customers, command)) << "no row is meant: " << qPrintable(command);
     EXPECT_EQ(customers.qCari.RecordCount(), 1);
   });
   EXPECT_FALSE(customers.qCari.Active());
@@ -271,6 +307,9 @@ TEST_F(CustomersTest, FilterByDeviceIsAskedOfTheServer) {
     EXPECT_EQ(customers.qCari.RecordCount(), 3);
     customers.grid()->setFilter(hasDevice(u"FIRIN"_s));
     EXPECT_THAT(shown(customers.qCari, u"CA_AD"_s), ElementsAre(u"CEM İNCE"_s));
+    EXPECT_TRUE(runCommand(customers, u"aDuzelt"_s));
+    EXPECT_FALSE(customerEditor.isVisible()) << "the rows of two tables have no key to be saved by";
+    EXPECT_TRUE(dialogs.texts().last().startsWith(u"Cihaz modeline göre daraltılmış"_s));
   });
   inList([this] { EXPECT_EQ(customers.qCari.RecordCount(), 3); });
 }

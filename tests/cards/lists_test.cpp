@@ -9,6 +9,7 @@
 
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTimer>
 #include <QToolButton>
 
@@ -73,6 +74,24 @@ TEST_F(ListsTest, SerialOfAnotherCustomerIsRefusedAndTheRowStaysInEditing) {
     EXPECT_TRUE(customerDevices.grid()->postEdits());
   });
   EXPECT_EQ(rows(u"select CH_CA_ID, CH_MODEL, CH_SERI from caricihaz order by CH_ID"_s), u"2|OCAK|BİR;1|FIRIN|İKİ"_s);
+}
+
+TEST_F(ListsTest, CellThatWasRefusedKeepsTheListOpen) {
+  serviceTypes.qServisTip.Open();
+  inTypes([this] {
+    QTest::keyClick(serviceTypes.grid()->view(), Qt::Key_Insert);
+    QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, u"日"_s, Qt::NoModifier);
+    serviceTypes.done(0);
+    EXPECT_TRUE(serviceTypes.isVisible());
+    EXPECT_TRUE(serviceTypes.findChild<Balloon*>()->text().contains(u"\"SERVİS ADI\""_s));
+    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->text(), u"日"_s);
+    editor->setText(u"bakım"_s);
+    serviceTypes.done(0);
+    EXPECT_FALSE(serviceTypes.isVisible());
+  });
+  EXPECT_EQ(rows(u"select * from servistip"_s), u"BAKIM"_s);
 }
 
 TEST_F(ListsTest, ClosingWritesTheRowInEditAndTheNavigatorDeletesWithoutAQuestion) {
@@ -168,7 +187,7 @@ TEST_F(ListsTest, FirmsAreAddedAndChanged) {
   EXPECT_EQ(rows(u"select DS_AD, DS_ADRES from disservis"_s), u"ESKİ|~"_s);
 }
 
-TEST_F(ListsTest, FirmThatCannotBeWrittenIsGivenBackWithTheSlipsWords) {
+TEST_F(ListsTest, FirmThatCannotBeWrittenKeepsWhatWasTypedAndIsToldOfInTheSlipsWords) {
   run(u"INSERT INTO disservis (DS_AD) VALUES ('ESKİ')");
   ASSERT_EQ(fServisFis, nullptr);
   within([this] { firms.Giris(); }, firms, [this] {
@@ -176,10 +195,21 @@ TEST_F(ListsTest, FirmThatCannotBeWrittenIsGivenBackWithTheSlipsWords) {
       run(u"DELETE FROM disservis");
       enter(firmEditor, u"DS_FAKS"_s, u"1"_s);
       press(firmEditor, Qt::Key_F2);
+      ASSERT_EQ(dialogs.shown.size(), 1u);
+      EXPECT_TRUE(dialogs.shown[0].text.contains(u"silinmiştir"_s));
+      run(u"INSERT INTO disservis (DS_ID, DS_AD) VALUES (%1, 'ESKİ')"_s.arg(firms.qDisServis.FieldByName(u"DS_ID"_s).asInteger()));
+      press(firmEditor, Qt::Key_F2);
+      EXPECT_FALSE(firmEditor.isVisible()) << "what was typed is still there to be saved";
     });
-    ASSERT_EQ(dialogs.shown.size(), 1u);
-    EXPECT_TRUE(dialogs.shown[0].text.contains(u"silinmiştir"_s));
+    EXPECT_EQ(rows(u"select DS_FAKS from disservis"_s), u"1"_s);
     EXPECT_EQ(firms.qDisServis.state(), QueryState::Browse);
+    within([this] { press(firms, Qt::Key_F3); }, firmEditor, [this] {
+      enter(firmEditor, u"DS_ADRES"_s, u"sokak"_s);
+      press(firmEditor, Qt::Key_F2);
+      ASSERT_TRUE(firmEditor.isVisible());
+      EXPECT_EQ(firmEditor.findChild<Balloon*>()->text(), u"\"DIŞ SERVİS ADI\" alanı boş bırakılamaz."_s);
+      EXPECT_EQ(firmEditor.box(u"DS_ADRES"_s)->text(), u"SOKAK"_s);
+    });
 
     cutConnection();
     within([this] { press(firms, Qt::Key_F4); }, firmEditor, [this] {
@@ -190,8 +220,10 @@ TEST_F(ListsTest, FirmThatCannotBeWrittenIsGivenBackWithTheSlipsWords) {
     within([this] { press(firms, Qt::Key_F3); }, firmEditor, [this] {
       enter(firmEditor, u"DS_AD"_s, u"x"_s);
       press(firmEditor, Qt::Key_F2);
+      EXPECT_EQ(std::exchange(unhandled, {}).size(), 1) << "a new card's failure goes up as it is";
+      EXPECT_TRUE(firmEditor.isVisible());
+      EXPECT_EQ(firmEditor.box(u"DS_AD"_s)->text(), u"X"_s);
     });
-    EXPECT_EQ(std::exchange(unhandled, {}).size(), 1) << "a new card's failure goes up as it is";
     EXPECT_EQ(firms.qDisServis.RecordCount(), 1);
   });
 }

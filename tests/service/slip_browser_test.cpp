@@ -1,11 +1,15 @@
 // The list of slips as a screen: the real form on the real database, dialogs answered by a script.
+#include "app/look.h"
 #include "app/parameters.h"
 #include "app/quendUtils.h"
 #include "service/fservisfissecUnit.h"
 #include "tests/service/slip_form_fixture.h"
+#include "tests/support/failure_at_removal.h"
 #include "tests/support/fixed_environment.h"
 #include "toolkit/edits/lookup_edit.h"
 #include "toolkit/grid/data_grid.h"
+#include "toolkit/grid/filter_row.h"
+#include "toolkit/grid/row_colors.h"
 #include "toolkit/grid/table_content.h"
 #include "toolkit/shell/command_updates.h"
 
@@ -315,6 +319,22 @@ TEST_F(SlipBrowserTest, SeveralSlipsAtOnceAreRefusedAndStay) {
   EXPECT_EQ(rows(u"select (select count(*) from foto), (select count(*) from notlar), (select count(*) from teknikservis)"_s), u"1|3|3"_s);
 }
 
+// A failure after the row was deleted, as when the commit is not answered: picture, note and slip are all there again.
+TEST_F(SlipBrowserTest, ADeleteThatFailsLateLeavesAllOfTheSlipAndTheListIsReadAnew) {
+  add(u"1"_s);
+  add(u"2"_s);
+  run(u"INSERT INTO foto (FT_TS_ID, FT_RESIM) VALUES (%1, 'x')"_s.arg(savedId(u"1"_s)));
+  dialogs.answer = TQuendUtil::Confirmed;
+  whileOpen([&] {
+    FailureAtRemoval failure(browser.qServis);
+    select({u"1"_s});
+    press(Qt::Key_F6);
+    EXPECT_EQ(shown(), u"1 2"_s);
+  });
+  EXPECT_EQ(dialogs.texts.last(), u"Seçilen fiş(ler) silinemedi!"_s);
+  EXPECT_EQ(rows(u"select (select count(*) from foto), (select count(*) from notlar), (select count(*) from teknikservis)"_s), u"1|2|2"_s);
+}
+
 TEST_F(SlipBrowserTest, ASlipThatAnotherWorkstationDeletedCanStillBeDeletedAndNotBeOpened) {
   add(u"1"_s);
   add(u"2"_s);
@@ -344,9 +364,15 @@ TEST_F(SlipBrowserTest, RefreshShowsWhatOthersWrote) {
   add(u"1"_s);
   whileOpen([&] {
     add(u"2"_s);
+    add(u"3"_s);
     EXPECT_EQ(shown(), u"1"_s);
     press(Qt::Key_F8);
-    EXPECT_EQ(shown(), u"1 2"_s);
+    EXPECT_EQ(shown(), u"1 2 3"_s);
+    select({u"2"_s, u"3"_s});
+    run(u"DELETE FROM teknikservis WHERE TS_NO = '1'");
+    press(Qt::Key_F8);
+    EXPECT_EQ(grid().selectedRows(), (std::vector<int>{0, 1})) << "the same slips are selected";
+    EXPECT_EQ(grid().currentRow(), 1);
   });
 }
 
@@ -400,7 +426,42 @@ TEST_F(SlipBrowserTest, AStatusPaintsItsSlips) {
     const auto content = grid().content(true);
     EXPECT_EQ(content->textColor(0), QColor(0, 0, 255));
     EXPECT_FALSE(content->textColor(1).isValid());
+    grid().setCurrentRow(0);
+    const QImage rows = grid().view()->viewport()->grab(QRect(0, 0, 900, grid().view()->rowHeight(0))).toImage();
+    int blue = 0;
+    for (int y = 0; y < rows.height(); ++y)
+      for (int x = 0; x < rows.width(); ++x) blue += rows.pixelColor(x, y) == RowColors::readable({0, 0, 255}, grid().palette()) ? 1 : 0;
+    EXPECT_GT(blue, 20) << "also while it is selected";
   });
+}
+
+TEST(StatusColoursTest, AllCanBeReadInBothLooksAndStayThemselves) {
+  EXPECT_NEAR(RowColors::contrast(Qt::black, Qt::white), 21, 0.01);
+  EXPECT_NEAR(RowColors::contrast(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
+  for (const LookColors look : {LookColors::Dark, LookColors::Light}) {
+    applyLook(*qApp, look);
+    const QPalette palette = QApplication::palette();
+    const QColor backgrounds[] = {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase), RowColors::selection(palette)};
+    const auto isReadable = [&](const QColor& color) {
+      return std::ranges::all_of(backgrounds, [&](const QColor& each) { return RowColors::contrast(color, each) >= RowColors::leastContrast; });
+    };
+    EXPECT_TRUE(isReadable(palette.color(QPalette::Text)));
+    std::vector<QColor> all;
+    for (const auto& [name, colour] : ParameterFiles::namedColours()) {
+      const auto rgb = ParameterFiles::rgbOf(colour);
+      if (!rgb) continue;
+      const QColor told = QColor::fromRgb(*rgb);
+      const QColor drawn = RowColors::readable(told, palette);
+      EXPECT_TRUE(isReadable(drawn)) << qPrintable(name + drawn.name());
+      EXPECT_EQ(drawn == told, isReadable(told)) << qPrintable(name);
+      EXPECT_EQ(drawn.hslHue() < 0, told.hslHue() < 0) << qPrintable(name);
+      EXPECT_LE(std::abs(drawn.hslHue() - told.hslHue()), 3) << qPrintable(name);
+      for (const QColor& other : all)
+        EXPECT_GT(std::abs(drawn.red() - other.red()) + std::abs(drawn.green() - other.green()) + std::abs(drawn.blue() - other.blue()), 12)
+            << qPrintable(name) << " reads like another one: " << qPrintable(drawn.name() + other.name());
+      all.push_back(drawn);
+    }
+  }
 }
 
 TEST_F(SlipBrowserTest, AnAccountWithoutRightsMayOnlyLook) {

@@ -1,7 +1,10 @@
 #include "tests/toolkit/grid_fixture.h"
 
+#include "toolkit/shell/key_state_panel.h"
+
 #include <QAccessible>
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QToolButton>
@@ -158,20 +161,22 @@ TEST_F(GridTest, NewRowsComeAtTheEndAlsoOfSortedOnes) {
   EXPECT_EQ(lines().mid(0, 2), (QStringList{u""_s, u"ÇINAR"_s}));
   EXPECT_EQ(grid->currentRow(), 1) << "the row that stood below";
   grid->setEditing(GridEditing::NewItemRow);
-  grid->view()->setCurrentLine(0);
-  add(Qt::Key_Return, u"9"_s, u"berk"_s);
+  add(Qt::Key_Insert, u"9"_s, u"berk"_s);
   EXPECT_EQ(lines().mid(6), (QStringList{u"şeker"_s, u"ZEKI \"K\" O'NEIL"_s, u"BERK"_s}));
   EXPECT_EQ(scalar(u"select group_concat(NO order by NO) from deneme"_s), u"1,2,4,5,6,7,8,9"_s);
   grid->setEditing(GridEditing::Append);
   grid->setGrouping({u"KISA"_s});
-  press(Qt::Key_Insert);
+  const KeyStatePanel keys;
+  QTest::keyClick(grid->windowHandle(), Qt::Key_Insert);
+  EXPECT_FALSE(std::ranges::any_of(keys.findChildren<QLabel*>(), [](const QLabel* label) { return label->text() == u"OVR"_s; }))
+      << "the key adds a row and does nothing else";
   EXPECT_EQ(lines().size(), 4);
   EXPECT_EQ(grid->view()->currentLine(), 3);
   type(u"10"_s);
   press(Qt::Key_Return);
   press(Qt::Key_Escape);
   EXPECT_TRUE(grid->postEdits());
-  EXPECT_EQ(lines().first(), u"[DURUM: <boş> (5)]"_s);
+  EXPECT_TRUE(lines().first().startsWith(u"[DURUM: <boş> (5)"_s));
 }
 
 TEST_F(GridTest, AssistiveSoftwareWalksTheGridWhileRowsChange) {

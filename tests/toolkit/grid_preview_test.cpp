@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QPainter>
 #include <QPrinterInfo>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -60,6 +61,24 @@ TEST(GridPagesTest, EveryRowStandsOnOnePageAndColumnsFitThePaper) {
   const auto wide = table(5, 48, 120);
   const GridPages drawnIn(*wide, {}, QApplication::font());
   EXPECT_LT(drawnIn.scale() * 48 * 120, drawnIn.pageSize(0).width() * 96 / 25.4);
+}
+
+// Two sums that differ in their last letter alone look different only when both are drawn to their end.
+TEST(GridPagesTest, ASumIsNeverCut) {
+  const auto picture = [](const QString& sum, int neighbours) {
+    ListedContent content;
+    content.columns = {{u"NO"_s, 30, false, {}}, {u"TUTAR"_s, 30, true, {}}, {u"MALİYET"_s, 30, true, {}}};
+    ListedContent::Row footer;
+    footer.kind = ContentRowKind::Footer;
+    footer.cells = {neighbours > 1 ? u"1"_s : QString(), neighbours > 0 ? u"5"_s : QString(), sum};
+    content.rows = {footer};
+    QImage paper(GridPages::paperSize().toSize(), QImage::Format_RGB32);
+    QPainter painter(&paper);
+    GridPages(content, {}, QApplication::font()).paint(painter, 0);
+    return paper;
+  };
+  for (const int neighbours : {0, 1, 2})
+    EXPECT_NE(picture(u"-1.234.567,89 TL"_s, neighbours), picture(u"-1.234.567,89 TM"_s, neighbours)) << neighbours;
 }
 
 TEST(GridPreviewTest, TurnsPagesZoomsAndWritesThemAll) {

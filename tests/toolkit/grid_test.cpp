@@ -2,6 +2,7 @@
 
 #include "toolkit/grid/filter_cell.h"
 #include "toolkit/grid/filter_row.h"
+#include "toolkit/grid/grid_condition.h"
 #include "toolkit/grid/grid_footer.h"
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/table_content.h"
@@ -105,8 +106,30 @@ TEST_F(GridTest, FilterRowNarrowsAsOneTypes) {
   press(Qt::Key_Return);
   EXPECT_EQ(lines(), (QStringList{u"İSTAX"_s, u"ZEKI \"K\" O'NEIL"_s}).mid(0, 1)) << "at once, and the dotted letter is another one";
   EXPECT_EQ(QApplication::focusWidget(), grid->view()) << "Enter goes to the rows";
+  EXPECT_EQ(grid->currentField(), u"AD"_s);
   press(Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(lines(), allNamesWith({}));
+  EXPECT_EQ(grid->currentField(), u"AD"_s) << "the cursor stays in its column";
+}
+
+TEST(GridConditionsTest, PeriodsBeginOnMondaysAndFirsts) {
+  const struct {
+    QDate today;
+    QStringList texts;
+  } cases[] = {
+      {{2026, 3, 5},
+       {u"05.03.2026"_s, u"04.03.2026"_s, u"02.03.2026..08.03.2026"_s, u"23.02.2026..01.03.2026"_s, u"01.03.2026..31.03.2026"_s,
+        u"01.02.2026..28.02.2026"_s, u"01.01.2026..31.12.2026"_s}},
+      // A Sunday ends its week; in January the month before is another year's.
+      {{2028, 1, 2},
+       {u"02.01.2028"_s, u"01.01.2028"_s, u"27.12.2027..02.01.2028"_s, u"20.12.2027..26.12.2027"_s, u"01.01.2028..31.01.2028"_s,
+        u"01.12.2027..31.12.2027"_s, u"01.01.2028..31.12.2028"_s}},
+  };
+  for (const auto& each : cases) {
+    QStringList texts;
+    for (const GridConditions::Period& period : GridConditions::periods(each.today)) texts += period.text;
+    EXPECT_EQ(texts, each.texts);
+  }
 }
 
 TEST_F(GridTest, SearchCellsStandUnderTheirColumns) {
@@ -196,17 +219,18 @@ TEST_F(GridTest, GroupsWithFootersOverSeveralLevels) {
   show();
   grid->setGroupArea(true);
   grid->setGrouping({u"KISA"_s});
-  EXPECT_EQ(lines(), (QStringList{u"[DURUM: <boş> (1)]"_s, u"[DURUM: AÇIK (3)]"_s, u"[DURUM: KAPALI (2)]"_s}));
+  EXPECT_EQ(lines(), (QStringList{u"[DURUM: <boş> (1)   TUTAR: -5,00 TL]"_s, u"[DURUM: AÇIK (3)   TUTAR: 30,50 TL]"_s,
+                                  u"[DURUM: KAPALI (2)   TUTAR: 1.270,50 TL]"_s})) << "closed groups tell their sums";
   grid->view()->setCurrentLine(1);
   press(Qt::Key_Plus);
-  EXPECT_EQ(lines(u"TUTAR"_s), (QStringList{u"[DURUM: <boş> (1)]"_s, u"[DURUM: AÇIK (3)]"_s, u"10,00"_s, u"20,50"_s, u""_s, u"=30,50 TL"_s,
-                                            u"[DURUM: KAPALI (2)]"_s}));
+  EXPECT_EQ(lines(u"TUTAR"_s), (QStringList{u"[DURUM: <boş> (1)   TUTAR: -5,00 TL]"_s, u"[DURUM: AÇIK (3)]"_s, u"10,00"_s, u"20,50"_s, u""_s,
+                                            u"=30,50 TL"_s, u"[DURUM: KAPALI (2)   TUTAR: 1.270,50 TL]"_s}));
   EXPECT_EQ(lines(u"NO"_s)[5], u"=3 Kayıt"_s);
   picture("grid_grouped");
   // Filtering keeps the groups, and what is open stays open.
   grid->setFilterRow(true);
   grid->setColumnFilter(u"TUTAR"_s, FilterOperator::Greater, u"10"_s);
-  EXPECT_EQ(lines(u"NO"_s), (QStringList{u"[DURUM: AÇIK (1)]"_s, u"3"_s, u"=1 Kayıt"_s, u"[DURUM: KAPALI (2)]"_s}));
+  EXPECT_EQ(lines(u"NO"_s), (QStringList{u"[DURUM: AÇIK (1)]"_s, u"3"_s, u"=1 Kayıt"_s, u"[DURUM: KAPALI (2)   TUTAR: 1.270,50 TL]"_s}));
   grid->clearFilter();
   grid->setGrouping({u"KISA"_s, u"TARIH"_s});
   press(Qt::Key_Plus, Qt::ControlModifier);
@@ -333,6 +357,7 @@ TEST_F(GridTest, AColumnShowsTheTextBehindAKeyAndIsSearchedSortedAndGroupedByIt)
   fill();
   std::vector<GridColumn> shown = columns();
   const QStringList customers{u"ZEKİ"_s, u"ÖMER"_s, u"CAN"_s, u"ÇİÇEK"_s, u"OYA"_s, u"ZEKİ"_s};
+  shown[3].groupSummary = GridSummary::None;
   shown[1].lookUp = [&](const Value& key) { return customers[key.toInteger() - 1]; };
   show(shown);
   grid->setFilterRow(true);

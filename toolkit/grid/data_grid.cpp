@@ -12,9 +12,11 @@
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/grid/group_area.h"
+#include "toolkit/shell/key_state_panel.h"
 
 #include <QBoxLayout>
 #include <QIcon>
+#include <QSet>
 #include <QToolButton>
 
 #include <algorithm>
@@ -143,6 +145,7 @@ void DataGrid::setFilterHandler(std::function<bool(const std::optional<FilterExp
 
 void DataGrid::setEditing(GridEditing editing) {
   editing_ = editing;
+  setProperty(insertKeyTaken, editing != GridEditing::None);
   model_->setEditable(editing != GridEditing::None, editing == GridEditing::NewItemRow);
   view_->setEditTriggers(editing == GridEditing::None ? QAbstractItemView::NoEditTriggers : QAbstractItemView::AnyKeyPressed);
   if (navigator_ == nullptr && editing != GridEditing::None) buildNavigator();
@@ -171,7 +174,36 @@ std::vector<int> DataGrid::selectedRows() const {
   return rows;
 }
 
+bool DataGrid::hasSelectedRow() const {
+  for (const QItemSelectionRange& range : view_->selectionModel()->selection())
+    for (int line = range.top(); line <= range.bottom(); ++line)
+      if (model_->row(line).kind == GridRowKind::Data) return true;
+  return false;
+}
+
 void DataGrid::clearSelection() { view_->clearSelection(); }
+
+/// A row's key as bytes; empty when the query has no key.
+QByteArray DataGrid::keyOf(int row) const {
+  QByteArray key;
+  for (int field = 0; field < query_.fieldCount(); ++field)
+    if (query_.fieldInfo(field).isKey) key += query_.rawCell(row, field).value_or(QByteArrayView()).toByteArray() + '\n';
+  return key;
+}
+
+void DataGrid::keepRecords(const std::function<void()>& read) {
+  const int before = query_.Active() ? currentRow() : -1;
+  const QByteArray current = before < 0 ? QByteArray() : keyOf(before);
+  if (current.isEmpty()) return read();
+  QSet<QByteArray> selected;
+  for (const int row : selectedRows()) selected.insert(keyOf(row));
+  read();
+  if (!query_.Active()) return;
+  int row = 0;
+  while (row < query_.RecordCount() && keyOf(row) != current) ++row;
+  setCurrentRow(row);
+  view_->selectOnly([&](const GridRow& line) { return line.kind == GridRowKind::Data && selected.contains(keyOf(line.index)); });
+}
 
 void DataGrid::deleteSelectedRows() {
   if (model_->isEditingRow() && query_.state() == QueryState::Insert) return model_->cancelRow();

@@ -82,7 +82,13 @@ class DataGrid : public QWidget {
   void goToFirstRow();
   /// Rows of the query that are selected, as shown from top to bottom.
   std::vector<int> selectedRows() const;
+  /// True when a data row is selected; asked while the program is idle.
+  bool hasSelectedRow() const;
   void clearSelection();
+  /// Runs what reads the rows again: cursor and selection stay on their records, which the query's key tells. When the
+  /// record under the cursor is gone, the cursor stays where it was with nothing selected, so that no command meets another
+  /// record unasked.
+  void keepRecords(const std::function<void()>& read);
   /// Deletes the selected rows through the query, one by one. Throws EDatabaseError; rows before the failing one are gone.
   void deleteSelectedRows();
 
@@ -152,6 +158,7 @@ class DataGrid : public QWidget {
   void showFilter();
   void cursorMoved(int line);
   void applyFilter();
+  QByteArray keyOf(int row) const;
   QString inForceText() const;
   void applyOrder();
   void applyGrouping(std::vector<GridSort> levels);

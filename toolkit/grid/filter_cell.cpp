@@ -33,7 +33,15 @@ FilterCell::FilterCell(FilterRow* row, const GridColumn& column, int number, Fie
     line_ = lookUp_->line();
     refreshChoices_ = column.refreshChoices;
     connectGuarded(lookUp_->button(0), &QToolButton::pressed, lookUp_, [this] { refreshChoices(); });
-    connectGuarded(lookUp_, &LookupEdit::entryTaken, this, [this] { choose(FilterOperator::Equal, lookUp_->text()); });
+    connectGuarded(lookUp_, &LookupEdit::entryTaken, this, [this] {
+      // A box that is being left tells of a text that happens to be an entry; nobody has chosen it.
+      if (!line_->hasFocus()) return;
+      choose(FilterOperator::Equal, lookUp_->text());
+      // On to the rows, unless Tab took the entry and goes to the next cell.
+      postGuarded(this, [this] {
+        if (line_->hasFocus()) row_->leave(number_);
+      });
+    });
     lookUp_->setAccessibleName(name);
   } else {
     line_ = new QLineEdit(this);
@@ -141,12 +149,8 @@ bool FilterCell::eventFilter(QObject* watched, QEvent* event) {
         return;
       case Qt::Key_Return:
       case Qt::Key_Enter:
-        if (listOpen) {
-          used = false;
-          return;
-        }
-        row_->edited(number_, {comparison_, line_->text()}, true);
-        row_->leave(number_);
+        used = !listOpen;
+        if (used) goToRows();
         return;
       case Qt::Key_Escape:
         if (line_->text().isEmpty() || listOpen) {
@@ -160,6 +164,11 @@ bool FilterCell::eventFilter(QObject* watched, QEvent* event) {
     }
   });
   return used || QWidget::eventFilter(watched, event);
+}
+
+void FilterCell::goToRows() {
+  row_->edited(number_, {comparison_, line_->text()}, true);
+  row_->leave(number_);
 }
 
 void FilterCell::setSignShown(bool shown) {

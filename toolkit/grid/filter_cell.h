@@ -29,6 +29,7 @@ class FilterCell : public QWidget {
  private:
   void place();
   void refreshChoices();
+  void goToRows();
   void typed(const QString& text, bool atOnce);
   void choose(FilterOperator comparison, const QString& text);
 

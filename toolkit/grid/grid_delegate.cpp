@@ -3,6 +3,7 @@
 #include "base/guard.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
+#include "toolkit/grid/row_colors.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -18,6 +19,17 @@ constexpr int lineEditMargin = 2;  ///< that QLineEdit has of its own
 
 GridDelegate::GridDelegate(GridModel* model, GridView* view) : QStyledItemDelegate(view), model_(model), view_(view) {}
 
+/// The colour that the screen gives a row, made readable; the usual one otherwise.
+QColor GridDelegate::inkOf(int queryRow, const QPalette& colors) const {
+  const QColor own = model_->rowColor(queryRow);
+  if (!own.isValid()) return colors.color(QPalette::Text);
+  if (palette_ != colors.cacheKey()) readable_.clear();
+  palette_ = colors.cacheKey();
+  QColor& readable = readable_[own.rgb()];
+  if (!readable.isValid()) readable = RowColors::readable(own, colors);
+  return readable;
+}
+
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const GridRow line = model_->row(index.row());
   if (line.kind == GridRowKind::Group) return;  // the view paints it over the whole width
@@ -26,11 +38,10 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
   const bool footer = line.kind == GridRowKind::GroupFooter;
   const bool selected = option.state & QStyle::State_Selected && !isCursor && !footer;
   const QPalette& colors = option.palette;
-  const QPalette::ColorGroup group = view_->hasFocus() || selected ? QPalette::Active : QPalette::Inactive;
   if (footer)
     painter->fillRect(option.rect, colors.color(QPalette::Midlight));
   else if (selected)
-    painter->fillRect(option.rect, colors.color(group, QPalette::Highlight));
+    painter->fillRect(option.rect, RowColors::selection(colors));
   else if (isCursor)
     painter->fillRect(option.rect, colors.color(QPalette::Base));  // the style has painted the selected row behind it
   else if (index.row() % 2 == 1)
@@ -47,11 +58,8 @@ void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     painter->setPen(Qt::black);
     painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter, text.left(searched.size()));
   }
-  QColor pen = selected ? colors.color(group, QPalette::HighlightedText) : colors.color(QPalette::Text);
-  if (!selected && line.kind == GridRowKind::Data)
-    if (const QColor own = model_->rowColor(line.index); own.isValid()) pen = own;
   if (!text.isEmpty()) {
-    painter->setPen(pen);
+    painter->setPen(line.kind == GridRowKind::Data ? inkOf(line.index, colors) : colors.color(QPalette::Text));
     const QString whole = QString(text).replace(u'\n', u' ');
     QRect rest = room;
     QString shown = whole;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QStyledItemDelegate>
 
 class GridModel;
@@ -22,6 +23,10 @@ class GridDelegate : public QStyledItemDelegate {
   void setModelData(QWidget* editor, QAbstractItemModel* model, const QModelIndex& index) const override;
 
  private:
+  QColor inkOf(int queryRow, const QPalette& colors) const;
+
   GridModel* model_;
   GridView* view_;
+  mutable QHash<QRgb, QColor> readable_;  ///< colours of rows as they can be read on the palette's backgrounds
+  mutable qint64 palette_ = 0;            ///< that they were worked out for
 };

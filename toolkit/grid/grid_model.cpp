@@ -117,8 +117,12 @@ QString GridModel::groupText(const GridGroup& group) const {
   const auto field = std::find(fields_.begin(), fields_.end(), group.field);
   const int column = field == fields_.end() ? 0 : int(field - fields_.begin());
   const QString text = shownAt(group.sampleRow, column);
-  return u"%1: %2 (%3)"_s.arg(columns_[size_t(column)].caption.trimmed(), text.isEmpty() ? u"<boş>"_s : text,
-                              NumberText::formatted(u",0"_s, group.count));
+  QString line = u"%1: %2 (%3)"_s.arg(columns_[size_t(column)].caption.trimmed(), text.isEmpty() ? u"<boş>"_s : text,
+                                      NumberText::formatted(u",0"_s, group.count));
+  for (int i = 0; i < columnCount() && !group.expanded; ++i)
+    if (columns_[size_t(i)].groupSummary == GridSummary::Sum)
+      line += u"   %1: %2"_s.arg(columns_[size_t(i)].caption.trimmed(), groupFooterText(group, i));
+  return line;
 }
 
 Value GridModel::groupFooterValue(const GridGroup& group, int column) const {
@@ -126,7 +130,7 @@ Value GridModel::groupFooterValue(const GridGroup& group, int column) const {
     case GridSummary::Count:
       return group.count;
     case GridSummary::Sum:
-      return group.sums.value(fieldOf(column));
+      return rows_.groupSum(group, fieldOf(column));
     default:
       return {};
   }
@@ -243,9 +247,7 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
   } catch (const EAbort&) {
     return false;
   } catch (const EUnstorableValue& error) {
-    // The user knows the column by its caption.
-    const QString name = u"\"%1\""_s;
-    Q_EMIT rejected(QString(error.message()).replace(name.arg(error.field()), name.arg(columns_[size_t(index.column())].caption)));
+    Q_EMIT rejected(error.messageFor(columns_[size_t(index.column())].caption));
     return false;
   } catch (const Exception& error) {
     Q_EMIT rejected(error.message());

@@ -41,6 +41,7 @@ class GridModel : public QAbstractTableModel, private QueryListener {
   /// A value as a column shows it.
   QString shown(int column, const Value& value) const;
   QString shownAt(int queryRow, int column) const { return shown(column, valueAt(queryRow, column)); }
+  /// Of a closed group with its sums, as nothing stands under it.
   QString groupText(const GridGroup& group) const;
   /// Text and number under a column in the footer of a group; empty and NULL where nothing stands.
   QString groupFooterText(const GridGroup& group, int column) const;

@@ -168,11 +168,23 @@ void GridPages::paintCells(QPainter& painter, int row, const QRectF& band) const
     const QString& text = texts[qsizetype(column)];
     if (text.isEmpty()) continue;
     const bool toTheRight = columns_[column].alignsRight;
+    size_t first = column;
     size_t behind = column + 1;
-    // A count under a narrow column runs on over the empty ones beside it.
+    // A count or a sum of a narrow column runs on over the empty ones beside it.
     while (isFooter && !toTheRight && behind < columns_.size() && texts[qsizetype(behind)].isEmpty()) ++behind;
-    const QRectF room(lefts_[column] + cellMargin, band.top(), lefts_[behind] - lefts_[column] - 2 * cellMargin, band.height());
-    painter.drawText(room, (toTheRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter | Qt::TextSingleLine,
-                     metrics.elidedText(text, Qt::ElideRight, room.width()));
+    while (isFooter && toTheRight && first > 0 && texts[qsizetype(first) - 1].isEmpty()) --first;
+    const QRectF room(lefts_[first] + cellMargin, band.top(), lefts_[behind] - lefts_[first] - 2 * cellMargin, band.height());
+    const double width = metrics.horizontalAdvance(text);
+    const Qt::Alignment side = (toTheRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+    if (!isFooter || width <= room.width()) {
+      painter.drawText(room, int(side) | Qt::TextSingleLine, metrics.elidedText(text, Qt::ElideRight, room.width()));
+      continue;
+    }
+    // What still finds no room is drawn narrower: a sum that was cut would read as another one.
+    painter.save();
+    painter.translate(room.topLeft());
+    painter.scale(room.width() / width, 1);
+    painter.drawText(QRectF(0, 0, width, room.height()), int(side) | Qt::TextSingleLine, text);
+    painter.restore();
   }
 }

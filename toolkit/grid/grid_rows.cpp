@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <numeric>
+#include <utility>
 
 namespace {
 
@@ -190,15 +191,26 @@ void GridRows::addLevel(std::vector<int>& rows, size_t level, const QByteArray& 
   for (std::vector<int>& member : members) {
     const QByteArray ownPath = path + keyOf(member.front(), field);
     const int number = int(groups_.size());
-    groups_.push_back({int(level), field, member.front(), int(member.size()), isExpanded(ownPath), ownPath, {}});
+    groups_.push_back({int(level), field, member.front(), int(member.size()), isExpanded(ownPath), ownPath});
     lines_.push_back({GridRowKind::Group, quint8(level), number});
-    if (!groups_.back().expanded) continue;
-    for (const QString& summed : sumFields_)
-      if (const int sumField = query_->fieldIndex(summed); sumField >= 0)
-        groups_[size_t(number)].sums.insert(sumField, sumOf(*query_, member, sumField));
+    if (!groups_.back().expanded) {
+      groups_.back().rows = std::move(member);
+      continue;
+    }
+    sumUp(groups_.back(), member);
     addLevel(member, level + 1, ownPath);
     if (footers_) lines_.push_back({GridRowKind::GroupFooter, quint8(level), number});
   }
+}
+
+void GridRows::sumUp(const GridGroup& group, const std::vector<int>& rows) const {
+  for (const QString& summed : sumFields_)
+    if (const int field = query_->fieldIndex(summed); field >= 0) group.sums.insert(field, sumOf(*query_, rows, field));
+}
+
+double GridRows::groupSum(const GridGroup& group, int field) const {
+  if (!group.rows.empty()) sumUp(group, std::exchange(group.rows, {}));
+  return group.sums.value(field);
 }
 
 QByteArray GridRows::keyOf(int queryRow, int field) const {

@@ -24,7 +24,8 @@ struct GridGroup {
   int count = 0;       ///< rows in it
   bool expanded = false;
   QByteArray path;     ///< tells it from all other groups, also after the rows were read again
-  QHash<int, double> sums;  ///< per summed field, of an open group
+  mutable QHash<int, double> sums = {};  ///< per summed field; see GridRows::groupSum
+  mutable std::vector<int> rows = {};    ///< of a closed group whose sums were not asked for yet
 };
 
 /// Which lines a grid shows over a query's rows: sorted in memory, in groups, with a line for a new row. Without sorting and
@@ -75,6 +76,8 @@ class GridRows {
   bool hasNewItemRow() const { return newItemRow_; }
   bool isGrouped() const { return !levels_.empty(); }
   const GridGroup& group(int number) const { return groups_[size_t(number)]; }
+  /// Sum of a field of the query over a group's rows; 0 for one that is not summed.
+  double groupSum(const GridGroup& group, int field) const;
 
   void setExpanded(int group, bool expanded);
   void setAllExpanded(bool expanded);
@@ -84,6 +87,7 @@ class GridRows {
  private:
   QByteArray keyOf(int queryRow, int field) const;
   const ShownText* shownTextOf(int field) const;
+  void sumUp(const GridGroup& group, const std::vector<int>& rows) const;
   QString shownAt(int queryRow, int field) const;
   std::vector<int> ranksOf(const std::vector<int>& rows, int field) const;
   void sortRows(std::vector<int>& rows) const;

@@ -9,6 +9,7 @@
 #include "toolkit/grid/grid_delegate.h"
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/grid_model.h"
+#include "toolkit/grid/row_colors.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -104,7 +105,7 @@ std::vector<int> GridView::shownColumns() const {
 }
 
 int GridView::currentColumn() const {
-  const int column = currentIndex().column();
+  const int column = currentIndex().isValid() ? currentIndex().column() : lastColumn_;
   if (column >= 0 && !isColumnHidden(column)) return column;
   const auto columns = shownColumns();
   return columns.empty() ? 0 : columns.front();
@@ -114,6 +115,19 @@ void GridView::setCurrentLine(int line) {
   const QModelIndex index = model_->index(line, currentColumn());
   selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
   scrollTo(index);
+}
+
+void GridView::selectOnly(const std::function<bool(const GridRow& line)>& isWanted) {
+  QItemSelection lines;
+  const int last = model_->columnCount() - 1;
+  for (int line = 0; line < model_->rowCount(); ++line) {
+    if (!isWanted(model_->row(line))) continue;
+    int end = line;
+    while (end + 1 < model_->rowCount() && isWanted(model_->row(end + 1))) ++end;
+    lines.append(QItemSelectionRange(model_->index(line, 0), model_->index(end, last)));
+    line = end;
+  }
+  selectionModel()->select(lines, QItemSelectionModel::ClearAndSelect);
 }
 
 std::vector<int> GridView::selectedLines() const {
@@ -188,7 +202,7 @@ void GridView::paintEvent(QPaintEvent* event) {
     if (model_->rows().hasNewItemRow() && model_->rows().hiddenRow() < 0 && !editsNewItem) {
       const QRect row(0, rowViewportPosition(0), viewport()->width(), rowHeight(0));
       const bool current = currentIndex().row() == 0 && selectionModel()->isSelected(currentIndex());
-      painter.setPen(palette().color(current ? QPalette::HighlightedText : QPalette::PlaceholderText));
+      painter.setPen(palette().color(current ? QPalette::Text : QPalette::PlaceholderText));
       painter.drawText(row.adjusted(6, 0, -6, 0), Qt::AlignLeft | Qt::AlignVCenter, GridModel::newItemHint());
     }
     if (model_->rowCount() == (model_->rows().hasNewItemRow() ? 1 : 0)) {
@@ -212,8 +226,8 @@ void GridView::paintGroups(QPainter& painter) {
     if (row.kind != GridRowKind::Group) continue;
     const QRect band(0, rowViewportPosition(line), viewport()->width(), rowHeight(line) - 1);
     const bool selected = selectionModel()->isRowSelected(line, {});
-    painter.fillRect(band, palette().color(selected ? QPalette::Highlight : QPalette::Midlight));
-    const QColor ink = palette().color(selected ? QPalette::HighlightedText : QPalette::Text);
+    painter.fillRect(band, selected ? RowColors::selection(palette()) : palette().color(QPalette::Midlight));
+    const QColor ink = palette().color(QPalette::Text);
     const int left = 6 + row.level * indent;
     const QRect sign(left, band.center().y() - signSize / 2, signSize, signSize);
     painter.setPen(ink);
@@ -266,6 +280,7 @@ void GridView::currentChanged(const QModelIndex& current, const QModelIndex& pre
   QTableView::currentChanged(current, previous);
   guarded(this, [&] {
     if (!moving_) endSearch();
+    if (current.isValid()) lastColumn_ = current.column();
     if (current.row() != previous.row()) Q_EMIT currentLineChanged(current.row());
   });
 }

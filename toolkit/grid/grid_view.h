@@ -3,10 +3,12 @@
 #include <QPointer>
 #include <QTableView>
 
+#include <functional>
 #include <vector>
 
 class GridHeader;
 class GridModel;
+struct GridRow;
 
 /// The rows of a grid: paints them, moves the cursor, searches as the user types, edits in place.
 class GridView : public QTableView {
@@ -18,11 +20,13 @@ class GridView : public QTableView {
   void setEmptyText(const QString& text);
   /// Line under the cursor; -1 when there is none.
   int currentLine() const { return currentIndex().row(); }
-  /// Column under the cursor, the first visible one when there is none.
+  /// Column under the cursor or where it last stood, the first visible one when there is none.
   int currentColumn() const;
   /// Visible columns from left to right.
   std::vector<int> shownColumns() const;
   void setCurrentLine(int line);
+  /// Selects the lines that are wanted and no other; the cursor stays.
+  void selectOnly(const std::function<bool(const GridRow& line)>& isWanted);
   /// Selected lines from top to bottom.
   std::vector<int> selectedLines() const;
   /// The selected data rows as text that a spreadsheet takes: columns parted by tabs, rows by line breaks.
@@ -82,6 +86,7 @@ class GridView : public QTableView {
   QString emptyText_ = QStringLiteral("<Kayıt yok!>");
   QString searched_;
   bool moving_ = false;  ///< the search itself moves the cursor
+  int lastColumn_ = -1;  ///< outlives a model that is read again
   QString refusal_;
   QPointer<QWidget> refusedEditor_;
 };

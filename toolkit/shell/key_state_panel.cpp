@@ -3,8 +3,8 @@
 #include "base/guard.h"
 #include "base/platform/keyboard_state.h"
 
+#include <QApplication>
 #include <QBoxLayout>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLabel>
 
@@ -33,6 +33,13 @@ void KeyStatePanel::refresh() {
   insert_->setText(overwrite_ ? u"OVR"_s : u"INS"_s);
 }
 
+/// True while the keyboard is in a control that has work of its own for the key.
+bool KeyStatePanel::isInsertTaken() {
+  for (const QWidget* each = QApplication::focusWidget(); each != nullptr; each = each->parentWidget())
+    if (each->property(insertKeyTaken).toBool()) return true;
+  return false;
+}
+
 void KeyStatePanel::setOn(QLabel* label, bool on) { label->setEnabled(on); }
 
 /// Looks at the keys once each, as they reach a window of the program.
@@ -44,7 +51,7 @@ bool KeyStatePanel::eventFilter(QObject* watched, QEvent* event) {
     const bool pressed = event->type() == QEvent::KeyPress && !key->isAutoRepeat();
     switch (key->key()) {
       case Qt::Key_Insert:
-        if (pressed && (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier) overwrite_ = !overwrite_;
+        if (pressed && (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier && !isInsertTaken()) overwrite_ = !overwrite_;
         [[fallthrough]];
       case Qt::Key_CapsLock:
       case Qt::Key_NumLock:
