@@ -183,6 +183,7 @@ TEST_F(SlipBrowserTest, FirmsAreReadAnewWhenTheirListDropsDown) {
               press(Qt::Key_Down);
               press(Qt::Key_Return);
               EXPECT_EQ(shown(), u"1"_s);
+              EXPECT_EQ(browser.focusWidget(), grid().view()) << "a taken entry goes on to the rows";
               grid().clearFilter();
               grid().setCurrentRow(2);
               // The key chooses slips here as well, it does not open the list.
@@ -190,6 +191,25 @@ TEST_F(SlipBrowserTest, FirmsAreReadAnewWhenTheirListDropsDown) {
               press(Qt::Key_F4);
             }),
             QStringList{third});
+}
+
+// A text that happens to be a firm's whole name stays what it was when the rows are clicked at.
+TEST_F(SlipBrowserTest, AFirmsSearchCellThatIsLeftStaysAsItWas) {
+  run(u"INSERT INTO teknikservis (TS_NO, TS_DISSERVIS) VALUES ('1', 'FİRMA'), ('2', 'FİRMA 2')");
+  run(u"INSERT INTO disservis (DS_AD) VALUES ('FİRMA')");
+  whileOpen([&] {
+    grid().setColumnVisible(u"TS_DISSERVIS"_s, true);
+    const int column = grid().model()->columnOf(u"TS_DISSERVIS"_s);
+    auto* firms = browser.findChild<QWidget*>(u"TS_DISSERVIS_filter"_s)->findChild<LookupEdit*>();
+    firms->line()->setFocus();
+    SlipFormTest::type(u"FİRMA"_s);
+    firms->closeUp();
+    QTest::mouseClick(grid().view()->viewport(), Qt::LeftButton, {}, grid().view()->visualRect(grid().model()->index(1, column)).center());
+    EXPECT_EQ(browser.focusWidget(), grid().view());
+    EXPECT_EQ(grid().filterRow()->condition(column).comparison, FilterOperator::Contains);
+    QTest::qWait(2 * FilterRow::pauseMs);
+    EXPECT_EQ(shown(), u"1 2"_s);
+  });
 }
 
 TEST_F(SlipBrowserTest, GroupsAndSumsReadAsTheyShouldAndGoWithTheLayout) {

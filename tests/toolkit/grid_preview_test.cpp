@@ -72,9 +72,13 @@ TEST(GridPagesTest, ASumIsNeverCut) {
     footer.kind = ContentRowKind::Footer;
     footer.cells = {neighbours > 1 ? u"1"_s : QString(), neighbours > 0 ? u"5"_s : QString(), sum};
     content.rows = {footer};
-    QImage paper(GridPages::paperSize().toSize(), QImage::Format_RGB32);
+    const GridPages pages(content, {}, QApplication::font());
+    const double scale = 96 / 25.4;
+    QImage paper((pages.pageSize(0) * scale).toSize(), QImage::Format_RGB32);
+    paper.fill(Qt::white);
     QPainter painter(&paper);
-    GridPages(content, {}, QApplication::font()).paint(painter, 0);
+    painter.scale(scale, scale);
+    pages.paint(painter, 0, false);
     return paper;
   };
   for (const int neighbours : {0, 1, 2})
