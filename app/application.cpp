@@ -110,7 +110,9 @@ void fillPorts() {
     if (fSMS != nullptr) fSMS->LoadParams();
     if (fEPOSTA != nullptr) fEPOSTA->LoadParams();
   };
-  all.openBulkSms = [](const QString& numbers) { smsYollaForm->Giris(numbers); };
+  all.openBulkSms = [](const QString& numbers) {
+    if (smsYollaForm != nullptr) smsYollaForm->Giris(numbers);
+  };
   all.openServiceTypes = [] {
     if (fServisTip != nullptr) fServisTip->qServisTip.Open();
   };

@@ -63,17 +63,37 @@ TfSozlesme::TfSozlesme(QWidget* parent)
   grid()->setFilterBoxOnTop();
   const QString deleteCaption = u"F6 » Kayıt Sil"_s;
   // The right to delete is the right to add as well: meant. The captions of the first two name keys that are not bound: meant.
-  const CardCommand aEkle{u"aEkle"_s, u"F3 » Kayıt Ekle"_s, u"list-add"_s, {},
-                          [this] { insertCard([] { fSozlesmeEkle->Insert(); }); }, deleteCaption, false};
-  const CardCommand aDuzelt{u"aDuzelt"_s, u"F4 » Kayıt Düzelt"_s, u"document-edit"_s, {},
-                            atRow([] { fSozlesmeEkle->Edit(); }), u"F4 » Kayıt Düzelt"_s};
-  const CardCommand aFisSil{u"aFisSil"_s, deleteCaption, u"edit-delete"_s, Qt::Key_F6, atRow([this] { deleteContract(); }), deleteCaption};
+  const CardCommand aEkle{.name = u"aEkle"_s,
+                          .caption = u"F3 » Kayıt Ekle"_s,
+                          .icon = u"list-add"_s,
+                          .work = [this] { insertCard([] { fSozlesmeEkle->Insert(); }); },
+                          .right = deleteCaption,
+                          .needsRows = false};
+  const CardCommand aDuzelt{.name = u"aDuzelt"_s,
+                            .caption = u"F4 » Kayıt Düzelt"_s,
+                            .icon = u"document-edit"_s,
+                            .work = [] { fSozlesmeEkle->Edit(); },
+                            .right = u"F4 » Kayıt Düzelt"_s,
+                            .needsRow = true};
+  const CardCommand aFisSil{.name = u"aFisSil"_s,
+                            .caption = deleteCaption,
+                            .icon = u"edit-delete"_s,
+                            .key = Qt::Key_F6,
+                            .work = [this] { deleteContract(); },
+                            .right = deleteCaption,
+                            .needsRow = true,
+                            .alsoNeeds = [this] { return grid()->hasSelectedRow(); }};
   // These titles are the slip list's: meant.
   CardCommand aYazdir = printCommand(u"F9 » Yazdır"_s, {u"Servis Fişleri Raporu"_s, u"Servis Fişleri"_s});
   aYazdir.right.clear();
   addCommands({aEkle, aDuzelt, aFisSil, refreshCommand(), aYazdir}, u"aDuzelt"_s);
-  addRowCommand({u"actSozlesme"_s, u"Sözleşme Yazdır"_s, u"document-print"_s, {}, atRow([this] { printLetter(); }),
-                 u"Sözleşme Yazdır"_s, true, [this] { return bool(printLetter); }});
+  addRowCommand({.name = u"actSozlesme"_s,
+                 .caption = u"Sözleşme Yazdır"_s,
+                 .icon = u"document-print"_s,
+                 .work = [this] { printLetter(); },
+                 .right = u"Sözleşme Yazdır"_s,
+                 .needsRow = true,
+                 .alsoNeeds = [this] { return bool(printLetter); }});
   fSozlesme = this;
 }
 

@@ -69,8 +69,11 @@ void ContractsRoad::addContract(ScreenHands& hands) {
   hands.waitFor(u"customer taken"_s, [] {
     return QApplication::activePopupWidget() == nullptr && fSozlesmeEkle->box(u"TS_MUSTERI"_s)->text() == u"ÇİĞDEM ÖZTÜRK"_s;
   });
-  type(hands, u"BAS_TAR"_s, daysFromNow(-30));
-  type(hands, u"BIT_TAR"_s, daysFromNow(335));
+  hands.press({u"Return"_s});
+  for (const int days : {-30, 335}) {
+    hands.type(daysFromNow(days));
+    hands.press({u"Return"_s});
+  }
   type(hands, u"TUTAR"_s, u"2400"_s);
   type(hands, u"MESAFE"_s, u"18"_s);
   type(hands, u"HAT_TAR"_s, daysFromNow(0));

@@ -87,6 +87,9 @@ void DataGrid::build(const QString& caption) {
   connectGuarded(view_, &GridView::appendAsked, this, [this] { addRow(); });
   connectGuarded(model_, &GridModel::rejected, this, [this](const QString& message) { Q_EMIT rejected(message); });
   connectGuarded(model_, &QAbstractItemModel::modelReset, this, [this] { rowsRead(); });
+  connectGuarded(model_, &QAbstractItemModel::rowsRemoved, this, [this] {
+    if (!hasSelectedRow() && view_->currentLine() >= 0) view_->setCurrentLine(view_->currentLine());
+  });
   connectGuarded(model_, &GridModel::summariesChanged, this, [this] { showFilter(); });
 }
 
