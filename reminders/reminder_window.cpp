@@ -24,6 +24,7 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QToolButton>
 
@@ -132,6 +133,12 @@ void TfHatirlaForm::buildPages() {
   keepUpdated(this, Action2, [this] { return !qServis.IsEmpty(); });
   connectGuarded(aGuncelle, &QAction::triggered, this, [this] { qBakim.Refresh(); });
   connectGuarded(aYazdir, &QAction::triggered, this, [this] { preview(*tvBakim, u"Günlük Bakım Listesi"_s, u"GunlukBakimListesi"_s); });
+  for (const auto& [key, by] : {std::pair(Qt::Key_PageUp, -1), std::pair(Qt::Key_PageDown, 1)}) {
+    auto* turn = new QShortcut(Qt::CTRL | key, this);
+    connectGuarded(turn, &QShortcut::activated, this, [this, step = by] {
+      RzPageControl1->setCurrentIndex(std::clamp(RzPageControl1->currentIndex() + step, 0, RzPageControl1->count() - 1));
+    });
+  }
   connectGuarded(RzPageControl1, &QTabWidget::currentChanged, this, [this] { RzPageControl1Change(); });
   // Both grids stand on the same rows, so that they have one current row.
   connectGuarded(tvDisServis, &DataGrid::currentRowChanged, this, [this](int row) {
