@@ -13,7 +13,7 @@ void AutoRefresh::setOn(bool on) { on ? timer_.start() : timer_.stop(); }
 void AutoRefresh::setInterval(std::chrono::milliseconds interval) { timer_.setInterval(interval); }
 
 void AutoRefresh::tick() {
-  if (holds_ > 0 || query_.state() != QueryState::Browse || query_.UpdatesPending()) return;
+  if (holds_ > 0 || query_.connection().isBusy() || query_.state() != QueryState::Browse || query_.UpdatesPending()) return;
   try {
     query_.refreshIfChanged();
     isTold_ = false;

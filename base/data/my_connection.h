@@ -60,6 +60,9 @@ class TMyConnection {
   /// Most bytes of a statement that the server takes; 0 when the connection is not open.
   quint64 packetLimit() const { return packetLimit_; }
 
+  /// True while a statement is under way: events that come meanwhile must not run another one.
+  bool isBusy() const { return busy_; }
+
   /// Statements sent since the program started, each one round trip.
   quint64 roundTrips() const { return roundTrips_; }
 

@@ -119,6 +119,7 @@ class TMyQuery {
   /// the same key.
   void refreshIfChanged();
   AutoRefresh& autoRefresh();
+  const TMyConnection& connection() const { return connection_; }
   /// Re-reads the current row by its key. Throws EDatabaseError "Refresh failed. Found 0 records" when it is gone.
   void RefreshRecord();
 

@@ -1,4 +1,5 @@
 #include "app/ports.h"
+#include "base/data/server_wait.h"
 #include "base/date_text.h"
 #include "base/environment.h"
 #include "reminders/reminder_window.h"
@@ -134,6 +135,17 @@ TEST_F(ReminderWindowTest, TheSlipsAreReadAgainByThemselvesAndALostServerIsToldO
     EXPECT_EQ(numbers(), "100 103");
   }
   EXPECT_TRUE(QTest::qWaitFor([this] { return numbers() == "103"; }));
+  struct Painting : WaitObserver {  // as the program does while the server lets it wait
+    void waitBegins() override {}
+    void waiting() override { QCoreApplication::processEvents(); }
+    void waitEnds() override {}
+  } painting;
+  setWaitObserver(&painting);
+  TMyQuery slow(DM->MySQL, u"slow"_s);
+  slow.SQL.setText(u"select sleep(1)"_s);
+  slow.Open();
+  setWaitObserver(nullptr);
+  EXPECT_TRUE(unhandled.isEmpty());
   cutConnection();
   QTest::qWait(200);
   EXPECT_EQ(std::exchange(unhandled, {}).size(), 1);
