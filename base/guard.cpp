@@ -23,12 +23,12 @@ struct KeptWork {
 };
 
 std::vector<KeptWork>& keptWorks() {
-  static std::vector<KeptWork> works;
+  thread_local std::vector<KeptWork> works;
   return works;
 }
 
 int& pauses() {
-  static int count = 0;
+  thread_local int count = 0;
   return count;
 }
 

@@ -27,7 +27,8 @@ void guarded(QObject* sender, Work&& work) noexcept {
 }
 
 /// While one lives, events may be handled in the middle of other work, such as waiting for the server: slots connected by
-/// connectGuarded and works posted by postGuarded are kept, and run in their order from the event loop when it ends.
+/// connectGuarded and works posted by postGuarded are kept, and run in their order from the event loop when it ends. It holds
+/// for its own thread alone.
 class GuardedPause {
  public:
   GuardedPause();

@@ -1,4 +1,5 @@
 // The clients against the simulator: what goes over the wire and what a badly behaved counterpart comes to.
+#include "base/guard.h"
 #include "comm/http_client.h"
 #include "comm/mail_sequences.h"
 #include "comm/sms_gateways.h"
@@ -173,9 +174,13 @@ TEST_F(Clients, WindowPaintsDuringAnExchange) {
   simulator.behave(Service::Form, {Mood::Normal, {}, 200});
   const int painted = window.paints;
   QTimer::singleShot(50, &window, [&window] { window.update(); });
+  bool hasRun = false;
+  postGuarded(&window, [&hasRun] { hasRun = true; });
   const HttpAnswer answer = resultWhileWaiting([&] { return client.exchange(FormSms::sendersRequest(addresses, account)); });
   EXPECT_EQ(answer.status, 200);
   EXPECT_GT(window.paints, painted);
+  EXPECT_FALSE(hasRun);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return hasRun; }, 5000));
   EXPECT_THROW(runWhileWaiting([] { throw ENetworkError(u"x"_s); }), ENetworkError);
 }
 

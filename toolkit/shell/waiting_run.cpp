@@ -1,5 +1,7 @@
 #include "toolkit/shell/waiting_run.h"
 
+#include "base/guard.h"
+
 #include <QApplication>
 #include <QEventLoop>
 #include <QThread>
@@ -40,6 +42,7 @@ void runWhileWaiting(const std::function<void()>& work) {
       error = std::current_exception();
     }
   }));
+  const GuardedPause pause;
   const CloseRefusal refusal;
   const Hourglass hourglass;
   QEventLoop loop;
