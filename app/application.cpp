@@ -28,6 +28,7 @@
 #include "service/ffoto_unit.h"
 #include "service/fservisfissecUnit.h"
 #include "service/slip_hooks.h"
+#include "service/slip_printing.h"
 #include "service/slip_windows.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/shell/wait_panel.h"
@@ -106,6 +107,11 @@ void fillPorts() {
     fSirket->qSirket.Open();
     fSirket->SirketYukle();
   };
+  all.companyText = [](const QString& column) {
+    const auto* box = fSirket != nullptr ? fSirket->findChild<EditBox*>(column) : nullptr;
+    return box != nullptr ? box->text() : QString();
+  };
+  all.report = [] { return fKvb != nullptr ? fKvb->frxReport1.get() : nullptr; };
   all.loadMessageSettings = [] {
     if (fSMS != nullptr) fSMS->LoadParams();
     if (fEPOSTA != nullptr) fEPOSTA->LoadParams();
@@ -120,6 +126,8 @@ void fillPorts() {
     if (fHatirlaForm != nullptr) fHatirlaForm->Show();
   };
   SlipHooks& hooks = slipHooks();
+  hooks.printReceipt = SlipPrinting::printReceipt;
+  hooks.printLabel = SlipPrinting::printLabel;
   hooks.sendIntakeSms = SlipNotices::sendIntakeSms;
   hooks.sendCompletionSms = SlipNotices::sendCompletionSms;
   hooks.sendCompletionMail = SlipNotices::sendCompletionMail;

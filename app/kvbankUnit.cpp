@@ -15,6 +15,7 @@
 #include "app/quendUtils.h"
 #include "app/slip_frame.h"
 #include "app/Unit14.h"
+#include "toolkit/report/report.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/text_edit.h"
@@ -90,6 +91,7 @@ TfKvb::TfKvb(const QStringList& arguments)
     if (RzTrayIcon1 != nullptr) RzTrayIcon1->setIcon(QApplication::windowIcon());
   });
   connectGuarded(Timer1, &QTimer::timeout, this, [this] { timer1Timer(); });
+  frxReport1 = std::make_unique<Report>();
   formCreate(arguments);
   children_->setFocus();  // not to the first button of the ribbon, which Space would press
 }

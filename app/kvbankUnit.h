@@ -16,6 +16,7 @@ class QLabel;
 class QMdiSubWindow;
 class QSystemTrayIcon;
 class QTimer;
+class Report;
 class Ribbon;
 class TQuendUtil;
 
@@ -33,6 +34,7 @@ class TfKvb : public QMainWindow {
   QLabel* dxBarStatic1 = nullptr;          ///< user name
   QLabel* dxBarStatic2 = nullptr;          ///< server name
 
+  std::unique_ptr<Report> frxReport1;      ///< of receipts, labels and letters; each print loads its template into it
   CheckTree Yetkitree;                     ///< the rights; nothing fills it, so that all but the master account have none
 
   /// Shows editor as a child window with a tab and makes it the active one; an editor that has its window keeps it. The

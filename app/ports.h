@@ -8,6 +8,7 @@
 
 class CheckTree;
 class QWidget;
+class Report;
 
 template <class Signature>
 class Port;
@@ -52,6 +53,8 @@ struct Ports {
   Port<QList<QWidget*>()> childWindows;
   /// Runs work in the frame of a slip window that comes up: nothing is painted, the hourglass stands as cursor.
   Port<void(const std::function<void()>& work)> inSlipFrame;
+  /// The one report that all papers are made of; null while there is no workspace.
+  Port<Report*()> report;
   /// The status bar's first panel.
   Port<void(const QString& text)> setStatusText;
 
@@ -66,6 +69,8 @@ struct Ports {
   // Company and cards
   /// Reads the shop's own data into the boxes that receipts and letters take it from.
   Port<void()> openCompany;
+  /// Text of one of its boxes by the column's name.
+  Port<QString(const QString& column)> companyText;
   /// Reads the service types that every slip chooses from.
   Port<void()> openServiceTypes;
 

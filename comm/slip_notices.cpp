@@ -53,12 +53,17 @@ bool sendSms(SlipScreen& slip, const MemoEdit* messageTemplate, const QListWidge
 
 }  // namespace
 
-bool SlipNotices::sendIntakeSms(SlipScreen& slip) { return sendSms(slip, fSMS->smsMESAJAK, fSMS->ParamList); }
-bool SlipNotices::sendCompletionSms(SlipScreen& slip) { return sendSms(slip, fSMS->SmsMesajTam, fSMS->ParamList2); }
+bool SlipNotices::sendIntakeSms(SlipScreen& slip) {
+  return fSMS == nullptr || sendSms(slip, fSMS->smsMESAJAK, fSMS->ParamList);
+}
+
+bool SlipNotices::sendCompletionSms(SlipScreen& slip) {
+  return fSMS == nullptr || sendSms(slip, fSMS->SmsMesajTam, fSMS->ParamList2);
+}
 
 void SlipNotices::sendCompletionMail(SlipScreen& slip) {
   const QString recipient = slip.text(mailAddress);
-  if (recipient.isEmpty() || !fParametreler->isChecked(ParameterFiles::NotifyByMail)) return;
+  if (fEPOSTA == nullptr || recipient.isEmpty() || !fParametreler->isChecked(ParameterFiles::NotifyByMail)) return;
   const MailSettings account = fEPOSTA->settings();
   if (const QString refusal = MailSequences::noticeRefusal(account, recipient); !refusal.isEmpty()) {
     QuendUtil->ErrorMesaj(slip.dialogOwner(), refusal);

@@ -218,6 +218,10 @@ void TfServisFis::QuendHint(QWidget* control, int, const QString& text) { balloo
 
 QString TfServisFis::text(const QString& column) const { return fields_->text(column); }
 
+QString TfServisFis::noteText() const { return note_->text(); }
+
+int TfServisFis::statusIndex() const { return fields_->edit<ComboEdit>(u"TS_TURU"_s)->itemIndex(); }
+
 QWidget* TfServisFis::control(const QString& column) const { return fields_->frame(column); }
 
 void TfServisFis::closeWindow() {

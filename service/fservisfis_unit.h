@@ -50,6 +50,9 @@ class TfServisFis : public QWidget, public SlipScreen {
   void setOutsideService(const OutsideService& service, const QString& hint);
   /// Text of a column's box on the first page.
   QString text(const QString& column) const override;
+  QString noteText() const override;
+  int statusIndex() const override;
+  const TMyQuery& lines() const override { return qMalzeme; }
   QWidget* dialogOwner() override { return this; }
 
   QSize sizeHint() const override;

@@ -4,7 +4,7 @@
 
 class QString;
 class QWidget;
-class TfServisFis;
+class TMyQuery;
 
 /// A slip on the screen, as other subsystems see it.
 class SlipScreen {
@@ -15,6 +15,12 @@ class SlipScreen {
   virtual QWidget* control(const QString& column) const = 0;
   /// Shows a balloon beside control; nothing happens while one is up. column: of a table, unused by other controls.
   virtual void QuendHint(QWidget* control, int column, const QString& text) = 0;
+  /// The note, which stands on a page of its own.
+  virtual QString noteText() const = 0;
+  /// Place of the status in the list that is offered; -1 for none of it.
+  virtual int statusIndex() const = 0;
+  /// The parts, with those that are not saved yet.
+  virtual const TMyQuery& lines() const = 0;
   /// What dialogs stand over.
   virtual QWidget* dialogOwner() = 0;
 
@@ -34,10 +40,10 @@ struct SlipHooks {
   /// A slip with a reminder of today was written.
   std::function<void()> refreshReminderList;
 
-  std::function<void(TfServisFis&)> printReceipt;
-  std::function<void(TfServisFis&)> designReceipt;
-  std::function<void(TfServisFis&)> printLabel;
-  std::function<void(TfServisFis&)> designLabel;
+  std::function<void(SlipScreen&)> printReceipt;
+  std::function<void(SlipScreen&)> designReceipt;
+  std::function<void(SlipScreen&)> printLabel;
+  std::function<void(SlipScreen&)> designLabel;
 };
 
 SlipHooks& slipHooks();

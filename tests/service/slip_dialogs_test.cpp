@@ -250,7 +250,7 @@ TEST_F(SlipDialogsTest, OtherSubsystemsHaveTheirPlacesInTheSave) {
   };
   slipHooks().sendCompletionMail = [&](SlipScreen&) { steps.append(u"mail "_s + stored()); };
   ports().openSerialStatistics = [&](const QString& serial) { steps.append(u"statistics "_s + serial); };
-  slipHooks().printReceipt = [&](TfServisFis& slip) { steps.append(u"receipt "_s + slip.text(u"TS_NO"_s)); };
+  slipHooks().printReceipt = [&](SlipScreen& slip) { steps.append(u"receipt "_s + slip.text(u"TS_NO"_s)); };
 
   smsArrives = false;
   TfServisFis* slip = filledSlip(u"100"_s);

@@ -1,0 +1,78 @@
+#include "app/company_card.h"
+#include "app/quendUtils.h"
+#include "tests/service/slip_form_fixture.h"
+#include "toolkit/edits/combo_edit.h"
+#include "toolkit/report/paged_document.h"
+#include "toolkit/report/report.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class SlipPrintingTest : public SlipFormTest {
+ protected:
+  SlipPrintingTest() {
+    QuendUtil->programFolder = folder.path() + u'/';
+    QDir(folder.path()).mkpath(u"rapor/barkod"_s);
+  }
+  void writeTemplate(const QString& name, const QString& texts) {
+    QFile file(folder.filePath(u"rapor/"_s + name));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write((u"<report version=\"1\"><page name=\"S\"><band name=\"B\" height=\"60\">"_s + texts + u"</band></page></report>"_s).toUtf8());
+  }
+  /// True when the prepared report shows the word.
+  bool shows(const QString& word) {
+    const ReportPagedDocument pages(workspace.frxReport1->prepare());
+    return !pages.find(0, word).empty();
+  }
+  static QString line(const QString& expression) {
+    return u"<text width=\"180\" height=\"6\">%1</text>"_s.arg(expression);
+  }
+};
+
+}  // namespace
+
+TEST_F(SlipPrintingTest, TheReceiptTakesWhatStandsOnTheScreen) {
+  TfSirket company;
+  ports().openCompany();
+  company.findChild<EditBox*>(u"SIRKET_ADI"_s)->setText(u"TORVANE ŞİŞLİ"_s);
+  TfServisFis* slip = filledSlip(u"700"_s);
+  EXPECT_FALSE(slip->MakbuzBask1->isEnabled());
+  addLine(slip, u"KAYIŞ"_s, u"2"_s, u"12,5"_s);
+  save(slip);
+  ASSERT_TRUE(slip->MakbuzBask1->isEnabled());
+  slip->MakbuzBask1->trigger();
+  EXPECT_EQ(dialogs.texts, QStringList{u"Rapor dosyası bulunamadı."_s});
+
+  writeTemplate(u"0.fr3"_s, line(u"A[FIS_NO]B[CIHAZ_TANIMI]C[TAMIR_TUTAR]D[SERVIS_TUTAR * 2]E[SIRKET_ADI]F[NOTLAR]G[TOPLA(Malzeme.MZ_TUTAR)]H"_s) +
+                                u"<barcode name=\"FIS_NO_BARKOD1\" top=\"20\" width=\"50\" height=\"10\"/>"_s);
+  box(slip, u"TS_SERVIS_TUTAR"_s)->setText(u"1.250,50"_s);
+  box(slip, u"TS_TUTAR"_s)->setText({});
+  box(slip, u"TS_C_AD"_s)->setText(u"ÇAY \"OCAĞI\" [X]"_s);  // not saved: it prints all the same
+  note(slip)->setText(u"SATIR"_s);
+  parameters.VarsayilanPrinterCopyNum->setText(u"abc"_s);
+  slip->MakbuzBask1->trigger();
+  EXPECT_TRUE(shows(u"A700BÇAY \"OCAĞI\" [X]CD2501ETORVANE ŞİŞLİFSATIRG12,5H"_s)) << workspace.frxReport1->prepare().faults.size();
+  EXPECT_EQ(workspace.frxReport1->copies, 1);
+  EXPECT_EQ(dialogs.texts.size(), 1) << "without a printer nothing is told";
+
+  switchOn(ParameterFiles::ReceiptPerStatus);
+  slip->MakbuzBask1->trigger();  // the first status has the first file
+  EXPECT_EQ(dialogs.texts.size(), 1);
+  box(slip, u"TS_TURU"_s)->setText(u"SIRA BEKLİYOR"_s);
+  slip->MakbuzBask1->trigger();
+  EXPECT_EQ(dialogs.texts.size(), 2);
+}
+
+TEST_F(SlipPrintingTest, TheLabelHasItsOwnFileAndTakesTheServiceAmountAsLabour) {
+  TfServisFis* slip = filledSlip(u"701"_s);
+  slip->findChild<QAction*>(u"BarkodYazdr1"_s)->trigger();  // a missing file is told nowhere
+  writeTemplate(u"barkod/etiket.fr3"_s, line(u"A[FIS_NO]B[ISCILIK_TUTAR]C[FIS_TURU]D"_s));
+  box(slip, u"TS_SERVIS_TUTAR"_s)->setText(u"30,00"_s);
+  box(slip, u"TS_ISCILIK_TUTAR"_s)->setText(u"5,00"_s);
+  slip->findChild<QAction*>(u"BarkodYazdr1"_s)->trigger();
+  EXPECT_TRUE(shows(u"A701B30CD"_s));
+  EXPECT_TRUE(dialogs.texts.isEmpty());
+}
