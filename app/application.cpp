@@ -20,6 +20,7 @@
 #include "contracts/contract_editor.h"
 #include "contracts/contract_list.h"
 #include "comm/fEpostaUnit.h"
+#include "comm/fGelenAramalarUnit.h"
 #include "comm/slip_notices.h"
 #include "comm/smsGonderUnit.h"
 #include "comm/smsUnit.h"
@@ -62,6 +63,7 @@ class Application : public QApplication {
 void connectCommands(TfKvb& workspace) {
   workspace.connectCommand(u"dxBarLargeButton1"_s, [] { SlipWindows::openNew(); });
   workspace.connectCommand(u"dxBarLargeButton2"_s, [] { SlipWindows::choose(); });
+  workspace.connectCommand(u"calls"_s, [] { fGelenAramalar->Giris(); });
   workspace.connectCommand(u"smsSettings"_s, [] { fSMS->Giris(); });
   workspace.connectCommand(u"mailSettings"_s, [] { fEPOSTA->Giris(); });
   workspace.connectCommand(u"company"_s, [] { fSirket->Giris(); });
@@ -119,6 +121,9 @@ void fillPorts() {
   all.openBulkSms = [](const QString& numbers) {
     if (smsYollaForm != nullptr) smsYollaForm->Giris(numbers);
   };
+  all.refreshCalls = [] {
+    if (fGelenAramalar != nullptr) fGelenAramalar->refreshIfShown();
+  };
   all.openServiceTypes = [] {
     if (fServisTip != nullptr) fServisTip->qServisTip.Open();
   };
@@ -172,6 +177,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TfCariEkle customerEditor(customers.qCari);
   TfSozlesmeEkle contractEditor(contracts.queries());
   TsmsYollaForm bulkSms;
+  TfGelenAramalar calls(&workspace);
   TfServisTip serviceTypes;
   TfMusteriCihaz customerDevices;
   setUnhandledHandler([](QObject* sender, const std::exception& error) {

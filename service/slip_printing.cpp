@@ -8,9 +8,7 @@
 #include "base/number_text.h"
 #include "service/slip_hooks.h"
 #include "toolkit/edits/combo_edit.h"
-#include "toolkit/report/preview/preview_window.h"
-#include "toolkit/report/printing.h"
-#include "toolkit/report/report.h"
+#include "toolkit/report/report_output.h"
 
 #include <QFileInfo>
 
@@ -163,9 +161,7 @@ void choosePrinter(Report& report, const ComboEdit* printer, const ComboEdit* co
 
 /// Prints without a dialog, and tells in the status bar that it went to the printer; a refusal is told nowhere on the screen.
 void print(const Report& report, const QString& paper) {
-  const ReportPagedDocument pages(report.prepare());
-  if (printPages(pages, {report.printer, report.copies, paper}))
-    ports().setStatusText(u"%1 %2 yazıcısına gönderildi..."_s.arg(paper, report.printer));
+  if (printReport(report, paper)) ports().setStatusText(u"%1 %2 yazıcısına gönderildi..."_s.arg(paper, report.printer));
 }
 
 }  // namespace
@@ -190,9 +186,7 @@ void SlipPrinting::printReceipt(SlipScreen& slip) {
   choosePrinter(report, fParametreler->VarsayilanPrinter, fParametreler->VarsayilanPrinterCopyNum);
   const QString paper = u"Arıza formu"_s;
   if (!fParametreler->isChecked(ParameterFiles::PreviewReceipt)) return print(report, paper);
-  PreviewWindow(slip.dialogOwner(), std::make_shared<ReportPagedDocument>(report.prepare()),
-                {.documentName = paper, .printer = report.printer, .copies = report.copies})
-      .exec();
+  showReport(slip.dialogOwner(), report, paper);
 }
 
 void SlipPrinting::printLabel(SlipScreen& slip) {

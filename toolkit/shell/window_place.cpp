@@ -108,3 +108,11 @@ bool WindowPlace::store(const QWidget* window) const try {
 } catch (const Exception&) {
   return false;
 }
+
+void placeAboveStatusBar(QWidget* window) {
+  constexpr int aboveStatusBar = 53;
+  const QWidget* main = window->parentWidget();
+  if (main == nullptr) return;
+  const QPoint corner = main->mapToGlobal(QPoint(main->width(), main->height()));
+  window->move(corner - QPoint(window->frameGeometry().width(), window->frameGeometry().height() + aboveStatusBar));
+}

@@ -8,6 +8,9 @@ class QWidget;
 /// time that it comes up in its normal state: how wide a frame is, nobody knows before it is on the screen.
 void keepFramesReachable(QObject* windowOrApplication);
 
+/// Puts a window into the lower right corner of its parent's, above that one's status bar.
+void placeAboveStatusBar(QWidget* window);
+
 /// Keeps a window's size and place in a settings file, one entry per computer, and brings the window back onto a screen
 /// that exists. A missing or damaged file leaves the window as it is.
 class WindowPlace {

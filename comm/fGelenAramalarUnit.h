@@ -1,0 +1,44 @@
+#pragma once
+
+#include "base/data/my_query.h"
+#include "toolkit/shell/window_place.h"
+
+#include <QDate>
+#include <QWidget>
+
+#include <optional>
+
+class DataGrid;
+
+/// "Gelen Aramalar": the calls that the telephone monitor wrote, with the customers behind their numbers; those of today at
+/// first. Read only; stands beside the other windows.
+class TfGelenAramalar : public QWidget {
+  Q_OBJECT
+ public:
+  /// mainForm: whose lower right corner it comes up in as long as nobody has moved it. Works on DM's connection.
+  explicit TfGelenAramalar(QWidget* mainForm);
+  ~TfGelenAramalar() override;
+
+  /// Reads today's calls and shows the window. Throws EDatabaseError.
+  void Giris();
+  /// Reads the calls again where they are on the screen. Throws EDatabaseError.
+  void refreshIfShown();
+
+  TMyQuery qCaller;
+  DataGrid* grid() const { return grid_; }
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void openFor(std::optional<QDate> day);
+
+  DataGrid* grid_;
+  WindowPlace place_;
+  bool isOpening_ = false;
+  std::optional<QDate> day_;  ///< the calls that were read; nothing is all of them
+};
+
+/// The one instance; null before it is created and after it is gone.
+extern TfGelenAramalar* fGelenAramalar;
