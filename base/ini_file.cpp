@@ -96,19 +96,25 @@ QString IniFile::read(const QString& file, const QString& section, const QString
 }
 
 void IniFile::write(const QString& file, const QString& section, const QString& key, const QString& value) {
+  write(file, {{section, key, value}});
+}
+
+void IniFile::write(const QString& file, const QList<Entry>& entries) {
   const std::optional<Lines> present = linesOf(file);
-  // A file that is there but cannot be read must not be replaced by one with this key alone.
+  // A file that is there but cannot be read must not be replaced by one with these keys alone.
   if (!present && QFileInfo::exists(file)) throw EInOutError(u"%1 dosyasına yazılamadı: dosya okunamıyor."_s.arg(file));
   Lines lines = present.value_or(Lines());
-  const Place place = find(lines, section, key);
-  const QByteArray line = lineOf(key, value);
-  if (place.key >= 0) {
-    lines[place.key] = line;
-  } else if (place.header >= 0) {
-    lines.insert(place.end, line);
-  } else {
-    lines += (u'[' + section + u']').toUtf8();
-    lines += line;
+  for (const Entry& entry : entries) {
+    const Place place = find(lines, entry.section, entry.key);
+    const QByteArray line = lineOf(entry.key, entry.value);
+    if (place.key >= 0) {
+      lines[place.key] = line;
+    } else if (place.header >= 0) {
+      lines.insert(place.end, line);
+    } else {
+      lines += (u'[' + entry.section + u']').toUtf8();
+      lines += line;
+    }
   }
   save(file, lines);
 }

@@ -25,6 +25,9 @@ QString read(const QString& file, const QString& section, const QString& key, co
 /// is one line. Throws EInOutError.
 void write(const QString& file, const QString& section, const QString& key, const QString& value);
 
+/// The same for several keys: all are set, or none.
+void write(const QString& file, const QList<Entry>& entries);
+
 /// Replaces the file by these entries. Throws EInOutError.
 void replace(const QString& file, const QList<Entry>& entries);
 

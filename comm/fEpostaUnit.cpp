@@ -48,14 +48,6 @@ Box* named(const QString& name, const QString& caption) {
   return box;
 }
 
-/// Whole number of the text. Throws EConvertError.
-int portOf(const QString& text) {
-  bool isNumber = false;
-  const int port = text.toInt(&isNumber);
-  if (!isNumber) throw EConvertError(u"\"%1\" geçerli bir port numarası değil."_s.arg(text));
-  return port;
-}
-
 }  // namespace
 
 TfEPOSTA::TfEPOSTA(QWidget* parent)
@@ -130,7 +122,9 @@ void TfEPOSTA::LoadParams() {
     eSMTPTEMPLATE->setText(answerText({200, {}, stored.readAll()}));
   }
   const QString choice = QuendUtil->load_inifile(file, section, {}, eSMTPAUTH->objectName());
-  if (!choice.isEmpty() && choice != "-1"_L1) eSMTPAUTH->setItemIndex(choice.toInt());
+  bool isNumber = false;
+  const int index = choice.toInt(&isNumber);
+  if (isNumber && index >= 0 && index < eSMTPAUTH->itemCount()) eSMTPAUTH->setItemIndex(index);
 }
 
 int TfEPOSTA::Giris() {
@@ -145,9 +139,15 @@ void TfEPOSTA::eSMTPOWNERExit() {
   eSMTPOWNER->line()->setFocus();
 }
 
-MailSettings TfEPOSTA::settings() const {
-  return {eSMTPName->text(), eSMTPUserName->text(), eSMTPPassword->text(), portOf(eSMTPPORT->text()), eSMTPAUTH->itemIndex(),
-          eSMTPOWNER->text(), eSubject->text()};
+MailSettings TfEPOSTA::account() const {
+  return {eSMTPName->text(), eSMTPUserName->text(), eSMTPPassword->text(), 0, eSMTPAUTH->itemIndex(), eSMTPOWNER->text(), eSubject->text()};
+}
+
+int TfEPOSTA::port() const {
+  bool isNumber = false;
+  const int number = eSMTPPORT->text().toInt(&isNumber);
+  if (!isNumber) throw EConvertError(u"\"%1\" geçerli bir port numarası değil."_s.arg(eSMTPPORT->text()));
+  return number;
 }
 
 bool TfEPOSTA::SendeMail(const QString& body, const QString& recipient, int authMode, int port, const QString& host,
@@ -166,7 +166,8 @@ void TfEPOSTA::sendTest() {
     return showPlainMessage(this, TaskIcon::Error, uR"(Lütfen geçerli bir "Gönderici E-Posta adresi" girin.)"_s);
   const QString body =
       u"Bu postayı okuyorsanız Torvane Teknik Servis Takip Programı E-Posta gönderim ayarlarınız çalışmaktadır."_s;
-  const MailSettings now = settings();
+  MailSettings now = account();
+  now.port = port();
   const QString recipient = askText(this, u"Test E-Posta"_s, u"Test için bir e-posta adresi girin :"_s);
   if (recipient.isEmpty()) return;
   // Name and password are asked for even where none are sent: meant.

@@ -34,8 +34,10 @@ class TfEPOSTA : public QDialog {
   /// input waits. True when it went out; why it did not stands in the log alone.
   bool SendeMail(const QString& body, const QString& recipient, int authMode, int port, const QString& host,
                  const QString& password, const QString& userName);
-  /// What stands in the controls. Throws EConvertError for a port that is no number.
-  MailSettings settings() const;
+  /// What stands in the controls, but for the port.
+  MailSettings account() const;
+  /// Throws EConvertError for a port that is no number.
+  int port() const;
 
   TextEdit* eSMTPName;
   TextEdit* eSMTPUserName;

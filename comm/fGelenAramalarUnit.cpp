@@ -3,6 +3,7 @@
 #include "app/dmUnit.h"
 #include "app/ports.h"
 #include "app/quendUtils.h"
+#include "base/data/server_wait.h"
 #include "base/date_text.h"
 #include "base/environment.h"
 #include "base/guard.h"
@@ -82,7 +83,7 @@ TfGelenAramalar::TfGelenAramalar(QWidget* mainForm)
 }
 
 TfGelenAramalar::~TfGelenAramalar() {
-  if (!place_.store(this)) logMessage(u"Pencere yeri GelenArama.INI dosyasına yazılamadı."_s);
+  if (wasShown_ && !place_.store(this)) logMessage(u"Pencere yeri GelenArama.INI dosyasına yazılamadı."_s);
   // Looks at the query, which ends before the base class would take the grid down.
   delete grid_;
   if (fGelenAramalar == this) fGelenAramalar = nullptr;
@@ -108,6 +109,7 @@ void TfGelenAramalar::Giris() {
 }
 
 void TfGelenAramalar::refreshIfShown() {
+  const UnobservedWait noBusyCursor;
   if (isVisible() && qCaller.Active()) qCaller.Refresh();
 }
 
@@ -115,6 +117,7 @@ void TfGelenAramalar::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (event->spontaneous()) return;
   guarded(this, [this] {
+    wasShown_ = true;
     if (!QFileInfo::exists(placeFile)) placeAboveStatusBar(this);
   });
 }

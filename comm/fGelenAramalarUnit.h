@@ -36,6 +36,7 @@ class TfGelenAramalar : public QWidget {
 
   DataGrid* grid_;
   WindowPlace place_;
+  bool wasShown_ = false;
   bool isOpening_ = false;
   std::optional<QDate> day_;  ///< the calls that were read; nothing is all of them
 };

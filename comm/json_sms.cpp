@@ -95,7 +95,9 @@ SmsBalance JsonSms::readBalance(const HttpAnswer& answer) {
   const Reading reading(answer);
   SmsBalance balance{reading.verdict(), {}, false};
   if (!balance.accepted) return balance;
-  const int credit = textOf(member(member(*reading.response, "Balance"), "Main")).toInt();
+  // Anything that is no whole number counts as 0, whatever it is.
+  const Json& main = member(member(*reading.response, "Balance"), "Main");
+  const int credit = main.is_structured() || main.is_null() ? 0 : textOf(main).toInt();
   balance.credit = QString::number(credit);
   balance.isSpent = credit == 0;
   return balance;

@@ -30,7 +30,7 @@ QString checked(const QString& section, const QString& key, const QString& value
 
 ServiceAddresses ServiceAddresses::load(const QString& programFolder) {
   const auto value = [file = programFolder + fileName](const QString& section, const QString& key) {
-    return IniFile::read(file, section, key, {});
+    return IniFile::read(file, section, key, {}).trimmed();
   };
   return {value(u"Sms"_s, u"JsonSmsProvider"_s), value(u"Sms"_s, u"FormSmsProvider"_s), value(u"Sms"_s, u"XmlSmsProvider"_s),
           value(u"Kur"_s, u"Adres"_s), value(u"Sms"_s, u"SertifikaDosyasi"_s)};

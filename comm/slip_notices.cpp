@@ -64,13 +64,13 @@ bool SlipNotices::sendCompletionSms(SlipScreen& slip) {
 void SlipNotices::sendCompletionMail(SlipScreen& slip) {
   const QString recipient = slip.text(mailAddress);
   if (fEPOSTA == nullptr || recipient.isEmpty() || !fParametreler->isChecked(ParameterFiles::NotifyByMail)) return;
-  const MailSettings account = fEPOSTA->settings();
+  const MailSettings account = fEPOSTA->account();
   if (const QString refusal = MailSequences::noticeRefusal(account, recipient); !refusal.isEmpty()) {
     QuendUtil->ErrorMesaj(slip.dialogOwner(), refusal);
     return;
   }
   const QString body = SmsText::withMarkers(fEPOSTA->eSMTPTEMPLATE->text(), texts(fEPOSTA->ParamList), values(slip));
-  if (fEPOSTA->SendeMail(body, recipient, account.authMode, account.port, account.server, account.password, account.userName))
+  if (fEPOSTA->SendeMail(body, recipient, account.authMode, fEPOSTA->port(), account.server, account.password, account.userName))
     ports().setStatusText(recipient + u" adresine e-posta başarıyla gönderildi."_s);
   else
     QuendUtil->ErrorMesaj(slip.dialogOwner(), MailSequences::sendFailedText());

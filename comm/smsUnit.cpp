@@ -2,6 +2,7 @@
 
 #include "app/quendUtils.h"
 #include "base/guard.h"
+#include "base/ini_file.h"
 #include "comm/marker_memo.h"
 #include "comm/sms_screen.h"
 #include "comm/sms_text.h"
@@ -136,8 +137,8 @@ QWidget* TfSMS::buildAccount() {
   grid->addWidget(sParola, 2, 0);
   grid->addWidget(SpeedButton1, 2, 1);
   grid->addWidget(sProfil, 3, 0);
-  grid->addWidget(uyariPan, 3, 0, 1, 2);  // over the sender
   grid->addWidget(mevcutKontor, 3, 1);
+  grid->addWidget(uyariPan, 3, 0, 1, 2);  // over sender and balance
   grid->setColumnStretch(1, 1);
   grid->setAlignment(SpeedButton1, Qt::AlignLeft);
   return group;
@@ -191,9 +192,11 @@ void TfSMS::signIn() {
 }
 
 void TfSMS::btnPostClick() {
-  QuendUtil->save_inifile(file, section, QString::number(servis->itemIndex()), servis->objectName());
-  QuendUtil->save_inifile(file, section, sProfil->text(), sProfil->objectName());
-  QuendUtil->save_inifile(file, section, smsMESAJAK->text(), smsMESAJAK->objectName());
-  QuendUtil->save_inifile(file, section, SmsMesajTam->text(), SmsMesajTam->objectName());
+  // In one step, so that gateway, sender and templates always belong together.
+  IniFile::write(QuendUtil->programFolder + file + u".ini"_s,
+                 {{section, servis->objectName(), QString::number(servis->itemIndex())},
+                  {section, sProfil->objectName(), sProfil->text()},
+                  {section, smsMESAJAK->objectName(), smsMESAJAK->text()},
+                  {section, SmsMesajTam->objectName(), SmsMesajTam->text()}});
   done(Saved);
 }

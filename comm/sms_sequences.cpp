@@ -71,11 +71,26 @@ void signInForm(const SmsSettings& settings, SmsSession& screen) {
   if (balance.isSpent) screen.errorMessage(spentAtPanel);
 }
 
+/// Who asks the XML gateway: they differ in how blanks part sender names and in when the banner hides; meant.
+enum class XmlAsker { SignIn, BulkForm };
+
+/// The sign-in's banner hides when the exchange has ended, however it did.
+HttpAnswer exchangeXml(const HttpRequest& request, XmlAsker asker, SmsSession& screen) {
+  struct Uncover {
+    XmlAsker asker;
+    SmsSession& screen;
+    ~Uncover() {
+      if (asker == XmlAsker::SignIn) screen.showBanner(false);
+    }
+  } uncover{asker, screen};
+  return screen.exchange(request);
+}
+
 /// False when the gateway refused, which ends what is under way; a failed connection does not.
-bool askXmlSenders(const SmsSettings& settings, bool keepsBlanks, SmsSession& screen) {
+bool askXmlSenders(const SmsSettings& settings, XmlAsker asker, SmsSession& screen) {
   try {
-    const SmsSenders senders =
-        XmlSms::readSenders(screen.exchange(XmlSms::sendersRequest(settings.addresses, settings.account)), keepsBlanks);
+    const SmsSenders senders = XmlSms::readSenders(exchangeXml(XmlSms::sendersRequest(settings.addresses, settings.account), asker, screen),
+                                                   asker == XmlAsker::SignIn);
     if (senders.accepted)
       screen.showSenders(senders.names);
     else
@@ -88,9 +103,9 @@ bool askXmlSenders(const SmsSettings& settings, bool keepsBlanks, SmsSession& sc
 }
 
 /// The credit; nothing, after the message, when there is none to show.
-std::optional<QString> askXmlBalance(const SmsSettings& settings, SmsSession& screen) {
+std::optional<QString> askXmlBalance(const SmsSettings& settings, XmlAsker asker, SmsSession& screen) {
   try {
-    const SmsBalance balance = XmlSms::readBalance(screen.exchange(XmlSms::balanceRequest(settings.addresses, settings.account)));
+    const SmsBalance balance = XmlSms::readBalance(exchangeXml(XmlSms::balanceRequest(settings.addresses, settings.account), asker, screen));
     if (balance.accepted) return balance.credit;
     tellRefusal(balance, screen);
   } catch (const ENetworkError&) {
@@ -102,10 +117,10 @@ std::optional<QString> askXmlBalance(const SmsSettings& settings, SmsSession& sc
 void signInXml(const SmsSettings& settings, SmsSession& screen) {
   announce(connecting, screen);
   screen.pause(pauseMs);
-  if (!askXmlSenders(settings, true, screen)) return;
+  if (!askXmlSenders(settings, XmlAsker::SignIn, screen)) return;
   announce(askingBalance, screen);
   screen.pause(pauseMs);
-  if (const auto credit = askXmlBalance(settings, screen)) screen.showBalance(u"Kontör Miktarı: "_s + *credit);
+  if (const auto credit = askXmlBalance(settings, XmlAsker::SignIn, screen)) screen.showBalance(u"Kontör Miktarı: "_s + *credit);
 }
 
 /// The senders' step of the JSON gateway; false when it refused. What raises stands in the banner, and the balance follows.
@@ -165,11 +180,11 @@ bool openForm(const SmsSettings& settings, SmsSession& screen) {
 }
 
 bool openXml(const SmsSettings& settings, SmsSession& screen) {
-  if (!askXmlSenders(settings, false, screen)) return false;
+  if (!askXmlSenders(settings, XmlAsker::BulkForm, screen)) return false;
   screen.setBanner(askingBalance);
   screen.runMessageLoop();
   screen.pause(pauseMs);
-  const auto credit = askXmlBalance(settings, screen);
+  const auto credit = askXmlBalance(settings, XmlAsker::BulkForm, screen);
   screen.setBanner(credit ? u"Kontör Miktarı: "_s + *credit : QString());
   return true;
 }

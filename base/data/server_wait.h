@@ -18,6 +18,18 @@ class WaitObserver {
 /// Puts an observer in place, or none, and gives back the one before. Without one a statement blocks.
 WaitObserver* setWaitObserver(WaitObserver* observer);
 
+/// While one lives, waits are not told to the observer: nobody sees them, and the window stands still.
+class UnobservedWait {
+ public:
+  UnobservedWait() : before_(setWaitObserver(nullptr)) {}
+  ~UnobservedWait() { setWaitObserver(before_); }
+  UnobservedWait(const UnobservedWait&) = delete;
+  UnobservedWait& operator=(const UnobservedWait&) = delete;
+
+ private:
+  WaitObserver* before_;
+};
+
 /// The waits of one statement: brings the client library's calls to their end, and tells the observer when they take long.
 class ServerWait {
  public:

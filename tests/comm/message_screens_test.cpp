@@ -125,6 +125,13 @@ TEST_F(MessageScreens, OneTextGoesToManyNumbersWithTheSavedSender) {
   EXPECT_THAT(simulator.requests().back().http.body.toStdString(),
               testing::AllOf(testing::HasSubstr(R"("To":["05001112233","05001112244","5"])"), testing::HasSubstr(R"("From":"TORVANE")")));
 
+  const QString many = QString(u"05001112233,"_s).repeated(5000);
+  QTimer::singleShot(0, &*bulk, [&] {
+    EXPECT_EQ(bulk->ALICITEL->text(), many) << "no number is cut off";
+    bulk->reject();
+  });
+  bulk->Giris(many);
+
   fSMS->sParola->setText({});
   bulk->Giris({});
   EXPECT_EQ(dialogs.texts.back(), u"SMS gönderebilmek için ayarlar bölümünden sms tanımlarını yapmalısınız."_s);
@@ -173,6 +180,25 @@ TEST_F(MessageScreens, WhatAGatewayAnswersDecidesWhetherTheSlipIsSaved) {
   ASSERT_EQ(dialogs.texts.size(), 1);
   EXPECT_TRUE(dialogs.texts.front().startsWith(u"Error on request:\r\n"_s));
   EXPECT_EQ(rows(u"select count(*) from teknikservis where TS_NO='950'"_s), u"1"_s);
+}
+
+TEST_F(MessageScreens, TheCustomerIsToldOnlyWhereStatusNumberAndParametersSaySo) {
+  fSMS->smsMESAJAK->setText(u"alindi"_s);
+  fSMS->SmsMesajTam->setText(u"<SERİ NO> hazir <SERİ NO>"_s);
+  savedSlip(u"970"_s, u"ARIZA KABUL"_s);  // the parameter is off
+  switchOn(ParameterFiles::NotifyBySms);
+  savedSlip(u"971"_s, u"ONARILIYOR"_s);
+  TfServisFis* silent = filledSlip(u"972"_s);  // without a number
+  save(silent);
+  EXPECT_EQ(heard(Service::Json), 0);
+  savedSlip(u"973"_s, u"TAMAMLANDI"_s);
+  ASSERT_EQ(heard(Service::Json), 1);
+  EXPECT_TRUE(simulator.requests().back().http.body.contains("\"Message\":\"SN1 hazir SN1\""));
+  EXPECT_TRUE(dialogs.texts.isEmpty());
+  fSMS->sParola->setText({});
+  savedSlip(u"974"_s, u"ARIZA KABUL"_s);
+  EXPECT_EQ(dialogs.texts, QStringList{u"SMS gönderebilmek için ayarlar bölümünden sms tanımlarını yapmalısınız."_s});
+  EXPECT_EQ(rows(u"select count(*) from teknikservis"_s), u"5"_s);
 }
 
 TEST_F(MessageScreens, TheCustomerIsMailedWhenAnExistingSlipIsDone) {

@@ -95,12 +95,13 @@ TEST(SmsSequences, SignIn) {
        paused + QStringList{u"send  islem=3"_s, u"hide"_s, u"error Hata : Kullanıcı ya da parola hatalı."_s, u"hide"_s}},
       {XmlSmsProvider,
        {u"A B\tC"_s, u"$12.0"_s},
-       paused + QStringList{askXml, u"senders A B/C"_s} + balance + QStringList{askXmlBalance, u"balance Kontör Miktarı: 12"_s, u"hide"_s}},
-      {XmlSmsProvider, {u"23"_s}, paused + QStringList{askXml, u"error Hata Kodu: (23) Kullanıcı adı ya da parolanız hatalı."_s, u"hide"_s}},
-      {XmlSmsProvider, {u"77"_s}, paused + QStringList{askXml, u"hide"_s}},
+       paused + QStringList{askXml, u"hide"_s, u"senders A B/C"_s} + balance +
+           QStringList{askXmlBalance, u"hide"_s, u"balance Kontör Miktarı: 12"_s, u"hide"_s}},
+      {XmlSmsProvider, {u"23"_s}, paused + QStringList{askXml, u"hide"_s, u"error Hata Kodu: (23) Kullanıcı adı ya da parolanız hatalı."_s, u"hide"_s}},
+      {XmlSmsProvider, {u"77"_s}, paused + QStringList{askXml, u"hide"_s, u"hide"_s}},
       {XmlSmsProvider,
        {dead, dead},
-       paused + QStringList{askXml, noConnection} + balance + QStringList{askXmlBalance, noConnection, u"hide"_s}},
+       paused + QStringList{askXml, u"hide"_s, noConnection} + balance + QStringList{askXmlBalance, u"hide"_s, noConnection, u"hide"_s}},
   };
   for (const Case& expected : table) {
     Transcript screen(expected.answers);

@@ -15,6 +15,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -35,6 +36,7 @@ bool isPrintable(const QString& text) {
 
 EditLine::EditLine(EditBox* box) : QLineEdit(box), box_(box) {
   setFrame(false);
+  setMaxLength(std::numeric_limits<int>::max());  // the line's own limit would cut what is set without a word
   setAttribute(Qt::WA_MacShowFocusRect, false);
 }
 

@@ -12,6 +12,8 @@
 
 #include <functional>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -98,6 +100,7 @@ PassingNotice::PassingNotice(QWidget* window, QSystemTrayIcon* tray) : QObject(w
 PassingNotice::~PassingNotice() { delete panel_; }
 
 void PassingNotice::show(const QString& title, const QString& body, int milliseconds) {
+  isUp_ = true;
   pause_.start(milliseconds);
   const QString shownTitle = shownText(title, longestTitle);
   const QString shownBody = shownText(body, longestBody);
@@ -111,7 +114,7 @@ void PassingNotice::show(const QString& title, const QString& body, int millisec
 }
 
 void PassingNotice::pass() {
-  if (!isUp() && !panel_) return;
+  if (!std::exchange(isUp_, false)) return;
   pause_.stop();
   if (panel_) panel_->close();
   panel_.clear();

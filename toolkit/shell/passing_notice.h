@@ -18,7 +18,7 @@ class PassingNotice : public QObject {
   ~PassingNotice() override;
 
   void show(const QString& title, const QString& body, int milliseconds);
-  bool isUp() const { return pause_.isActive(); }
+  bool isUp() const { return isUp_; }
   /// The notice's own window; null while the tray shows it or none is up.
   QWidget* panel() const { return panel_; }
 
@@ -33,4 +33,5 @@ class PassingNotice : public QObject {
   QPointer<QSystemTrayIcon> tray_;
   QPointer<QWidget> panel_;
   QTimer pause_;
+  bool isUp_ = false;
 };
