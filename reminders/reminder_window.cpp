@@ -36,7 +36,6 @@ namespace {
 
 constexpr QSize preferredSize(940, 400);
 constexpr QSize smallest(420, 260);
-constexpr int aboveStatusBar = 53;
 constexpr int snapDistance = 16;
 constexpr std::chrono::seconds contractInterval{120};
 // In the current folder.
@@ -193,10 +192,7 @@ void TfHatirlaForm::showEvent(QShowEvent* event) {
 }
 
 void TfHatirlaForm::prepare() {
-  if (const QWidget* mainForm = parentWidget(); mainForm != nullptr && !QFileInfo::exists(placeFile)) {
-    const QPoint corner = mainForm->mapToGlobal(QPoint(mainForm->width(), mainForm->height()));
-    move(corner - QPoint(frameGeometry().width(), frameGeometry().height() + aboveStatusBar));
-  }
+  if (!QFileInfo::exists(placeFile)) placeAboveStatusBar(this);
   for (const QString& file : layoutFiles) tvBakim->restoreLayout(file);
   for (DateEdit* box : {GunHatirlatTarih, bakimTarih}) box->setDate(environment().today());
   RzPageControl1Change();
