@@ -9,7 +9,6 @@
 #include "toolkit/grid/grid_delegate.h"
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/grid_model.h"
-#include "toolkit/grid/row_colors.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -226,8 +225,8 @@ void GridView::paintGroups(QPainter& painter) {
     if (row.kind != GridRowKind::Group) continue;
     const QRect band(0, rowViewportPosition(line), viewport()->width(), rowHeight(line) - 1);
     const bool selected = selectionModel()->isRowSelected(line, {});
-    painter.fillRect(band, selected ? RowColors::selection(palette()) : palette().color(QPalette::Midlight));
-    const QColor ink = palette().color(QPalette::Text);
+    painter.fillRect(band, palette().color(selected ? QPalette::Highlight : QPalette::Midlight));
+    const QColor ink = palette().color(selected ? QPalette::HighlightedText : QPalette::Text);
     const int left = 6 + row.level * indent;
     const QRect sign(left, band.center().y() - signSize / 2, signSize, signSize);
     painter.setPen(ink);
