@@ -1,7 +1,6 @@
 #include "app/editors/qcx_db_editors.h"
 #include "tests/cards/cards_fixture.h"
 #include "tests/faults/cutting_proxy.h"
-#include "tests/support/failure_at_removal.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
@@ -207,19 +206,6 @@ TEST_F(CustomersTest, DeleteAsksAndIsTakenBackWhenTheServerRefuses) {
   });
   EXPECT_EQ(rows(u"select CA_AD from cari order by CA_AD"_s), u"AYŞE IŞIK;CEM İNCE"_s);
   EXPECT_EQ(dialogs.shown.size(), 4u);
-}
-
-// A failure after the row was deleted, as when the commit is not answered.
-TEST_F(CustomersTest, ListIsReadAnewAfterADeleteThatFailed) {
-  inList([this] {
-    FailureAtRemoval failure(customers.qCari);
-    customers.grid()->setCurrentRow(1);
-    dialogs.answers = {confirm};
-    EXPECT_TRUE(runCommand(customers, u"aFisSil"_s));
-    EXPECT_EQ(dialogs.texts().back(), u"Seçilen cari kart silinemedi!"_s);
-    EXPECT_EQ(shown(customers.qCari, u"CA_AD"_s).size(), 3);
-  });
-  EXPECT_EQ(rows(u"select count(*) from cari"_s), u"3"_s);
 }
 
 TEST_F(CustomersTest, RefreshStaysOnTheCardAndMeansNoOtherWhenItIsGone) {

@@ -2,6 +2,7 @@
 #include "base/program_paths.h"
 #include "service/fservisfis_unit.h"
 #include "tests/cards/cards_fixture.h"
+#include "tests/support/failure_at_removal.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_preview.h"
 #include "toolkit/grid/grid_view.h"
@@ -154,11 +155,11 @@ TEST_F(ListsTest, CatalogueIsDeletedFromButNotAddedTo) {
     EXPECT_TRUE(runCommand(devices, u"aFisSil"_s));
     EXPECT_EQ(dialogs.texts().back(), u"Seçilen cihaz kartı silinecek onaylıyor musunuz?"_s);
     EXPECT_THAT(shown(devices.qCihaz, u"C_AD"_s), ElementsAre(u"FIRIN"_s));
-    cutConnection();
+    const FailureAtRemoval failure(devices.qCihaz);
     dialogs.answers = {confirm};
     EXPECT_TRUE(runCommand(devices, u"aFisSil"_s));
     EXPECT_EQ(dialogs.texts().back(), u"Seçilen cihaz kartı silinemedi!"_s);
-    EXPECT_THAT(shown(devices.qCihaz, u"C_AD"_s), ElementsAre(u"FIRIN"_s));
+    EXPECT_THAT(shown(devices.qCihaz, u"C_AD"_s), ElementsAre(u"FIRIN"_s)) << "read anew";
   });
   EXPECT_EQ(rows(u"select C_AD from cihaz"_s), u"FIRIN"_s);
 }

@@ -12,20 +12,6 @@ QString told(const std::optional<FilterExpression>& filter) {
   return filter ? filter->asText([](const QString& column) { return column; }) : u"-"_s;
 }
 
-TEST(SlipBrowserRulesTest, NumbersSortByLengthFirst) {
-  const struct {
-    std::vector<SlipBrowserRules::SortColumn> keys;
-    QString order;
-  } cases[] = {
-      {{}, u""_s},
-      {{{u"TS_NO"_s, false}}, u"LENGTH(TS_NO) ASC, TS_NO ASC"_s},
-      {{{u"TS_NO"_s, true}}, u"LENGTH(TS_NO) DESC, TS_NO DESC"_s},
-      {{{u"TS_TARIH"_s, true}, {u"TS_NO"_s, false}, {u"TS_MUSTERI"_s, false}},
-       u"TS_TARIH DESC, LENGTH(TS_NO) ASC, TS_NO ASC, TS_MUSTERI"_s},
-  };
-  for (const auto& each : cases) EXPECT_EQ(SlipBrowserRules::orderText(each.keys), each.order);
-}
-
 TEST(SlipBrowserRulesTest, OnlyWholeConditionsOnTheSlipDateGoToTheServer) {
   using enum FilterOperator;
   const FilterExpression date = on(u"TS_TARIH"_s, Equal);
@@ -51,11 +37,6 @@ TEST(SlipBrowserRulesTest, OnlyWholeConditionsOnTheSlipDateGoToTheServer) {
     EXPECT_EQ(told(parts.atServer), each.atServer);
     EXPECT_EQ(told(parts.inMemory), each.inMemory);
   }
-}
-
-TEST(SlipBrowserRulesTest, OneSlipIsAskedAboutByItsNumber) {
-  EXPECT_EQ(SlipBrowserRules::deletionQuestion({u"100"_s}), u"Seçilen 100 nolu fiş silinecek onaylıyor musunuz?"_s);
-  EXPECT_EQ(SlipBrowserRules::deletionQuestion({u"9"_s, u"10"_s}), u"Seçilen fiş(ler) silinecek onaylıyor musunuz?"_s);
 }
 
 }  // namespace
