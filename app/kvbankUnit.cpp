@@ -176,10 +176,13 @@ void TfKvb::connectCommands() {
   connectGuarded(previous, &QShortcut::activated, this, [this] { children_->activatePrevious(); });
 }
 
+QAction* TfKvb::command(const QString& objectName) const {
+  if (QAction* found = commands_.value(objectName)) return found;
+  throw Exception(u"no command: "_s + objectName);
+}
+
 void TfKvb::connectCommand(const QString& objectName, std::function<void()> work) {
-  QAction* action = command(objectName);
-  if (action == nullptr) throw Exception(u"Komut yok: "_s + objectName);
-  connectGuarded(action, &QAction::triggered, this, [work = std::move(work)] { work(); });
+  connectGuarded(command(objectName), &QAction::triggered, this, [work = std::move(work)] { work(); });
   connected_.insert(objectName);
   enableCommand(objectName);
 }

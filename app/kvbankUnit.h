@@ -46,8 +46,8 @@ class TfKvb : public QMainWindow {
   QList<QWidget*> childWindows() const;
   ChildWindows* childArea() { return children_; }
   Ribbon* ribbon() { return ribbon_; }
-  /// The command with that object name; null when there is none.
-  QAction* command(const QString& objectName) const { return commands_.value(objectName); }
+  /// The command with that object name. Throws Exception with the name when there is none.
+  QAction* command(const QString& objectName) const;
   void setStatusText(const QString& text);
 
   /// Shows a call for ten seconds and has the list of calls read anew.

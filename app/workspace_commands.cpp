@@ -12,15 +12,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 struct CommandRow {
-  QStringView place;  ///< group of the ribbon or, with inMenu, the command whose menu holds this one
+  QStringView place;  ///< group of the ribbon or, with InMenu, the command whose menu holds this one
   QStringView caption;
   QStringView objectName;
   QStringView icon;  ///< of the theme, or a file of the program's own
   QStringView shortcut = {};
-  bool inMenu = false;
-  bool isMenu = false;
-  bool quickAccess = false;
-  bool guarded = false;  ///< needs a right, whose path is the captions on the way to the command
+  int traits = 0;
+};
+
+enum Trait {
+  InMenu = 1,
+  IsMenu = 2,
+  QuickAccess = 4,
+  Guarded = 8,  ///< needs a right, whose path is the captions on the way to the command
 };
 
 constexpr QStringView Slips = u"Fişler";
@@ -31,14 +35,14 @@ constexpr QStringView Cards = u"dxBarSubItem7";
 constexpr QStringView Settings = u"dxBarSubItem1";
 
 constexpr auto Commands = std::to_array<CommandRow>({
-    {Slips, u"Yeni Servis Fişi", u"dxBarLargeButton1", u"x-office-document", u"Ctrl+N", false, false, true, true},
-    {Slips, u"Servis Fişleri", u"dxBarLargeButton2", u"folder-documents", u"Ctrl+L", false, false, true},
+    {Slips, u"Yeni Servis Fişi", u"dxBarLargeButton1", u"x-office-document", u"Ctrl+N", QuickAccess | Guarded},
+    {Slips, u"Servis Fişleri", u"dxBarLargeButton2", u"folder-documents", u"Ctrl+L", QuickAccess},
     {Slips, u"Bakım Sözleşmesi", u"contracts", u"application-pkcs7-signature"},
-    {Slips, u"Kartlar", Cards, u"x-office-address-book", {}, false, true, true, true},
-    {Cards, u"Müşteri Kartları", u"dxBarButton16", u"system-users", {}, true, false, false, true},
-    {Cards, u"Cihaz Kartları", u"dxBarButton17", u"computer", {}, true, false, false, true},
-    {Cards, u"Dış Servis Kartları", u"dxBarButton18", u"folder-remote", {}, true, false, false, true},
-    {Cards, u"Servis Tipleri", u"dxBarButton22", u"tag", {}, true, false, false, true},
+    {Slips, u"Kartlar", Cards, u"x-office-address-book", {}, IsMenu | QuickAccess | Guarded},
+    {Cards, u"Müşteri Kartları", u"dxBarButton16", u"system-users", {}, InMenu | Guarded},
+    {Cards, u"Cihaz Kartları", u"dxBarButton17", u"computer", {}, InMenu | Guarded},
+    {Cards, u"Dış Servis Kartları", u"dxBarButton18", u"folder-remote", {}, InMenu | Guarded},
+    {Cards, u"Servis Tipleri", u"dxBarButton22", u"tag", {}, InMenu | Guarded},
     {Windows, u"Alt Alta", u"tileRows", u":/tile_rows.svg"},
     {Windows, u"Yan Yana", u"tileColumns", u":/tile_columns.svg"},
     {Windows, u"Basamakla", u"cascade", u":/cascade.svg"},
@@ -46,14 +50,14 @@ constexpr auto Commands = std::to_array<CommandRow>({
     {Windows, u"Hepsini Gizle", u"minimizeAll", u":/minimize_all.svg"},
     {Windows, u"Hepsini Göster", u"restoreAll", u":/restore_all.svg"},
     {Work, u"Gelen Aramalar", u"calls", u"audio-headset"},
-    {Work, u"Hatırlatma", u"reminders", u"preferences-desktop-notification-bell", {}, false, false, true},
-    {Work, u"Ayarlar", Settings, u"systemsettings", {}, false, true, true, true},
-    {Settings, u"Döviz Kurları", u"rates", u"view-currency-list", {}, true},
-    {Settings, u"Şirket Bilgileri", u"company", u"user-home", {}, true},
-    {Settings, u"Parametreler", u"parameters", u"settings-configure", {}, true},
-    {Settings, u"SMS Tanımları", u"smsSettings", u"smartphone", {}, true},
-    {Settings, u"E-POSTA Tanımları", u"mailSettings", u"mail-message", {}, true},
-    {Exit, u"Programı Kapat", u"closeProgram", u"application-exit", {}, false, false, true},
+    {Work, u"Hatırlatma", u"reminders", u"preferences-desktop-notification-bell", {}, QuickAccess},
+    {Work, u"Ayarlar", Settings, u"systemsettings", {}, IsMenu | QuickAccess | Guarded},
+    {Settings, u"Döviz Kurları", u"rates", u"view-currency-list", {}, InMenu},
+    {Settings, u"Şirket Bilgileri", u"company", u"user-home", {}, InMenu},
+    {Settings, u"Parametreler", u"parameters", u"settings-configure", {}, InMenu},
+    {Settings, u"SMS Tanımları", u"smsSettings", u"smartphone", {}, InMenu},
+    {Settings, u"E-POSTA Tanımları", u"mailSettings", u"mail-message", {}, InMenu},
+    {Exit, u"Programı Kapat", u"closeProgram", u"application-exit", {}, QuickAccess},
 });
 
 QIcon iconOf(QStringView name) {
@@ -75,15 +79,15 @@ WorkspaceCommands buildWorkspaceCommands(Ribbon& ribbon, QObject* owner) {
     action->setObjectName(row.objectName);
     if (!row.shortcut.isEmpty()) action->setShortcut(QKeySequence(row.shortcut.toString(), QKeySequence::PortableText));
     commands.insert(action->objectName(), action);
-    if (row.isMenu) action->setMenu(new QMenu(&ribbon));
-    if (row.inMenu) {
+    if (row.traits & IsMenu) action->setMenu(new QMenu(&ribbon));
+    if (row.traits & InMenu) {
       commands[row.place.toString()]->menu()->addAction(action);
     } else {
       if (!groups.contains(row.place))
         groups.insert(row.place, ribbon.addGroup(row.place.toString(), iconOfGroup(row.place)));
       groups[row.place]->addCommand(action);
     }
-    if (row.quickAccess) ribbon.addQuickAccess(action);
+    if (row.traits & QuickAccess) ribbon.addQuickAccess(action);
   }
   commands[u"rates"_s]->setVisible(false);  // the command exists and is never shown
   return commands;
@@ -93,9 +97,9 @@ QList<std::pair<QString, QString>> ribbonRights() {
   QHash<QStringView, QString> menuPaths;
   QList<std::pair<QString, QString>> rights;
   for (const CommandRow& row : Commands) {
-    const QString path = row.inMenu ? menuPaths[row.place] + u'\\' + row.caption.toString() : row.caption.toString();
-    if (row.isMenu) menuPaths.insert(row.objectName, path);
-    if (row.guarded) rights.append({path, row.objectName.toString()});
+    const QString path = (row.traits & InMenu) ? menuPaths[row.place] + u'\\' + row.caption.toString() : row.caption.toString();
+    if (row.traits & IsMenu) menuPaths.insert(row.objectName, path);
+    if (row.traits & Guarded) rights.append({path, row.objectName.toString()});
   }
   return rights;
 }

@@ -15,7 +15,7 @@ quint64 Environment::tickCount() const {
 
 int Environment::randomBelow(int bound) { return QRandomGenerator::global()->bounded(bound); }
 
-void Environment::sleep(int milliseconds) { QThread::msleep(milliseconds); }
+void Environment::sleep(int milliseconds) { QThread::msleep(ulong(milliseconds)); }
 
 namespace {
 std::unique_ptr<Environment>& current() {

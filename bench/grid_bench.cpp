@@ -45,6 +45,7 @@ class RowsCome : private QueryListener {
   void rowChanged(int) override {}
   void rowInserted(int) override {}
   void rowRemoved(int) override {}
+  void queryEnds() override {}
 
   TMyQuery& query_;
 };

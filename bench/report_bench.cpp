@@ -128,7 +128,7 @@ RichText letter(int pages) {
     made.first = -8;
     made.runs = {{u"Taraflar, "_s, {}},
                  {u"bakım süresi boyunca "_s, {.font = {.bold = true}}},
-                 {QString(u"cihazların çalışır durumda tutulmasını ve arızaların bildirilen sürede giderilmesini kabul eder. "_s).repeated(3), {}}};
+                 {u"cihazların çalışır durumda tutulmasını ve arızaların bildirilen sürede giderilmesini kabul eder. "_s.repeated(3), {}}};
     text.blocks.emplace_back(made);
   }
   return text;

@@ -44,9 +44,7 @@ CardEditor::CardEditor(TMyQuery& cards, const QString& objectName, const QString
   connectGuarded(aVazgec, &QAction::triggered, this, [this] { giveUp(); });
 }
 
-CardEditor::~CardEditor() {
-  for (const Box& each : boxes_) each.link->fieldLink().bind(nullptr, {});
-}
+CardEditor::~CardEditor() = default;
 
 EditFrame* CardEditor::addBox(QWidget& area, const CardField& field) {
   EditFrame* frame = nullptr;

@@ -45,22 +45,22 @@ CardList::CardList(const CardListDescription& description, QWidget* parent)
   resize(preferredSize.boundedTo(screen()->availableSize()));
 }
 
-CardList::~CardList() {
-  // Looks at the query, which ends before the base class would take the grid down.
-  delete grid_;
-}
+CardList::~CardList() = default;
 
-QAction* CardList::command(const QString& name) const { return findChild<QAction*>(name, Qt::FindDirectChildrenOnly); }
+QAction* CardList::command(const QString& name) const {
+  if (auto* found = findChild<QAction*>(name, Qt::FindDirectChildrenOnly)) return found;
+  throw Exception(u"no command: "_s + name);
+}
 
 void CardList::addCommands(const std::vector<CardCommand>& commands, const QString& onRowChosen) {
   auto* bar = new CommandBar(this);
   static_cast<QBoxLayout*>(layout())->insertWidget(0, bar);
   for (const CardCommand& command : commands) addCommand(command, *bar);
-  if (QAction* chosen = command(onRowChosen))
-    connectGuarded(grid_, &DataGrid::rowChosen, this, [this, chosen] {
-      updateCommands(this);
-      chosen->trigger();
-    });
+  if (onRowChosen.isEmpty()) return;
+  connectGuarded(grid_, &DataGrid::rowChosen, this, [this, chosen = command(onRowChosen)] {
+    updateCommands(this);
+    chosen->trigger();
+  });
 }
 
 void CardList::addCommand(const CardCommand& command, CommandBar& bar) {

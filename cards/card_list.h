@@ -55,7 +55,7 @@ class CardList : public QDialog {
   virtual void Giris();
 
   DataGrid* grid() const { return grid_; }
-  /// The action of that name; null when there is none.
+  /// The action of that name. Throws Exception with the name when there is none.
   QAction* command(const QString& name) const;
 
  protected:

@@ -32,10 +32,7 @@ InPlaceList::InPlaceList(const InPlaceDescription& description, QWidget* parent)
   connectGuarded(grid_, &DataGrid::rejected, this, [this](const QString& message) { balloon_.showAt(grid_, message); });
 }
 
-InPlaceList::~InPlaceList() {
-  // Looks at the query, which ends before the base class would take the grid down.
-  delete grid_;
-}
+InPlaceList::~InPlaceList() = default;
 
 bool InPlaceList::tellDuplicate(const Exception& error) {
   if (!isDuplicateEntry(error.className(), error.message())) return false;

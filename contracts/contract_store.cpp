@@ -27,7 +27,7 @@ QString ContractStore::largestNumber(TMyQuery& qDetay, const QString& typed) {
   qDetay.SQL.setText(u"select MAX(SOZ_NO+0) as SON from sozlesme"_s);
   if (!typed.trimmed().isEmpty()) {
     qDetay.AddWhere(u"SOZ_NO like :NO"_s);
-    qDetay.ParamByName(u"NO"_s) = QString(typed + u'%');
+    qDetay.ParamByName(u"NO"_s) = Value(typed + u'%');
   }
   qDetay.Open();
   const QString largest = qDetay.FieldByName(u"SON"_s).asText();

@@ -47,7 +47,7 @@ TfDisServis::TfDisServis(QWidget* parent)
   layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 
-TfDisServis::~TfDisServis() { TS_DISSERVIS->setSource(nullptr); }
+TfDisServis::~TfDisServis() = default;
 
 void TfDisServis::buildBoxes() {
   const auto setUp = [](EditBox* box, const QString& column, const QString& caption, int maximumLength) {

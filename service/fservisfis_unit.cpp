@@ -71,12 +71,7 @@ TfServisFis::TfServisFis(QWidget* parent)
   fServisFis = this;
 }
 
-TfServisFis::~TfServisFis() {
-  forgetEditor(this);
-  // The pages look at the queries, which end before the base class would take the pages down.
-  lookUps_.reset();
-  delete pages_;
-}
+TfServisFis::~TfServisFis() { forgetEditor(this); }
 
 QSize TfServisFis::sizeHint() const { return {fields_->minimumWidth() + 24, fields_->minimumHeight() + 96}; }
 
@@ -222,7 +217,7 @@ QString TfServisFis::noteText() const { return note_->text(); }
 
 int TfServisFis::statusIndex() const { return fields_->edit<ComboEdit>(u"TS_TURU"_s)->itemIndex(); }
 
-QWidget* TfServisFis::control(const QString& column) const { return fields_->frame(column); }
+QWidget* TfServisFis::control(const QString& column) const { return fields_->findFrame(column); }
 
 void TfServisFis::closeWindow() {
   if (auto* window = qobject_cast<QMdiSubWindow*>(parentWidget()))

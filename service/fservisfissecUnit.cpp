@@ -56,8 +56,6 @@ TfservisfisSec::TfservisfisSec(QWidget* parent)
 }
 
 TfservisfisSec::~TfservisfisSec() {
-  // Looks at the query, which ends before the base class would take the grid down.
-  delete grid_;
   if (fservisfisSec == this) fservisfisSec = nullptr;
 }
 

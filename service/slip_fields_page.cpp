@@ -76,13 +76,18 @@ void SlipFieldsPage::statusChosen(int item) {
     edit<DateEdit>(u"TS_TESLIM_TARIH"_s)->setDate(environment().today());
 }
 
+EditFrame* SlipFieldsPage::frame(const QString& column) const {
+  if (EditFrame* found = findFrame(column)) return found;
+  throw Exception(u"no box: "_s + column);
+}
+
 QString SlipFieldsPage::text(const QString& column) const {
-  if (const auto* memo = edit<MemoEdit>(column)) return memo->text();
+  if (const auto* memo = dynamic_cast<MemoEdit*>(frame(column))) return memo->text();
   return edit<EditBox>(column)->text();
 }
 
 void SlipFieldsPage::setText(const QString& column, const QString& text) {
-  if (auto* memo = edit<MemoEdit>(column))
+  if (auto* memo = dynamic_cast<MemoEdit*>(frame(column)))
     memo->setText(text);
   else
     edit<EditBox>(column)->setText(text);

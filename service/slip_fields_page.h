@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/exceptions.h"
 #include "service/slip_rules.h"
 #include "toolkit/edits/edit_box.h"
 
@@ -17,11 +18,13 @@ class SlipFieldsPage : public QWidget {
  public:
   explicit SlipFieldsPage(QWidget* parent = nullptr);
 
-  /// Control of a column; it must be one of the field table.
-  EditFrame* frame(const QString& column) const { return frames_.value(column); }
+  /// Control of a column; frame and edit throw Exception with the name when there is none, or one of another kind.
+  EditFrame* frame(const QString& column) const;
+  EditFrame* findFrame(const QString& column) const { return frames_.value(column); }
   template <class Edit>
   Edit* edit(const QString& column) const {
-    return dynamic_cast<Edit*>(frame(column));
+    if (auto* found = dynamic_cast<Edit*>(frame(column))) return found;
+    throw Exception(QStringLiteral("box of another kind: ") + column);
   }
   QString text(const QString& column) const;
   void setText(const QString& column, const QString& text);

@@ -22,10 +22,6 @@ SlipLookUps::SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz
   connectLookUp(u"TS_C_AD"_s, devices_, deviceCopies());
 }
 
-SlipLookUps::~SlipLookUps() {
-  for (const QString& column : {u"TS_MUSTERI"_s, u"TS_C_AD"_s}) page_.edit<LookupEdit>(column)->setSource(nullptr);
-}
-
 const SlipLookUps::Copies& SlipLookUps::customerCopies() {
   static const Copies copies{{u"TS_UNVAN"_s, u"CA_UNVAN"_s},     {u"TS_M_NO"_s, u"CA_NO"_s},   {u"TS_ADRES"_s, u"CA_ADRES"_s},
                              {u"TS_ILCE"_s, u"CA_ILCE"_s},       {u"TS_YETKILI"_s, u"CA_YETKILI"_s}, {u"TS_TEL"_s, u"CA_TEL"_s},

@@ -13,7 +13,6 @@ class SlipLookUps : public QObject {
  public:
   /// Page and queries must outlive this object.
   SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz, TMyQuery& qServisTip);
-  ~SlipLookUps() override;
 
   /// Reads all three lists, unless they are open. Throws EDatabaseError.
   void open();

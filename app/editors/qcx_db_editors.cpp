@@ -58,6 +58,7 @@ void FieldLink::rowChanged(int row) {
 }
 void FieldLink::rowInserted(int) { refresh(); }
 void FieldLink::rowRemoved(int) { refresh(); }
+void FieldLink::queryEnds() { query_ = nullptr; }
 
 bool FieldLink::leave() {
   try {

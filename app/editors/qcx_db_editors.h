@@ -17,7 +17,7 @@ class FieldLink : private QueryListener {
   FieldLink(const FieldLink&) = delete;
   FieldLink& operator=(const FieldLink&) = delete;
 
-  /// The query must outlive the box, or be taken away by null.
+  /// Null takes the query away; one that ends leaves the box as it is.
   void bind(TMyQuery* query, const QString& fieldName);
   /// Shows the current row's value; to be called when the query has moved to another row.
   void refresh();
@@ -35,6 +35,7 @@ class FieldLink : private QueryListener {
   void rowChanged(int row) override;
   void rowInserted(int row) override;
   void rowRemoved(int row) override;
+  void queryEnds() override;
 
   EditFrame& box_;
   TMyQuery* query_ = nullptr;

@@ -43,7 +43,15 @@ bool Field::isNull() const { return value().isNull(); }
 Value Field::value() const { return query_->valueAt(query_->RecNo(), index_); }
 
 TMyQuery::TMyQuery(TMyConnection& connection, QString name) : connection_(connection), name_(std::move(name)) {}
-TMyQuery::~TMyQuery() = default;
+TMyQuery::~TMyQuery() {
+  notify([](QueryListener& listener) { listener.queryEnds(); });
+}
+
+TMyQuery& TMyQuery::ended() {
+  static TMyConnection noConnection;
+  static TMyQuery query(noConnection, u"ended"_s);
+  return query;
+}
 
 Value& TMyQuery::ParamByName(const QString& name) {
   for (const QString& known : SqlText::names(SQL.text() + u'\n' + SQLDelete.text(), SqlText::TokenKind::Parameter))
@@ -134,7 +142,7 @@ void TMyQuery::takeRows(ResultPtr rows, int current, const std::optional<QByteAr
   for (const MYSQL_ROWS* row = mysql_row_tell(rows.get()); row != nullptr; row = row->next) {
     const auto place = reinterpret_cast<uintptr_t>(row);
     const uintptr_t guess = place + rowsAhead * (place - before);
-    for (ptrdiff_t line = -2; line <= 2; ++line) __builtin_prefetch(reinterpret_cast<const char*>(guess + line * cacheLine));
+    for (ptrdiff_t line = -2; line <= 2; ++line) __builtin_prefetch(reinterpret_cast<const char*>(guess + size_t(line * cacheLine)));
     before = place;
     rows_.push_back(row->data);
   }

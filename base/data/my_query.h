@@ -62,6 +62,8 @@ class QueryListener {
   virtual void rowChanged(int row) = 0;
   virtual void rowInserted(int row) = 0;
   virtual void rowRemoved(int row) = 0;
+  /// The query is being destroyed: it is to be forgotten without a signal, since whoever would hear it may be half gone.
+  virtual void queryEnds() = 0;
 };
 
 enum class QueryState { Inactive, Browse, Edit, Insert };
@@ -75,6 +77,9 @@ class TMyQuery {
   ~TMyQuery();
   TMyQuery(const TMyQuery&) = delete;
   TMyQuery& operator=(const TMyQuery&) = delete;
+
+  /// A closed query that stands in for one that has ended.
+  static TMyQuery& ended();
 
   StatementText SQL;
   /// The statement that Delete runs, with :Old_ and a column's name as parameters; empty means a generated one.

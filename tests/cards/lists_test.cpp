@@ -1,4 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
+#include "base/exceptions.h"
 #include "base/program_paths.h"
 #include "service/fservisfis_unit.h"
 #include "tests/cards/cards_fixture.h"
@@ -148,8 +149,8 @@ TEST_F(ListsTest, ServiceTypesStayOpenAndRefuseAWordTwice) {
 TEST_F(ListsTest, CatalogueIsDeletedFromButNotAddedTo) {
   run(u"INSERT INTO cihaz (C_AD, C_MARKA) VALUES ('OCAK', 'A'), ('FIRIN', 'B')");
   within([this] { devices.Giris(); }, devices, [this] {
-    EXPECT_EQ(devices.command(u"aEkle"_s), nullptr);
-    EXPECT_EQ(devices.command(u"aDuzelt"_s), nullptr);
+    EXPECT_THROW(devices.command(u"aEkle"_s), Exception);
+    EXPECT_THROW(devices.command(u"aDuzelt"_s), Exception);
     press(*devices.grid()->view(), Qt::Key_Return);
     dialogs.answers = {confirm};
     EXPECT_TRUE(runCommand(devices, u"aFisSil"_s));

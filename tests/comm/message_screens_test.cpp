@@ -125,7 +125,7 @@ TEST_F(MessageScreens, OneTextGoesToManyNumbersWithTheSavedSender) {
   EXPECT_THAT(simulator.requests().back().http.body.toStdString(),
               testing::AllOf(testing::HasSubstr(R"("To":["05001112233","05001112244","5"])"), testing::HasSubstr(R"("From":"TORVANE")")));
 
-  const QString many = QString(u"05001112233,"_s).repeated(5000);
+  const QString many = u"05001112233,"_s.repeated(5000);
   QTimer::singleShot(0, &*bulk, [&] {
     EXPECT_EQ(bulk->ALICITEL->text(), many) << "no number is cut off";
     bulk->reject();

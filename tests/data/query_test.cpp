@@ -26,7 +26,7 @@ TEST_F(QueryTest, EveryTypeComesBackAsItWent) {
                      {"AN", QDateTime(QDate(2026, 11, 22), QTime(8, 5, 1))},
                      {"RESIM", picture},
                      {"RESIM", QByteArray("")},
-                     {"NOTU", QString(u"ş"_s).repeated(100000)},
+                     {"NOTU", u"ş"_s.repeated(100000)},
                      {"AD", Value()},
                      {"TARIH", Value()}};
   const qint64 id = insertRow(u"1"_s, u"x"_s);
@@ -68,7 +68,7 @@ TEST_F(QueryTest, WhatTheColumnCannotHoldIsRefusedBeforeSending) {
     Value value;
   } const cases[] = {{"AD", u"Привет"_s},          {"AD", u"A"_s.repeated(201)},     {"NO", u"1234567890123456"_s}, {"KISA", 32768},
                      {"KISA", -32769},             {"MIKTAR", u"1234567890,1"_s},    {"MIKTAR", u"1,2345"_s},       {"TUTAR", std::nan("")},
-                     {"NOTU", QString(u"ok 🙂"_s)}};
+                     {"NOTU", u"ok 🙂"_s}};
   for (const auto& row : cases) {
     const auto error = raised<EUnstorableValue>([&] { query.FieldByName(QString::fromLatin1(row.field)).set(row.value); });
     EXPECT_EQ(error.field(), QString::fromLatin1(row.field));
@@ -374,6 +374,7 @@ TEST_F(QueryTest, RowsThatAreTheSameAreToldToNobodyAndOthersLeaveTheCursorOnItsR
     void rowChanged(int) override {}
     void rowInserted(int) override {}
     void rowRemoved(int) override {}
+    void queryEnds() override {}
   } listener;
   for (const QString& no : {u"2"_s, u"3"_s, u"4"_s}) insertRow(no, no == u"3"_s ? u""_s : u"name"_s);
   query.SQL.setText(u"select * from deneme order by NO"_s);

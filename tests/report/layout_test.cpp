@@ -123,7 +123,7 @@ TEST_F(LayoutTest, LabelsFillTheirSheet) {
 }
 
 TEST_F(LayoutTest, ARichTextGoesOnOnTheNextPage) {
-  RichText text = richTextFromPlain(QString(u"Bir paragraf daha. "_s).repeated(30), {}, Qt::AlignJustify);
+  RichText text = richTextFromPlain(u"Bir paragraf daha. "_s.repeated(30), {}, Qt::AlignJustify);
   RichParagraph last;
   last.startsPage = true;
   last.runs = {{u"Sonra "_s, {}}, {u"kalın"_s, {.font = {.bold = true}}}};

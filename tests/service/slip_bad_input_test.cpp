@@ -52,7 +52,7 @@ class SlipBadInput : public SlipFormTest {
 
 TEST_F(SlipBadInput, TenThousandCharactersGoIntoNoBoxUntold) {
   TfServisFis* slip = newSlip();
-  const QString flood = QString(u"ışğ"_s).repeated(3334);
+  const QString flood = u"ışğ"_s.repeated(3334);
   QHash<QString, int> widths;
   for (const SlipField& field : slipFields()) {
     if (field.editor == SlipEditor::ReadOnlyText || field.column == u"TS_TUTAR"_s) continue;

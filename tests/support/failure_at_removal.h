@@ -14,6 +14,7 @@ class FailureAtRemoval : private QueryListener {
   void rowChanged(int) override {}
   void rowInserted(int) override {}
   void rowRemoved(int) override { throw EDatabaseError(QStringLiteral("deleted, and then failed")); }
+  void queryEnds() override {}
 
   TMyQuery& query_;
 };

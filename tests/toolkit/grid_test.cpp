@@ -394,3 +394,19 @@ TEST_F(GridTest, ColumnsAreChosenAndTheLastOneStays) {
     if (action->text() == u"Varsayılan görünüm"_s) const_cast<QAction*>(action)->trigger();
   EXPECT_EQ(grid->view()->shownColumns().size(), 5u);
 }
+
+// A screen's query is its member and ends before the base class takes the grid down.
+TEST_F(GridTest, QueryMayEndBeforeItsGrid) {
+  fill();
+  auto own = std::make_unique<TMyQuery>(connection, u"own"_s);
+  own->SQL.setText(u"select * from deneme"_s);
+  own->Open();
+  DataGrid other(*own, columns(), u"other"_s);
+  other.show();
+  ASSERT_GT(other.model()->rowCount(), 0);
+  own.reset();
+  EXPECT_EQ(other.model()->rowCount(), 0);
+  QCoreApplication::processEvents();
+  other.grab();
+  EXPECT_FALSE(other.query().Active());
+}

@@ -104,7 +104,7 @@ void EditSideButton::paintEvent(QPaintEvent*) {
     style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter, this);
   } else {
     painter.setFont(captionFont());
-    const int alignment = isLabel_ ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter;
+    const int alignment = int(isLabel_ ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment(Qt::AlignCenter));
     painter.drawText(rect().adjusted(1, 0, -2, 0), alignment | Qt::TextSingleLine, text());
   }
 }

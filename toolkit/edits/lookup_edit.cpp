@@ -41,7 +41,7 @@ void LookupEdit::setSource(const LookupSource* source) {
   model_->setSource(source);
 }
 
-void LookupEdit::sourceChanged() { setSource(source_); }
+void LookupEdit::sourceChanged() { setSource(source_.get()); }
 
 int LookupEdit::findEntry(const QString& text) const {
   if (!source_ || text.isEmpty()) return -1;

@@ -16,7 +16,7 @@ class LookupEdit : public EditBox {
   explicit LookupEdit(QWidget* parent = nullptr);
   ~LookupEdit() override;
 
-  /// The source is not owned and must outlive the box or be replaced; null takes it away.
+  /// The source is not owned and may end before the box; null takes it away.
   void setSource(const LookupSource* source);
   /// To be called when the source has other rows.
   void sourceChanged();
@@ -48,7 +48,7 @@ class LookupEdit : public EditBox {
   void moveHighlight(int by);
   void settle();
 
-  const LookupSource* source_ = nullptr;
+  LookupSourcePointer source_;
   LookupModel* model_ = nullptr;
   DropDown* dropDown_ = nullptr;
   QTableView* table_ = nullptr;

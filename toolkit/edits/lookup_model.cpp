@@ -52,7 +52,7 @@ int LookupModel::rowCount(const QModelIndex& parent) const { return parent.isVal
 int LookupModel::columnCount(const QModelIndex& parent) const { return parent.isValid() || !source_ ? 0 : source_->columnCount(); }
 
 QVariant LookupModel::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
+  if (!source_ || !index.isValid() || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) return {};
   return source_->text(sourceRow(index.row()), index.column());
 }
 

@@ -30,7 +30,7 @@ class LookupModel : public QAbstractTableModel {
  private:
   void filter();
 
-  const LookupSource* source_ = nullptr;
+  LookupSourcePointer source_;
   std::vector<int> rows_;
   QString wanted_;  ///< the filter, folded
   int equalRow_ = -1;

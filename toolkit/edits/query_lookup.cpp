@@ -1,8 +1,8 @@
 #include "toolkit/edits/query_lookup.h"
 
 QString QueryLookup::textOf(int row, const QString& field) const {
-  const int index = query_.fieldIndex(field);
-  return index < 0 ? QString() : query_.valueAt(row, index).toText();
+  const int index = query_->fieldIndex(field);
+  return index < 0 ? QString() : query_->valueAt(row, index).toText();
 }
 
 KeyedLookup::KeyedLookup(TMyQuery& query, std::vector<Column> columns, QString keyField)

@@ -13,10 +13,10 @@ class QueryLookup : public LookupSource {
     QString caption;
     int width;
   };
-  /// The query must outlive the look-up.
-  QueryLookup(TMyQuery& query, std::vector<Column> columns) : query_(query), columns_(std::move(columns)) {}
+  /// The query must outlive the look-up, as far as it is looked at.
+  QueryLookup(TMyQuery& query, std::vector<Column> columns) : query_(&query), columns_(std::move(columns)) {}
 
-  int rowCount() const override { return query_.Active() ? query_.RecordCount() : 0; }
+  int rowCount() const override { return query_->Active() ? query_->RecordCount() : 0; }
   int columnCount() const override { return int(columns_.size()); }
   QString text(int row, int column) const override { return textOf(row, columns_[size_t(column)].field); }
   QString caption(int column) const override { return columns_[size_t(column)].caption; }
@@ -25,10 +25,11 @@ class QueryLookup : public LookupSource {
   QString textOf(int row, const QString& field) const;
 
  protected:
-  TMyQuery& query() const { return query_; }
+  TMyQuery& query() const { return *query_; }
+  void forgetQuery() { query_ = &TMyQuery::ended(); }
 
  private:
-  TMyQuery& query_;
+  TMyQuery* query_;
   std::vector<Column> columns_;
 };
 
@@ -51,6 +52,10 @@ class KeyedLookup : public QueryLookup, private QueryListener {
   void rowChanged(int) override { rows_.reset(); }
   void rowInserted(int) override { rows_.reset(); }
   void rowRemoved(int) override { rows_.reset(); }
+  void queryEnds() override {
+    forgetQuery();
+    rows_.reset();
+  }
 
   QString keyField_;
   mutable std::optional<QHash<qint64, int>> rows_;  ///< by key; worked out when somebody asks

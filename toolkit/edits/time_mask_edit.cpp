@@ -9,7 +9,7 @@ TimeMaskEdit::TimeMaskEdit(QWidget* parent) : MaskEdit(parent) { setMask(u"99 : 
 
 Value TimeMaskEdit::editValue() const {
   if (isEmpty()) return {};
-  if (const auto time = DateText::toTime(QString(text()).remove(u' '))) return *time;
+  if (const auto time = DateText::toTime(text().remove(u' '))) return *time;
   throw EConvertError(u"Geçersiz bir değer girildi"_s);
 }
 

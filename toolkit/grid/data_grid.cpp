@@ -24,7 +24,7 @@
 using namespace Qt::StringLiterals;
 
 DataGrid::DataGrid(TMyQuery& query, std::vector<GridColumn> columns, const QString& caption, QWidget* parent)
-    : QWidget(parent), query_(query), model_(new GridModel(query, std::move(columns), this)), view_(new GridView(model_, this)),
+    : QWidget(parent), model_(new GridModel(query, std::move(columns), this)), view_(new GridView(model_, this)),
       filterRow_(view_->header()->filterRow()) {
   build(caption);
   buildCommands();
@@ -32,6 +32,8 @@ DataGrid::DataGrid(TMyQuery& query, std::vector<GridColumn> columns, const QStri
 }
 
 DataGrid::~DataGrid() = default;
+
+TMyQuery& DataGrid::query() const { return model_->query(); }
 
 void DataGrid::build(const QString& caption) {
   setAccessibleName(caption);
@@ -95,19 +97,19 @@ void DataGrid::build(const QString& caption) {
 
 void DataGrid::rowsRead() {
   filterRow_->arrange();
-  const int row = query_.Active() ? query_.RecNo() : -1;
+  const int row = query().Active() ? query().RecNo() : -1;
   if (const int line = model_->rows().lineOf(row); line >= 0) view_->setCurrentLine(line);
   showFilter();
 }
 
 void DataGrid::showFilter() {
-  if (filterRow_->isShown()) filterBox_->show(inForceText(), filterEnabled_, query_.Active() ? query_.RecordCount() : 0);
+  if (filterRow_->isShown()) filterBox_->show(inForceText(), filterEnabled_, query().Active() ? query().RecordCount() : 0);
 }
 
 void DataGrid::cursorMoved(int line) {
   const GridRow row = model_->row(line);
   const int queryRow = row.kind == GridRowKind::Data ? row.index : -1;
-  if (queryRow >= 0 && query_.state() == QueryState::Browse && query_.RecNo() != queryRow) query_.setRecNo(queryRow);
+  if (queryRow >= 0 && query().state() == QueryState::Browse && query().RecNo() != queryRow) query().setRecNo(queryRow);
   Q_EMIT currentRowChanged(queryRow);
 }
 
@@ -160,7 +162,7 @@ int DataGrid::currentRow() const {
 }
 
 void DataGrid::setCurrentRow(int row) {
-  if (row < 0 || row >= query_.RecordCount()) return;
+  if (row < 0 || row >= query().RecordCount()) return;
   model_->openGroupsOf(row);
   if (const int line = model_->rows().lineOf(row); line >= 0) view_->setCurrentLine(line);
 }
@@ -189,34 +191,34 @@ void DataGrid::clearSelection() { view_->clearSelection(); }
 /// A row's key as bytes; empty when the query has no key.
 QByteArray DataGrid::keyOf(int row) const {
   QByteArray key;
-  for (int field = 0; field < query_.fieldCount(); ++field)
-    if (query_.fieldInfo(field).isKey) key += query_.rawCell(row, field).value_or(QByteArrayView()).toByteArray() + '\n';
+  for (int field = 0; field < query().fieldCount(); ++field)
+    if (query().fieldInfo(field).isKey) key += query().rawCell(row, field).value_or(QByteArrayView()).toByteArray() + '\n';
   return key;
 }
 
 void DataGrid::keepRecords(const std::function<void()>& read) {
-  const int before = query_.Active() ? currentRow() : -1;
+  const int before = query().Active() ? currentRow() : -1;
   const QByteArray current = before < 0 ? QByteArray() : keyOf(before);
   if (current.isEmpty()) return read();
   QSet<QByteArray> selected;
   for (const int row : selectedRows()) selected.insert(keyOf(row));
   read();
-  if (!query_.Active()) return;
+  if (!query().Active()) return;
   int row = 0;
-  while (row < query_.RecordCount() && keyOf(row) != current) ++row;
+  while (row < query().RecordCount() && keyOf(row) != current) ++row;
   setCurrentRow(row);
   view_->selectOnly([&](const GridRow& line) { return line.kind == GridRowKind::Data && selected.contains(keyOf(line.index)); });
 }
 
 void DataGrid::deleteSelectedRows() {
-  if (model_->isEditingRow() && query_.state() == QueryState::Insert) return model_->cancelRow();
+  if (model_->isEditingRow() && query().state() == QueryState::Insert) return model_->cancelRow();
   const std::vector<int> lines = view_->selectedLines();
   std::vector<int> rows = selectedRows();
   std::sort(rows.rbegin(), rows.rend());  // from the end, so that the numbers of those to come stay
   for (const int row : rows) model_->deleteRow(row);
-  if (query_.RecNo() < 0) return;
+  if (query().RecNo() < 0) return;
   if (model_->rows().isGrouped())
-    setCurrentRow(query_.RecNo());
+    setCurrentRow(query().RecNo());
   else if (!lines.empty())
     view_->setCurrentLine(std::min(lines.front(), model_->rowCount() - 1));
 }
@@ -228,7 +230,7 @@ std::optional<FilterExpression> DataGrid::filter() const {
   for (int column = 0; column < model_->columnCount(); ++column) {
     filterRow_->setWrong(column, {});
     try {
-      if (auto part = GridConditions::expression(query_, columns()[size_t(column)], filterRow_->condition(column))) parts.push_back(*part);
+      if (auto part = GridConditions::expression(query(), columns()[size_t(column)], filterRow_->condition(column))) parts.push_back(*part);
     } catch (const Exception& error) {
       filterRow_->setWrong(column, error.message());
     }
@@ -274,9 +276,9 @@ QString DataGrid::inForceText() const {
 
 void DataGrid::applyFilter() {
   if (!postEdits()) return;
-  inForce_ = query_.Active() ? filter() : std::nullopt;
+  inForce_ = query().Active() ? filter() : std::nullopt;
   const std::optional<FilterExpression> wanted = filterEnabled_ ? inForce_ : std::nullopt;
-  if (!filterHandler_ || !filterHandler_(wanted)) query_.setFilter(wanted);
+  if (!filterHandler_ || !filterHandler_(wanted)) query().setFilter(wanted);
   showFilter();
 }
 

@@ -45,7 +45,7 @@ enum class GridEditing {
 class DataGrid : public QWidget {
   Q_OBJECT
  public:
-  /// caption: what the grid shows, for those who hear it. The query must outlive the grid.
+  /// caption: what the grid shows, for those who hear it. A query that ends leaves the grid without rows.
   DataGrid(TMyQuery& query, std::vector<GridColumn> columns, const QString& caption, QWidget* parent = nullptr);
   ~DataGrid() override;
 
@@ -72,7 +72,7 @@ class DataGrid : public QWidget {
   void setFilterHandler(std::function<bool(const std::optional<FilterExpression>& filter)> handler);
 
   // What it shows.
-  TMyQuery& query() const { return query_; }
+  TMyQuery& query() const;
   const std::vector<GridColumn>& columns() const;
   /// Row of the query under the cursor; -1 on a group, on the new-item row and when there is none.
   int currentRow() const;
@@ -172,7 +172,6 @@ class DataGrid : public QWidget {
   void addRow();
   void copySelection() const;
 
-  TMyQuery& query_;
   GridModel* model_;
   GridView* view_;
   FilterRow* filterRow_;

@@ -59,7 +59,7 @@ void GridFooter::paintEvent(QPaintEvent*) {
       if (size_t(column) >= texts_.size() || texts_[size_t(column)].isEmpty()) continue;
       const int left = view_->viewport()->x() + view_->header()->sectionViewportPosition(column);
       const QRect room(left + GridDelegate::margin, 0, view_->header()->sectionSize(column) - 2 * GridDelegate::margin, height());
-      painter.drawText(room, (model_->isNumber(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, texts_[size_t(column)]);
+      painter.drawText(room, int((model_->isNumber(column) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter), texts_[size_t(column)]);
     }
   });
 }

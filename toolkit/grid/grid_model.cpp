@@ -1,6 +1,7 @@
 #include "toolkit/grid/grid_model.h"
 
 #include "base/exceptions.h"
+#include "base/guard.h"
 #include "base/number_text.h"
 #include "base/turkish_text.h"
 
@@ -26,7 +27,7 @@ QString summaryText(GridSummary kind, const QString& format, const Value& value)
 }  // namespace
 
 GridModel::GridModel(TMyQuery& query, std::vector<GridColumn> columns, QObject* parent)
-    : QAbstractTableModel(parent), query_(query), columns_(std::move(columns)), rows_(query) {
+    : QAbstractTableModel(parent), query_(&query), columns_(std::move(columns)), rows_(query) {
   QStringList sums;
   for (const GridColumn& column : columns_)
     if (column.groupSummary == GridSummary::Sum) sums += column.field;
@@ -38,15 +39,23 @@ GridModel::GridModel(TMyQuery& query, std::vector<GridColumn> columns, QObject* 
   rows_.setShownTexts(std::move(shownTexts));
   learnFields();
   rows_.rebuild();
-  query_.addListener(this);
+  query_->addListener(this);
 }
 
-GridModel::~GridModel() { query_.removeListener(this); }
+GridModel::~GridModel() { query_->removeListener(this); }
+
+void GridModel::queryEnds() {
+  query_ = &TMyQuery::ended();
+  fields_.clear();
+  rows_.setQuery(*query_);
+  rows_.rebuild();
+  postGuarded(this, [this] { queryReset(); });
+}
 
 void GridModel::learnFields() {
   fields_.clear();
-  if (!query_.Active()) return;
-  for (const GridColumn& column : columns_) fields_.push_back(query_.fieldIndex(column.field));
+  if (!query_->Active()) return;
+  for (const GridColumn& column : columns_) fields_.push_back(query_->fieldIndex(column.field));
 }
 
 int GridModel::columnOf(const QString& field) const {
@@ -59,7 +68,7 @@ int GridModel::columnOf(const QString& field) const {
 bool GridModel::isNumber(int column) const {
   const int field = fieldOf(column);
   if (field < 0 || columns_[size_t(column)].lookUp || !columns_[size_t(column)].values.empty()) return false;
-  const FieldType type = query_.fieldInfo(field).type;
+  const FieldType type = query_->fieldInfo(field).type;
   return type == FieldType::Integer || type == FieldType::Double || type == FieldType::Decimal;
 }
 
@@ -97,7 +106,7 @@ void GridModel::openGroupsOf(int queryRow) {
 
 Value GridModel::valueAt(int queryRow, int column) const {
   const int field = fieldOf(column);
-  return field < 0 || queryRow < 0 || queryRow >= query_.RecordCount() ? Value() : query_.valueAt(queryRow, field);
+  return field < 0 || queryRow < 0 || queryRow >= query_->RecordCount() ? Value() : query_->valueAt(queryRow, field);
 }
 
 QString GridModel::shown(int column, const Value& value) const {
@@ -142,12 +151,12 @@ QString GridModel::groupFooterText(const GridGroup& group, int column) const {
 }
 
 Value GridModel::footerValue(int column) const {
-  if (!query_.Active()) return {};
+  if (!query_->Active()) return {};
   switch (columns_[size_t(column)].summary) {
     case GridSummary::Count:
-      return query_.RecordCount();
+      return query_->RecordCount();
     case GridSummary::Sum:
-      return fieldOf(column) < 0 ? Value() : Value(query_.sumOf(fieldOf(column)));
+      return fieldOf(column) < 0 ? Value() : Value(query_->sumOf(fieldOf(column)));
     default:
       return {};
   }
@@ -190,7 +199,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return isText ? QVariant(groupFooterText(rows_.group(line.index), column)) : QVariant();
     case GridRowKind::NewItem:
       if (!isText) return {};
-      if (rows_.hiddenRow() < 0 || query_.state() == QueryState::Browse) return role == Qt::AccessibleTextRole ? QVariant(newItemHint()) : QVariant();
+      if (rows_.hiddenRow() < 0 || query_->state() == QueryState::Browse) return role == Qt::AccessibleTextRole ? QVariant(newItemHint()) : QVariant();
       return role == Qt::EditRole ? editText(rows_.hiddenRow(), column) : shownAt(rows_.hiddenRow(), column);
     default:
       break;
@@ -234,14 +243,14 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
   try {
     const int field = fieldOf(index.column());
     const Value stored = storedValue(index.column(), text);
-    FieldCodec::encode(query_.fieldInfo(field), stored);  // throws before a row is begun for nothing
+    FieldCodec::encode(query_->fieldInfo(field), stored);  // throws before a row is begun for nothing
     if (begins) {
-      query_.Insert();
-    } else if (line.kind == GridRowKind::Data && query_.state() == QueryState::Browse) {
-      query_.setRecNo(line.index);
-      query_.Edit();
+      query_->Insert();
+    } else if (line.kind == GridRowKind::Data && query_->state() == QueryState::Browse) {
+      query_->setRecNo(line.index);
+      query_->Edit();
     }
-    query_.field(field).set(stored);
+    query_->field(field).set(stored);
     isUntouched_ = false;
     return true;
   } catch (const EAbort&) {
@@ -264,32 +273,32 @@ void GridModel::setEditable(bool editable, bool newItemRow) {
 }
 
 bool GridModel::isEditingRow() const {
-  return editable_ && (query_.state() == QueryState::Edit || query_.state() == QueryState::Insert);
+  return editable_ && (query_->state() == QueryState::Edit || query_->state() == QueryState::Insert);
 }
 
-int GridModel::editingLine() const { return isEditingRow() ? rows_.lineOf(query_.RecNo()) : -1; }
+int GridModel::editingLine() const { return isEditingRow() ? rows_.lineOf(query_->RecNo()) : -1; }
 
 int GridModel::appendRow() {
-  query_.Insert();
+  query_->Insert();
   isUntouched_ = true;
   return editingLine();
 }
 
 void GridModel::postRow() {
   if (!isEditingRow()) return;
-  if (query_.state() == QueryState::Insert && isUntouched_)
-    query_.Cancel();
+  if (query_->state() == QueryState::Insert && isUntouched_)
+    query_->Cancel();
   else
-    query_.Post();
+    query_->Post();
 }
 
 void GridModel::cancelRow() {
-  if (isEditingRow()) query_.Cancel();
+  if (isEditingRow()) query_->Cancel();
 }
 
 void GridModel::deleteRow(int queryRow) {
-  if (query_.RecNo() != queryRow) query_.setRecNo(queryRow);
-  query_.Delete();
+  if (query_->RecNo() != queryRow) query_->setRecNo(queryRow);
+  query_->Delete();
 }
 
 void GridModel::queryReset() {
@@ -303,7 +312,7 @@ void GridModel::queryReset() {
 }
 
 void GridModel::rowChanged(int row) {
-  if (row == rows_.hiddenRow() && query_.state() == QueryState::Browse) {
+  if (row == rows_.hiddenRow() && query_->state() == QueryState::Browse) {
     // The new row was written: it leaves the line for new rows and takes its place among the others.
     if (rows_.isGrouped()) {
       rows_.setHiddenRow(-1);
@@ -318,7 +327,7 @@ void GridModel::rowChanged(int row) {
     Q_EMIT summariesChanged();
     return;
   }
-  if (rows_.isGrouped() && query_.state() == QueryState::Browse) {
+  if (rows_.isGrouped() && query_->state() == QueryState::Browse) {
     rows_.setRowBehindGroups(-1);
     rebuildLines();
   }
@@ -328,13 +337,13 @@ void GridModel::rowChanged(int row) {
 }
 
 void GridModel::rowInserted(int row) {
-  if (rows_.hasNewItemRow() && query_.state() == QueryState::Insert) {
+  if (rows_.hasNewItemRow() && query_->state() == QueryState::Insert) {
     rows_.append(true);
     Q_EMIT dataChanged(index(0, 0), index(0, columnCount() - 1));
     return;
   }
   if (rows_.isGrouped()) {
-    if (query_.state() == QueryState::Insert) rows_.setRowBehindGroups(row);
+    if (query_->state() == QueryState::Insert) rows_.setRowBehindGroups(row);
     rebuildLines();
   } else {
     const int line = rows_.count();

@@ -12,11 +12,11 @@
 class GridModel : public QAbstractTableModel, private QueryListener {
   Q_OBJECT
  public:
-  /// The query must outlive the model.
+  /// A query that ends leaves the model without rows.
   GridModel(TMyQuery& query, std::vector<GridColumn> columns, QObject* parent = nullptr);
   ~GridModel() override;
 
-  TMyQuery& query() const { return query_; }
+  TMyQuery& query() const { return *query_; }
   const std::vector<GridColumn>& columns() const { return columns_; }
   /// Number of the column with that field; -1 when there is none.
   int columnOf(const QString& field) const;
@@ -85,13 +85,14 @@ class GridModel : public QAbstractTableModel, private QueryListener {
   void rowChanged(int row) override;
   void rowInserted(int row) override;
   void rowRemoved(int row) override;
+  void queryEnds() override;
 
   void learnFields();
   void rebuildLines();
   Value storedValue(int column, const QString& text) const;
   QString editText(int queryRow, int column) const;
 
-  TMyQuery& query_;
+  TMyQuery* query_;
   std::vector<GridColumn> columns_;
   std::vector<int> fields_;  ///< per column; empty while the query is closed
   GridRows rows_;

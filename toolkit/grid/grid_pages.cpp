@@ -133,7 +133,7 @@ void GridPages::paintCaptions(QPainter& painter, double top) const {
     painter.drawRect(cell);
     painter.setPen(Qt::black);
     const QRectF room = cell.adjusted(cellMargin, 0, -cellMargin, 0);
-    painter.drawText(room, (columns_[column].alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter,
+    painter.drawText(room, int((columns_[column].alignsRight ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter),
                      metrics.elidedText(columns_[column].caption, Qt::ElideRight, room.width()));
   }
 }

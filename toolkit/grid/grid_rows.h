@@ -32,8 +32,9 @@ struct GridGroup {
 /// grouping nothing is kept per row.
 class GridRows {
  public:
-  /// The query must outlive it.
+  /// The query must outlive it, or be replaced by another one and the lines worked out anew.
   explicit GridRows(const TMyQuery& query) : query_(&query) {}
+  void setQuery(const TMyQuery& query) { query_ = &query; }
 
   /// Sorting in memory; an empty list leaves the query's own order. Takes effect with rebuild, as all that is set here.
   void setOrder(std::vector<GridSort> order) { order_ = std::move(order); }

@@ -147,7 +147,7 @@ class Workbook {
     sheet.end();
     sheet.begin(Selection);
     sheet.byte(lowerPane);
-    for (const quint16 value : {1, 0, 0, 1, 1, 1}) sheet.word(value);  // the first cell below the captions
+    for (const quint16 value : std::initializer_list<quint16>{1, 0, 0, 1, 1, 1}) sheet.word(value);  // the first cell below the captions
     sheet.word(0);
     sheet.end();
     sheet.empty(Eof);
@@ -237,7 +237,7 @@ class Workbook {
     stream.word(1200);
     stream.end();
     stream.begin(Window1);
-    for (const quint16 value : {0, 0, 0x3A98, 0x2328, 0x0038, 0, 0, 1, 0x0258}) stream.word(value);
+    for (const quint16 value : std::initializer_list<quint16>{0, 0, 0x3A98, 0x2328, 0x0038, 0, 0, 1, 0x0258}) stream.word(value);
     stream.end();
     for (int i = 0; i < 4; ++i) writeFont(stream, false);
     writeFont(stream, true);
