@@ -22,7 +22,7 @@ namespace {
 
 using PrintingTest = ReportFixture;
 
-/// A print service of the test's own with one queue that keeps what it receives. Does not start where there is none.
+/// A print service of the test's own with one queue that keeps what it receives.
 class PrintService {
  public:
   PrintService() {
@@ -42,7 +42,7 @@ class PrintService {
   ~PrintService() {
     daemon_.terminate();
     daemon_.waitForFinished();
-    qunsetenv("CUPS_SERVER");
+    qputenv("CUPS_SERVER", outerService_);
   }
   PrintService(const PrintService&) = delete;
   PrintService& operator=(const PrintService&) = delete;
@@ -68,6 +68,7 @@ class PrintService {
   }
 
   QTemporaryDir folder_;
+  QByteArray outerService_ = qgetenv("CUPS_SERVER");
   QProcess daemon_;
   bool hasQueue_ = false;
 };
@@ -75,9 +76,8 @@ class PrintService {
 }  // namespace
 
 TEST_F(PrintingTest, AQueueReceivesTheDocumentAndItsCopies) {
-  if (!QFile::exists(u"/usr/sbin/cupsd"_s)) GTEST_SKIP() << "no print service on this machine";
   PrintService service;
-  if (!service.works()) GTEST_SKIP() << "the print service does not start for this user";
+  ASSERT_TRUE(service.works());
   fillRows(9);
   const ReportPagedDocument made(laidOut(R"(<band kind="rows" data="Malzeme" height="10"><text width="60">[Malzeme.AD]</text></band>)"));
   ASSERT_TRUE(printPages(made, {.printer = u"MAKBUZ"_s, .copies = 2, .documentName = u"Makbuz 7"_s}));
