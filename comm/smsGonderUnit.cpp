@@ -112,10 +112,11 @@ QWidget* TsmsYollaForm::buildInformation() {
   return box;
 }
 
-/// Digits, comma and TAB alone write; backspace and paste do not, and Delete, which writes nothing, works: meant.
+/// Digits, comma and TAB alone write. Backspace, paste, cut, copy and undo do nothing, as they come as characters of their own;
+/// Delete and the arrows, which write nothing, work: meant.
 bool TsmsYollaForm::dropsRecipientKey(const QKeyEvent& key) const {
-  if (key.matches(QKeySequence::Paste) || key.key() == Qt::Key_Backspace) return true;
-  if (key.key() == Qt::Key_Delete || key.modifiers().testFlag(Qt::ControlModifier)) return false;
+  const bool isLetterWithCtrl = key.modifiers().testFlag(Qt::ControlModifier) && key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z;
+  if (isLetterWithCtrl || key.matches(QKeySequence::Paste) || key.key() == Qt::Key_Backspace) return true;
   return writesText(key) && !SmsText::recipientKeyPasses(key.text().front());
 }
 
@@ -152,8 +153,6 @@ void TsmsYollaForm::openSequence() {
 
 void TsmsYollaForm::btnPostClick() {
   SmsScreen screen(this, fSMS->iHTTP, uyariPan);
-  QString recipients = ALICITEL->text();
-  const bool closes = SmsSequences::sendBulk(fSMS->settings(), recipients, smsMESAJ->text(), screen);
-  ALICITEL->setText(recipients);
-  if (closes) done(Sent);
+  screen.onRecipients = [this](const QString& text) { ALICITEL->setText(text); };
+  if (SmsSequences::sendBulk(fSMS->settings(), ALICITEL->text(), smsMESAJ->text(), screen)) done(Sent);
 }

@@ -39,9 +39,11 @@ class SmsScreen : public SmsOverWindow<SmsSession> {
   void pause(int milliseconds) override;
   void showSenders(const QStringList& names) override { if (onSenders) onSenders(names); }
   void showBalance(const QString& line) override { if (onBalance) onBalance(line); }
+  void showRecipients(const QString& text) override { if (onRecipients) onRecipients(text); }
 
   std::function<void(const QStringList& names)> onSenders;
   std::function<void(const QString& line)> onBalance;
+  std::function<void(const QString& text)> onRecipients;
 
  private:
   QLabel* banner_;

@@ -184,8 +184,7 @@ bool openXml(const SmsSettings& settings, SmsSession& screen) {
   screen.setBanner(askingBalance);
   screen.runMessageLoop();
   screen.pause(pauseMs);
-  const auto credit = askXmlBalance(settings, XmlAsker::BulkForm, screen);
-  screen.setBanner(credit ? u"Kontör Miktarı: "_s + *credit : QString());
+  if (const auto credit = askXmlBalance(settings, XmlAsker::BulkForm, screen)) screen.setBanner(u"Kontör Miktarı: "_s + *credit);
   return true;
 }
 
@@ -245,17 +244,13 @@ bool SmsSequences::bulkMayOpen(const SmsSettings& settings, SmsSender& screen) {
 bool SmsSequences::openBulk(const SmsSettings& settings, BulkMemory& memory, SmsSession& screen) {
   announce(connecting, screen);
   screen.pause(pauseMs);
-  if (settings.provider == JsonSmsProvider) return openJson(settings, memory, screen);
-  bool isOpen = false;
-  try {
-    if (settings.provider == FormSmsProvider) isOpen = openForm(settings, screen);
-    if (settings.provider == XmlSmsProvider) isOpen = openXml(settings, screen);
-  } catch (...) {
-    screen.setBanner({});
-    throw;
+  // The banner of the last step stays when one refuses: meant.
+  switch (settings.provider) {
+    case JsonSmsProvider: return openJson(settings, memory, screen);
+    case FormSmsProvider: return openForm(settings, screen);
+    case XmlSmsProvider: return openXml(settings, screen);
+    default: return false;
   }
-  if (!isOpen) screen.setBanner({});
-  return isOpen;
 }
 
 QString SmsSequences::bulkLine(const BulkMemory& memory) {
@@ -268,7 +263,7 @@ std::optional<QString> SmsSequences::recipientsLeft(const SmsSettings& settings,
   return bulkLine(memory);
 }
 
-bool SmsSequences::sendBulk(const SmsSettings& settings, QString& recipients, const QString& text, SmsSender& screen) {
+bool SmsSequences::sendBulk(const SmsSettings& settings, const QString& recipients, const QString& text, SmsSession& screen) {
   if (recipients.trimmed().isEmpty()) {
     screen.errorMessage(u"SMS gönderebilmek için alıcı telefonlarını yazmalısınız."_s);
     return false;
@@ -279,10 +274,11 @@ bool SmsSequences::sendBulk(const SmsSettings& settings, QString& recipients, co
     return false;
   }
   if (settings.provider == JsonSmsProvider) {
-    recipients = SmsText::quotedRecipients(recipients);
+    const QString quoted = SmsText::quotedRecipients(recipients);
+    screen.showRecipients(quoted);
     try {
       const SmsReceipt receipt = JsonSms::readReceipt(
-          screen.exchange(JsonSms::submitRequest(settings.addresses, settings.account, {settings.sender, recipients, text})));
+          screen.exchange(JsonSms::submitRequest(settings.addresses, settings.account, {settings.sender, quoted, text})));
       tellReceipt(receipt, u"SMS Mesajı servis sağlayıcıya iletilmiştir. Id: "_s + receipt.messageId, screen);
     } catch (const Exception& error) {
       screen.plainMessage(requestError(error));

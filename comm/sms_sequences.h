@@ -42,6 +42,8 @@ class SmsSession : public SmsSender {
   virtual void showSenders(const QStringList& names) = 0;
   /// The whole line of the balance label; the bulk form, which has none, is not asked.
   virtual void showBalance(const QString& line) = 0;
+  /// Puts text in the place of the bulk form's recipients.
+  virtual void showRecipients(const QString& text) = 0;
 };
 
 /// What the bulk form keeps from one opening to the next, for the program's life.
@@ -66,9 +68,9 @@ QString bulkLine(const BulkMemory& memory);
 /// The recipients' box was left: the new banner; nothing for gateways that show no such line.
 std::optional<QString> recipientsLeft(const SmsSettings& settings, BulkMemory& memory, const QString& recipients);
 
-/// "SMS Gönder" of the bulk form. recipients is the box's text and holds the quoted list after a send by the JSON gateway.
-/// True when the form closes, false when it stays open.
-bool sendBulk(const SmsSettings& settings, QString& recipients, const QString& text, SmsSender& screen);
+/// "SMS Gönder" of the bulk form. recipients is the box's text; the JSON gateway's quoted list takes its place before it goes
+/// out. True when the form closes, false when it stays open.
+bool sendBulk(const SmsSettings& settings, const QString& recipients, const QString& text, SmsSession& screen);
 
 /// The slip's notice to one number. False ends the save: only the JSON gateway's refusal does.
 bool notifyCustomer(const SmsSettings& settings, const QString& messageTemplate, const QStringList& markers,

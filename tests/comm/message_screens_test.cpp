@@ -114,6 +114,8 @@ TEST_F(MessageScreens, OneTextGoesToManyNumbersWithTheSavedSender) {
     QTest::keyClick(bulk->ALICITEL->line(), Qt::Key_End);
     for (const QChar key : u"a,5"_s) QTest::sendKeyEvent(QTest::Click, bulk->ALICITEL->line(), Qt::Key_unknown, QString(key), {});
     QTest::keyClick(bulk->ALICITEL->line(), Qt::Key_Backspace);
+    bulk->ALICITEL->line()->selectAll();
+    for (const Qt::Key key : {Qt::Key_X, Qt::Key_V, Qt::Key_Z}) QTest::keyClick(bulk->ALICITEL->line(), key, Qt::ControlModifier);
     bulk->btnPost->click();
     if (bulk->isVisible()) bulk->reject();
   });
