@@ -162,14 +162,18 @@ QWidget* TfParametreler::buildPrinters() {
   const auto addCopies = [&](const QString& name, int row) {
     ComboEdit* edit = add(name, u"Kopya Sayısı"_s, row, 2);
     for (int copies = 1; copies <= mostCopies; ++copies) edit->addItem(QString::number(copies));
-    edit->setCanBeEmpty(false);
     edit->setItemIndex(0);
     edit->setFixedWidth(80);
     return edit;
   };
-  yBarkodPrinter = add(u"yBarkodPrinter"_s, u"Barkod Yazıcı"_s, 0, 0);
+  const auto addPrinters = [&](const QString& name, const QString& caption, int row) {
+    ComboEdit* edit = add(name, caption, row, 0);
+    edit->setCanBeEmpty(true);
+    return edit;
+  };
+  yBarkodPrinter = addPrinters(u"yBarkodPrinter"_s, u"Barkod Yazıcı"_s, 0);
   yBarkodPrinterCopyNum = addCopies(u"yBarkodPrinterCopyNum"_s, 0);
-  VarsayilanPrinter = add(u"VarsayilanPrinter"_s, u"Varsayılan Yazıcı"_s, 1, 0);
+  VarsayilanPrinter = addPrinters(u"VarsayilanPrinter"_s, u"Varsayılan Yazıcı"_s, 1);
   VarsayilanPrinterCopyNum = addCopies(u"VarsayilanPrinterCopyNum"_s, 1);
   return group;
 }

@@ -8,6 +8,7 @@
 #include "base/platform/file_version.h"
 #include "base/platform/machine.h"
 #include "base/text_tools.h"
+#include "base/turkish_text.h"
 #include "toolkit/edits/task_dialog.h"
 
 #include <QCoreApplication>
@@ -103,7 +104,7 @@ int TQuendUtil::VarToInt(const Value& value) const {
   return int(number);
 }
 
-QChar TQuendUtil::BuyukHarf(QChar letter) const { return TextTools::BuyukHarf(letter); }
+QChar TQuendUtil::BuyukHarf(QChar letter) const { return TurkishText::BuyukHarf(letter); }
 QString TQuendUtil::LoginTrBuyukHarf(const QString& text) const { return TextTools::LoginTrBuyukHarf(text); }
 QString TQuendUtil::LoginTrPassword(const QString& text) const { return TextTools::LoginTrPassword(text); }
 QString TQuendUtil::Numarator(const QString& text) const { return TextTools::Numarator(text); }

@@ -2,7 +2,6 @@
 
 #include "base/date_text.h"
 #include "base/exceptions.h"
-#include "base/turkish_text.h"
 
 #include <utility>
 
@@ -25,11 +24,6 @@ QChar nearestAscii(QChar letter) {
 }
 
 }  // namespace
-
-QChar TextTools::BuyukHarf(QChar letter) {
-  static const QString covered = u"abcçdefgğhıijklmnoöpqrsştuüvwxyz"_s;
-  return covered.contains(letter) ? TurkishText::upper(letter) : letter;
-}
 
 QString TextTools::LoginTrBuyukHarf(const QString& text) {
   QString result = text;

@@ -5,9 +5,6 @@
 /// Small text rules that many screens share.
 namespace TextTools {
 
-/// Turkish capital of one letter; anything that is no small letter stays.
-QChar BuyukHarf(QChar letter);
-
 /// ASCII capitals: Turkish letters go to their nearest ASCII capital, small ASCII letters to theirs.
 QString LoginTrBuyukHarf(const QString& text);
 

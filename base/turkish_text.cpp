@@ -1,11 +1,27 @@
 #include "base/turkish_text.h"
 
+#include "base/data/latin5.h"
+
 using namespace Qt::StringLiterals;
 
+QChar TurkishText::BuyukHarf(QChar letter) {
+  static constexpr QStringView covered = u"abcçdefgğhıijklmnoöpqrsştuüvwxyz";
+  static constexpr QStringView capitals = u"ABCÇDEFGĞHIİJKLMNOÖPQRSŞTUÜVWXYZ";
+  const qsizetype place = covered.indexOf(letter);
+  return place < 0 ? letter : capitals[place];
+}
+
+QString TurkishText::BuyukHarf(const QString& text) {
+  QString result = text;
+  for (QChar& letter : result) letter = BuyukHarf(letter);
+  return result;
+}
+
 QChar TurkishText::upper(QChar letter) {
-  if (letter == u'i') return u'İ';
-  if (letter == u'ı') return u'I';
-  return letter.toUpper();
+  const QChar turkish = BuyukHarf(letter);
+  if (turkish != letter || letter.unicode() < 0x80) return turkish;
+  const QChar capital = letter.toUpper();
+  return Latin5::holds(capital) ? capital : letter;
 }
 
 QChar TurkishText::lower(QChar letter) {
@@ -24,6 +40,10 @@ QString TurkishText::lower(const QString& text) {
   QString result = text;
   for (QChar& letter : result) letter = lower(letter);
   return result;
+}
+
+QString TurkishText::composed(const QString& text) {
+  return text.normalized(QString::NormalizationForm_C).replace(u"i\u0307"_s, u"i"_s).replace(u"İ\u0307"_s, u"İ"_s);
 }
 
 QString TurkishText::fold(const QString& text) { return lower(text); }

@@ -59,7 +59,7 @@ CatalogueDevice deviceOf(const CsvRecord& record, const std::vector<const Catalo
   if (record.isUnclosed) throw Exception(u"a quotation mark is never closed; what follows it is left out"_s);
   CatalogueDevice device;
   for (qsizetype i = 0; i < record.cells.size(); ++i) {
-    const QString text = TurkishText::upper(record.cells[i]);
+    const QString text = TurkishText::BuyukHarf(TurkishText::composed(record.cells[i]));
     if (i >= qsizetype(header.size())) {
       if (!text.isEmpty()) throw Exception(u"it has more cells than the header"_s);
       continue;
@@ -68,7 +68,7 @@ CatalogueDevice deviceOf(const CsvRecord& record, const std::vector<const Catalo
     if (column == nullptr) continue;
     if (text.contains(u'\n') || text.contains(u'\r')) throw Exception(u"%1 holds a line break"_s.arg(column->caption));
     if (const auto character = Latin5::firstUnstorable(text))
-      throw Exception(u"%1 holds \"%2\", which the database cannot store"_s.arg(column->caption, *character));
+      throw Exception(u"%1 holds %2, which the database cannot store"_s.arg(column->caption, Latin5::named(*character)));
     if (text.size() > column->width)
       throw Exception(u"%1 has %2 characters, %3 fit"_s.arg(column->caption).arg(text.size()).arg(column->width));
     device.*column->text = text;

@@ -105,7 +105,6 @@ QWidget* TfEPOSTA::buildAccount() {
   eSMTPPassword->line()->setEchoMode(QLineEdit::Password);
   eSMTPPORT->setText(u"0"_s);
   eSMTPAUTH->setItems({u"Hayır"_s, u"Evet"_s});
-  eSMTPAUTH->setCanBeEmpty(false);
   eSMTPAUTH->setItemIndex(0);
   // Leaving the subject asks for the sender's address too: meant.
   for (TextEdit* box : {eSMTPOWNER, eSubject}) connectGuarded(box, &EditBox::left, this, [this] { eSMTPOWNERExit(); });

@@ -67,7 +67,6 @@ void TsmsYollaForm::buildForm() {
   connectGuarded(ALICITEL, &EditBox::left, this, [this] { leaveRecipients(); });
   TS_TURU->setObjectName(u"TS_TURU"_s);
   TS_TURU->setCaption(u" GÖNDERİCİ ADI"_s);
-  TS_TURU->setCanBeEmpty(false);
   smsMESAJ->setObjectName(u"smsMESAJ"_s);
   smsMESAJ->editor()->setAccessibleName(u"Mesaj"_s);
   smsMESAJ->setTakesLineBreaks(false);

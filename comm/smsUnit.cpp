@@ -120,9 +120,7 @@ TfSMS::~TfSMS() {
 
 QWidget* TfSMS::buildAccount() {
   servis->setItems(providers());
-  servis->setCanBeEmpty(false);
   servis->setItemIndex(JsonSmsProvider);
-  sProfil->setCanBeEmpty(false);
   sParola->line()->setEchoMode(QLineEdit::Password);
   uyariPan->setObjectName(u"uyariPan"_s);
   uyariPan->setAlignment(Qt::AlignCenter);

@@ -13,7 +13,7 @@ SlipLookUps::SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz
       qCihaz_(qCihaz),
       qServisTip_(qServisTip),
       customers_(qCari, {{u"CA_AD"_s, u"ADI"_s, 220}, {u"CA_UNVAN"_s, u"ÜNVAN"_s, 220}, {u"CA_ILCE"_s, u"İLÇE/İL"_s, 130}, {u"CA_TEL"_s, u"TELEFON"_s, 120}}),
-      devices_(qCihaz, {{u"C_AD"_s, u"CİHAZ ADI"_s, 220}, {u"C_MARKA"_s, u"CİHAZ MARKA"_s, 150}, {u"C_TURU"_s, u"ÜRETİCİ KODU"_s, 150}}) {
+      devices_(qCihaz, {{u"C_AD"_s, u"CİHAZ ADI"_s, 220}, {u"C_MARKA"_s, u"CİHAZ MARKA"_s, 150}, {u"C_URETICI"_s, u"ÜRETİCİ KODU"_s, 150}}) {
   qCari_.SQL.setText(u"select * from cari order by CA_AD"_s);
   qCihaz_.SQL.setText(u"select * from cihaz order by C_AD"_s);
   qServisTip_.SQL.setText(u"select * from servistip"_s);

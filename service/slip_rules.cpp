@@ -53,7 +53,7 @@ std::optional<FieldMessage> validate(const std::vector<SlipText>& texts) {
 
 std::optional<FieldMessage> unstorableText(const SlipText& field) {
   if (const auto character = Latin5::firstUnstorable(field.text))
-    return FieldMessage{field.control, u"\"%1\" alanındaki \"%2\" karakteri kaydedilemez."_s.arg(field.caption, *character)};
+    return FieldMessage{field.control, u"\"%1\" alanındaki %2 karakteri kaydedilemez."_s.arg(field.caption, Latin5::named(*character))};
   if (field.maximumLength > 0 && field.text.size() > field.maximumLength)
     return FieldMessage{field.control,
                         u"\"%1\" alanına en fazla %2 karakter girebilirsiniz."_s.arg(field.caption).arg(field.maximumLength)};

@@ -40,13 +40,15 @@ int byteOf(char16_t character) {
 
 }  // namespace
 
+bool Latin5::holds(QChar character) { return byteOf(character.unicode()) >= 0; }
+
 QByteArray Latin5::encode(const QString& text, const QString& field) {
   QByteArray bytes(text.size(), Qt::Uninitialized);
   for (qsizetype i = 0; i < text.size(); ++i) {
     const int byte = byteOf(text[i].unicode());
     if (byte < 0) {
       const QString character = *firstUnstorable(text);
-      throw EUnstorableValue(u"\"%1\" alanındaki \"%2\" karakteri veritabanında saklanamaz."_s.arg(field, character), field,
+      throw EUnstorableValue(u"\"%1\" alanındaki %2 karakteri veritabanında saklanamaz."_s.arg(field, named(character)), field,
                              character);
     }
     bytes[i] = char(byte);
@@ -68,4 +70,12 @@ std::optional<QString> Latin5::firstUnstorable(const QString& text) {
     return text.mid(i, pair ? 2 : 1);
   }
   return std::nullopt;
+}
+
+QString Latin5::named(const QString& character) {
+  const char32_t code = character.size() == 2 ? QChar::surrogateToUcs4(character[0], character[1]) : character[0].unicode();
+  const QString codeText = u"U+"_s + QString::number(uint(code), 16).toUpper().rightJustified(4, u'0');
+  if (!QChar::isPrint(code) || QChar::isSpace(code)) return codeText;
+  const QString circle = QChar::isMark(code) ? u"\u25CC"_s : QString();
+  return u"\"%1\" (%2)"_s.arg(circle + character, codeText);
 }

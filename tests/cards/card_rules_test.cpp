@@ -39,6 +39,14 @@ TEST(CardRules, NumbersKeepThePlacesOfThoseThatAreMissing) {
   for (const auto& each : cases) EXPECT_EQ(CardRules::joinedNumbers(each.numbers), each.joined);
 }
 
+TEST(DeviceImport, LettersBecomeTheCapitalsOfTheTurkishAlphabetAndAreNamedWhenTheyCannotBeStored) {
+  const DeviceFile read = DeviceImport::read(u"C_AD\nKondansatör 10 µf café es\u0327\nа\n"_s.toUtf8());
+  ASSERT_EQ(read.devices.size(), 1u);
+  EXPECT_EQ(read.devices.front().name, u"KONDANSATÖR 10 µF CAFé EŞ"_s);
+  ASSERT_EQ(read.refused.size(), 1u);
+  EXPECT_TRUE(read.refused.front().reason.contains(u"\"а\" (U+0430)"_s)) << read.refused.front().reason.toStdString();
+}
+
 // No bytes of a file may bring the import down or past the columns' widths.
 TEST(DeviceImport, HostileBytesAreRefusedOrFit) {
   const QByteArrayList pieces{"C_AD", "C_MARKA", "CİHAZ ADI"_ba, ";", ",", "\t", "\"", "\"\"", "\r\n", "\n", "\r", "sep=;", "sep=", "\xef\xbb\xbf",

@@ -145,6 +145,9 @@ TEST_F(SlipBrowserTest, TypingInTheFilterRowIsTurnedToTurkishCapitals) {
     QTest::keyClicks(line, u"inc"_s);
     EXPECT_EQ(line->text(), u"İNC"_s);
     EXPECT_TRUE(QTest::qWaitFor([&] { return shown() == u"2"_s; }));
+    line->clear();
+    type(u"10 µf es\u0327"_s);
+    EXPECT_EQ(line->text(), u"10 µF EŞ"_s);
   });
 }
 

@@ -96,7 +96,7 @@ TEST_F(SlipDialogsTest, ReminderStandsInOneDialogForAllSlips) {
   TfServisFis* slip = filledSlip(u"102"_s);
   reminder.TS_HATIRLATMA_NOTU->setText(u"☎"_s);
   save(slip);
-  EXPECT_EQ(balloon(slip)->text(), u"\"HATIRLATMA NOTU\" alanındaki \"☎\" karakteri kaydedilemez."_s);
+  EXPECT_EQ(balloon(slip)->text(), u"\"HATIRLATMA NOTU\" alanındaki \"☎\" (U+260E) karakteri kaydedilemez."_s);
   reminder.TS_HATIRLATMA_NOTU->setText({});
   reminder.TS_HATIRLATMA_TARIH->setText(u"31.02.2026"_s);
   balloon(slip)->hide();

@@ -70,7 +70,7 @@ TEST_F(SlipFormTest, PagesAndCommandsFollowTheMode) {
 TEST_F(SlipFormTest, CardsAreCopiedAndTakenBack) {
   run(u"INSERT INTO cari (CA_AD, CA_UNVAN, CA_NO, CA_ADRES, CA_ILCE, CA_YETKILI, CA_TEL, CA_TEL2, CA_CEP, CA_EPOSTA) VALUES "
       u"('ŞULE IŞIK', 'IŞIK LTD', 'C1', 'CADDE 1', 'KADIKÖY', 'ŞULE', '0216', '0217', '0530', 'S@X.TR')");
-  run(u"INSERT INTO cihaz (C_AD, C_MARKA, C_TURU) VALUES ('FIRIN', 'M1', 'K1')");
+  run(u"INSERT INTO cihaz (C_AD, C_MARKA, C_TURU, C_URETICI) VALUES ('FIRIN', 'M1', 'K1', 'U1')");
   run(u"INSERT INTO caricihaz (CH_CA_ID, CH_SERI, CH_MODEL) SELECT CA_ID, 'İÇ1', 'OCAK' FROM cari");
   TfServisFis* slip = newSlip();
   const QStringList copies{u"TS_UNVAN"_s, u"TS_M_NO"_s, u"TS_ADRES"_s, u"TS_ILCE"_s, u"TS_YETKILI"_s,
@@ -91,6 +91,8 @@ TEST_F(SlipFormTest, CardsAreCopiedAndTakenBack) {
   EXPECT_EQ(shown(), none);
 
   enter(slip, u"TS_C_AD"_s, u"fırın"_s);
+  const QAbstractItemModel* offered = QApplication::activePopupWidget()->findChild<QTableView*>()->model();
+  EXPECT_EQ(offered->headerData(2, Qt::Horizontal).toString() + offered->index(0, 2).data().toString(), u"ÜRETİCİ KODUU1"_s);
   press(Qt::Key_Return);
   EXPECT_EQ(text(slip, u"TS_C_MARKA"_s) + text(slip, u"TS_C_TURU"_s), u"M1K1"_s);
 

@@ -42,8 +42,8 @@ TEST(SlipRules, FirstMissingFieldIsTold) {
       {texts(u"1"_s, u"A"_s, {}, {}), u"TS_C_AD"_s, u"\"Cihaz Tanımı\" alanı için değer girmelisiniz."_s},
       {texts(u"1"_s, u"A"_s, u"B"_s, {}), u"TS_C_SERINO"_s, u"\"Seri No\" alanı için değer girmelisiniz."_s},
       {texts(u"1"_s, u"A"_s, u"B"_s, u" 12 "_s), u"TS_C_SERINO"_s, u"\"Seri No\" alanı için en az 3 karater girmelisiniz."_s},
-      {texts(u"1"_s, u"A☃B"_s, u"B"_s, u"123"_s), u"TS_MUSTERI"_s, u"\"MÜŞTERİ ADI\" alanındaki \"☃\" karakteri kaydedilemez."_s},
-      {texts(u"1"_s, u"A"_s, u"😀"_s, u"123"_s), u"TS_C_AD"_s, u"\"CİHAZ TANIMI\" alanındaki \"😀\" karakteri kaydedilemez."_s},
+      {texts(u"1"_s, u"A☃B"_s, u"B"_s, u"123"_s), u"TS_MUSTERI"_s, u"\"MÜŞTERİ ADI\" alanındaki \"☃\" (U+2603) karakteri kaydedilemez."_s},
+      {texts(u"1"_s, u"A"_s, u"😀"_s, u"123"_s), u"TS_C_AD"_s, u"\"CİHAZ TANIMI\" alanındaki \"😀\" (U+1F600) karakteri kaydedilemez."_s},
       {texts(u"1234567890123456"_s, u"A"_s, u"B"_s, u"123"_s), u"TS_NO"_s, u"\"FİŞ NO\" alanına en fazla 15 karakter girebilirsiniz."_s},
       // What is missing is told before what does not fit.
       {texts(u"☃"_s, u"A"_s, u"B"_s, u"12"_s), u"TS_C_SERINO"_s, u"\"Seri No\" alanı için en az 3 karater girmelisiniz."_s},

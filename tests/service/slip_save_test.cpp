@@ -119,7 +119,7 @@ TEST_F(SlipFormTest, FailedChecksSendNothing) {
     QString column, text, message;
   } cases[] = {{u"TS_MUSTERI"_s, u" "_s, u"\"Müşteri Adı\" alanı için değer girmelisiniz."_s},
                {u"TS_C_SERINO"_s, u"AB"_s, u"\"Seri No\" alanı için en az 3 karater girmelisiniz."_s},
-               {u"TS_ADRES"_s, u"SOKAK ☃"_s, u"\"ADRES\" alanındaki \"☃\" karakteri kaydedilemez."_s},
+               {u"TS_ADRES"_s, u"SOKAK ☃"_s, u"\"ADRES\" alanındaki \"☃\" (U+2603) karakteri kaydedilemez."_s},
                {u"TS_ACIKLAMA"_s, QString(81, u'A'), u"\"FİŞ AÇIKLAMA\" alanına en fazla 80 karakter girebilirsiniz."_s}};
   TfServisFis* slip = filledSlip(u"100"_s);
   for (const auto& one : cases) {

@@ -2,10 +2,12 @@
 #include "base/exceptions.h"
 #include "tests/toolkit/typing.h"
 #include "toolkit/edits/balloon.h"
+#include "toolkit/edits/memo_edit.h"
 
 #include <gmock/gmock.h>
 
 #include <QDialog>
+#include <QInputMethodEvent>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QVBoxLayout>
@@ -79,14 +81,41 @@ TEST_F(EditorsTest, FunctionKeysPressButtonsByIndex) {
   EXPECT_EQ(unpressed.count(), 0);
 }
 
+TEST_F(EditorsTest, ALetterAndItsMarksComeInAsOneCharacter) {
+  auto* edit = shown<qcxTextEdit>();
+  edit->setCharCase(CharCase::Upper);
+  edit->setMaxLength(12);
+  auto* memo = new MemoEdit(&form_);
+  const QString decomposed = u"s\u0327ı i\u0307g\u0306 u\u0308"_s;
+  const QString whole = u"ŞI İĞ Ü"_s;
+  type(edit->line(), decomposed);
+  EXPECT_EQ(edit->text(), whole);
+  edit->setText({});
+  paste(edit->line(), decomposed);
+  EXPECT_EQ(edit->text(), whole);
+  type(memo->editor(), decomposed);
+  EXPECT_EQ(memo->text(), u"şı iğ ü"_s);
+  for (QWidget* each : {static_cast<QWidget*>(edit->line()), memo->editor()}) {
+    QInputMethodEvent commit;
+    commit.setCommitString(u"C\u0327"_s);
+    QApplication::sendEvent(each, &commit);
+  }
+  EXPECT_EQ(edit->text() + memo->text(), whole + u"Çşı iğ üÇ"_s);
+  type(edit->line(), u"1o23\u0308"_s);
+  EXPECT_EQ(edit->text(), whole + u"Ç1O23"_s) << "a mark that finds no letter of its own has no room either";
+  edit->line()->setCursorPosition(int(whole.size()) + 3);
+  type(edit->line(), u"\u0308"_s);
+  EXPECT_EQ(edit->text(), whole + u"Ç1Ö23"_s) << "a full box still takes a letter's mark";
+}
+
 TEST_F(EditorsTest, LettersAreTurkishInTheCaseAskedFor) {
   auto* edit = shown<qcxTextEdit>();
   edit->setCharCase(CharCase::Upper);
   type(edit->line(), u"ığdır ilçesi şöfö"_s);
   EXPECT_EQ(edit->text(), u"IĞDIR İLÇESİ ŞÖFÖ"_s);
   edit->setText({});
-  paste(edit->line(), u"iı"_s);
-  EXPECT_EQ(edit->text(), u"İI"_s);
+  paste(edit->line(), u"iı 10 µƒ é"_s);
+  EXPECT_EQ(edit->text(), u"İI 10 µƒ É"_s) << "no capital that the database lacks";
   edit->setText({});
   edit->setCharCase(CharCase::Lower);
   type(edit->line(), u"IİÇ"_s);

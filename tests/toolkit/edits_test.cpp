@@ -229,9 +229,16 @@ TEST_F(EditsTest, ComboChoosesByKeys) {
   EXPECT_FALSE(combo->line()->hasFocus());
   combo->setFocus();
   QTest::keyClick(combo->line(), Qt::Key_Delete);
+  EXPECT_EQ(combo->text(), u"ISITICI"_s) << "one of the list's words, always";
+  combo->setCanBeEmpty(true);
+  QTest::keyClick(combo->line(), Qt::Key_Delete);
   EXPECT_EQ(combo->itemIndex(), -1);
   EXPECT_TRUE(combo->editValue().isNull());
   EXPECT_EQ(changed.last()[0].toInt(), -1);
+  combo->setItems({u"VAR"_s, QString()});
+  combo->setItemIndex(0);
+  QTest::keyClick(combo->line(), Qt::Key_Delete);
+  EXPECT_EQ(combo->itemIndex(), 1);
 }
 
 TEST_F(EditsTest, ComboKeepsWhatItsListDoesNotHave) {

@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -21,6 +22,7 @@
 #include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -351,6 +353,21 @@ TEST_F(RibbonTest, EveryCommandIsReachedByKeyboard) {
   EXPECT_EQ(qobject_cast<RibbonButton*>(QApplication::focusWidget())->defaultAction(), commands.last());
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &editor);
+}
+
+TEST_F(RibbonTest, OnlyTheButtonUnderThePointerIsLitOnceAWindowHasClosed) {
+  host.resize(2500, 200);
+  host.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+  const QList<RibbonButton*> buttons = ribbon.findChildren<RibbonButton*>();
+  QTest::mouseMove(buttons[1]);
+  // As when a menu of the first one opened a window and the pointer went on from there: nobody tells the button.
+  for (RibbonButton* button : {buttons[0], buttons[1]}) button->setAttribute(Qt::WA_UnderMouse);
+  QDialog window(&host);
+  QTimer::singleShot(0, &window, &QDialog::accept);
+  window.exec();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !buttons[0]->underMouse(); }));
+  EXPECT_TRUE(buttons[1]->underMouse());
 }
 
 QStringList visibleTips() {

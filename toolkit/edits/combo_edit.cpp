@@ -177,9 +177,9 @@ void ComboEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
       next = last;
       break;
     case Qt::Key_Delete:
-      if (open || !canBeEmpty_) return;
-      next = -1;
-      if (itemIndex_ < 0 && !text().isEmpty() && !isReadOnly()) {
+      next = indexOf({});
+      if (open || (next < 0 && !canBeEmpty_)) return;
+      if (itemIndex_ < 0 && next < 0 && !text().isEmpty() && !isReadOnly()) {
         setItemIndex(-1);
         Q_EMIT textEdited(text());
         Q_EMIT itemChanged(-1);

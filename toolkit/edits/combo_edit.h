@@ -9,8 +9,8 @@ class QListWidget;
 class QTimer;
 
 /// A choice from a fixed list, 16 rows of it shown. A text that the list does not have is shown and kept, with no item
-/// chosen. Button 0 is the arrow; F4, Alt+Down and a click open the list, arrows and typed first letters choose, Delete
-/// empties.
+/// chosen. Button 0 is the arrow; F4, Alt+Down and a click open the list, arrows and typed first letters choose. Delete
+/// goes to the empty item; in a list without one it takes the choice away only where that was asked for.
 class ComboEdit : public EditBox {
   Q_OBJECT
  public:
@@ -32,7 +32,7 @@ class ComboEdit : public EditBox {
   /// Not 0: the value is the chosen item's object number, else its text.
   int Tag() const { return tag_; }
   void setTag(int tag) { tag_ = tag; }
-  /// Whether Delete takes the choice away; on at first.
+  /// Whether Delete takes the choice away from a list that has no empty item; off at first.
   void setCanBeEmpty(bool on) { canBeEmpty_ = on; }
 
   void setText(const QString& text) override;
@@ -66,7 +66,7 @@ class ComboEdit : public EditBox {
   std::vector<Item> items_;
   int itemIndex_ = -1;
   int tag_ = 0;
-  bool canBeEmpty_ = true;
+  bool canBeEmpty_ = false;
   QString typed_;  ///< first letters typed so far
   QTimer* typedPause_;
   DropDown* dropDown_ = nullptr;

@@ -9,16 +9,23 @@
 
 using namespace Qt::StringLiterals;
 
-QString inCase(CharCase charCase, const QString& text) {
+QString taken(CharCase charCase, const QString& text) {
+  const QString composed = TurkishText::composed(text);
   switch (charCase) {
     case CharCase::Upper:
-      return TurkishText::upper(text);
+      return TurkishText::upper(composed);
     case CharCase::Lower:
-      return TurkishText::lower(text);
+      return TurkishText::lower(composed);
     case CharCase::Normal:
       break;
   }
-  return text;
+  return composed;
+}
+
+QString joined(CharCase charCase, QChar letter, const QString& mark) {
+  if (!mark.front().isMark()) return {};
+  const QString both = taken(charCase, letter + mark);
+  return both.size() <= mark.size() ? both : QString();
 }
 
 QString quoted(const QString& text) {

@@ -9,8 +9,11 @@ class QKeyEvent;
 /// How letters are written as they are typed or pasted, by the Turkish rules.
 enum class CharCase { Normal, Upper, Lower };
 
-/// text in the case asked for.
-QString inCase(CharCase charCase, const QString& text);
+/// A text that comes in from outside as a box takes it: every letter one character, in the case asked for.
+QString taken(CharCase charCase, const QString& text);
+
+/// What a mark that was typed on its own makes of the letter before it; empty when it does not join that letter.
+QString joined(CharCase charCase, QChar letter, const QString& mark);
 
 /// How text reads in a message: its beginning, when it is long.
 QString quoted(const QString& text);

@@ -82,7 +82,14 @@ void EditLine::typeText(QString characters) {
     if (const QString refusal = box_->typingRefusal(typed); !refusal.isEmpty()) showRefusal(box_, refusal);
     return;
   }
-  characters = inCase(box_->charCase(), characters);
+  characters = taken(box_->charCase(), characters);
+  if (const int place = cursorPosition(); place > 0 && !hasSelectedText()) {
+    const QString letter = joined(box_->charCase(), text()[place - 1], characters);
+    if (!letter.isEmpty()) {
+      setSelection(place - 1, 1);
+      characters = letter;
+    }
+  }
   if (fittingText(characters, stayingLength(), box_->maxLength()).complaint.isEmpty())
     insert(characters);
   else
@@ -94,7 +101,7 @@ qsizetype EditLine::stayingLength() const { return text().size() - selectedText(
 
 void EditLine::pasteText(const QString& pasted) {
   if (isReadOnly() || pasted.isEmpty() || !box_) return;
-  const QString text = inCase(box_->charCase(), asOneLine(pasted));
+  const QString text = taken(box_->charCase(), asOneLine(pasted));
   const FittingText fitting = fittingText(text, stayingLength(), box_->maxLength());
   QString whole = this->text();
   const int place = hasSelectedText() ? selectionStart() : cursorPosition();

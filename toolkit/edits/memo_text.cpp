@@ -55,7 +55,15 @@ void MemoText::typeText(const QString& characters) {
     const QString passing = typingRule(characters);
     if (passing != characters) return insertPlainText(passing);
   }
-  const QString text = inCase(charCase, characters);
+  QString text = taken(charCase, characters);
+  QTextCursor before = textCursor();
+  if (!before.hasSelection() && before.movePosition(QTextCursor::PreviousCharacter, QTextCursor::KeepAnchor)) {
+    const QString letter = joined(charCase, before.selectedText().front(), text);
+    if (!letter.isEmpty()) {
+      setTextCursor(before);
+      text = letter;
+    }
+  }
   if (fittingText(text, stayingLength(), maxLength).complaint.isEmpty())
     insertPlainText(text);
   else
@@ -95,7 +103,7 @@ bool MemoText::canInsertFromMimeData(const QMimeData* source) const { return sou
 
 void MemoText::insertFromMimeData(const QMimeData* source) {
   guarded(this, [&] {
-    QString text = inCase(charCase, source->text());
+    QString text = taken(charCase, source->text());
     text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     if (!takesLineBreaks) text.replace(u'\n', u' ');
     if (text.isEmpty() || isReadOnly()) return;

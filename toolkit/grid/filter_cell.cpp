@@ -79,14 +79,12 @@ void FilterCell::refreshChoices() {
 }
 
 void FilterCell::typed(const QString& text, bool atOnce) {
-  QString searched = text;
-  if (row_->upperCase()) {
-    searched = TurkishText::upper(text);
-    if (searched != text) {
-      const int cursor = line_->cursorPosition();
-      line_->setText(searched);
-      line_->setCursorPosition(cursor);
-    }
+  QString searched = TurkishText::composed(text);
+  if (row_->upperCase()) searched = TurkishText::BuyukHarf(searched);
+  if (searched != text) {
+    const auto behind = text.size() - line_->cursorPosition();
+    line_->setText(searched);
+    line_->setCursorPosition(int(searched.size() - behind));
   }
   const bool needsNoText = comparison_ == FilterOperator::Empty || comparison_ == FilterOperator::NotEmpty;
   // An entry of the list is searched for as a whole; what is typed after it was taken away is not.

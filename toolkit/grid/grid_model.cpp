@@ -231,7 +231,8 @@ Value GridModel::storedValue(int column, const QString& text) const {
   for (const GridListValue& each : description.values)
     if (each.shown == text) return each.value.isEmpty() ? Value() : Value(each.value);
   if (text.isEmpty()) return {};
-  return description.upperCase ? TurkishText::upper(text) : text;
+  const QString composed = TurkishText::composed(text);
+  return description.upperCase ? TurkishText::BuyukHarf(composed) : composed;
 }
 
 bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {

@@ -374,7 +374,7 @@ bool GridView::searchKey(const QKeyEvent& press) {
   }
   if (press.text().isEmpty() || !press.text().front().isPrint() || !writesText(press)) return false;
   if (searched_.isEmpty() && press.key() == Qt::Key_Space) return false;
-  search(searched_ + press.text(), line, 1);
+  search(TurkishText::composed(searched_ + press.text()), line, 1);
   return true;
 }
 
