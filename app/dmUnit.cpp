@@ -1,6 +1,7 @@
 #include "app/dmUnit.h"
 
 #include "app/ports.h"
+#include "base/data/my_query.h"
 #include "base/platform/server_check.h"
 #include "app/rights.h"
 
@@ -17,7 +18,7 @@ int ServerControl::serviceStatus([[maybe_unused]] const QString& serviceName) co
   return serverAnswers(connection_.Server, connection_.Port, answerTimeoutMs) ? Running : Stopped;
 }
 
-TDM::TDM() : pGetQ(MySQL, u"pGetQ"_s), MyServerControl1(MySQL) { DM = this; }
+TDM::TDM() : MyServerControl1(MySQL), scratch_(std::make_unique<TMyQuery>(MySQL, u"pGetQ"_s)), pGetQ(*scratch_) { DM = this; }
 
 TDM::~TDM() { DM = nullptr; }
 

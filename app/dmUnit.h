@@ -1,7 +1,10 @@
 #pragma once
 
 #include "base/data/my_connection.h"
-#include "base/data/my_query.h"
+
+#include <memory>
+
+class TMyQuery;
 
 /// Asks for the database service of this connection's server.
 class ServerControl {
@@ -31,8 +34,13 @@ class TDM {
   int Kullanici_Yetkileri(const QString& path) const;
 
   TMyConnection MySQL;
-  TMyQuery pGetQ;
   ServerControl MyServerControl1;
+
+ private:
+  std::unique_ptr<TMyQuery> scratch_;
+
+ public:
+  TMyQuery& pGetQ;
 };
 
 /// The one data module; null before it is created and after it is gone.

@@ -1,5 +1,6 @@
 #include "app/quendUtils.h"
 
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "base/environment.h"
 #include "base/exceptions.h"

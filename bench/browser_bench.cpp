@@ -6,6 +6,7 @@
 
 #include "app/application.h"
 #include "app/dmUnit.h"
+#include "base/data/my_query.h"
 #include "base/environment.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"

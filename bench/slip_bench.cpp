@@ -15,6 +15,7 @@
 #include "app/look.h"
 #include "app/parameters.h"
 #include "app/ports.h"
+#include "base/data/my_query.h"
 #include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"

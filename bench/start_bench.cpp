@@ -11,6 +11,7 @@
 #include "app/application.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
+#include "base/data/my_query.h"
 #include "base/program_paths.h"
 #include "app/ports.h"
 #include "app/rights.h"

@@ -1,6 +1,7 @@
 #include "cards/card_editor.h"
 
 #include "app/editors/qcx_db_editors.h"
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "toolkit/shell/command_bar.h"

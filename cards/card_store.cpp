@@ -1,5 +1,7 @@
 #include "cards/card_store.h"
 
+#include "base/data/my_query.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,6 +1,9 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include <QString>
+
+class FilterExpression;
+class TMyQuery;
 
 /// Every statement of the card screens. What runs one throws EDatabaseError and its children.
 namespace CardStore {

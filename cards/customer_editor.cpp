@@ -3,6 +3,7 @@
 #include "app/dmUnit.h"
 #include "app/editors/qcx_db_editors.h"
 #include "app/row_conflict.h"
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "cards/card_store.h"

@@ -1,5 +1,6 @@
 #include "contracts/contract_store.h"
 
+#include "base/data/my_query.h"
 #include "contracts/contract_rules.h"
 
 using namespace Qt::StringLiterals;

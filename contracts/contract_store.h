@@ -1,6 +1,8 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include <QString>
+
+class TMyQuery;
 
 /// Every statement of the maintenance contracts.
 namespace ContractStore {

@@ -1,5 +1,6 @@
 #include "reminders/reminder_columns.h"
 
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "cards/card_columns.h"
 #include "contracts/contract_rules.h"

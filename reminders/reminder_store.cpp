@@ -1,5 +1,6 @@
 #include "reminders/reminder_store.h"
 
+#include "base/data/my_query.h"
 #include "base/text_tools.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include <QString>
+
+class TMyQuery;
 
 /// Every statement of the reminder window. Dates come as their box shows them, "dd.MM.yyyy"; an empty one finds nothing. What
 /// runs a statement throws EDatabaseError, and EConvertError for a text that is no date.

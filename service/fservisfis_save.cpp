@@ -1,4 +1,5 @@
 // Saving and deleting of the slip editor.
+#include "base/data/my_query.h"
 #include "base/date_text.h"
 #include "app/ports.h"
 #include "app/dmUnit.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/my_query.h"
 #include "service/slip_hooks.h"
 #include "service/slip_store.h"
 #include "toolkit/edits/balloon.h"

@@ -1,5 +1,6 @@
 #include "service/fservisfissecUnit.h"
 
+#include "base/data/my_query.h"
 #include "base/date_text.h"
 #include "app/ports.h"
 #include "app/dmUnit.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/my_query.h"
 #include "service/slip_browser_store.h"
 #include "service/slip_look_ups.h"
 

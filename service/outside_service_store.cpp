@@ -1,5 +1,7 @@
 #include "service/outside_service_store.h"
 
+#include "base/data/my_query.h"
+
 using namespace Qt::StringLiterals;
 
 OutsideServiceStore::OutsideServiceStore(TMyQuery& qServis) : qServis_(qServis) {

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include <QString>
+
+class TMyQuery;
 
 /// Statements of the slip's outside-service dialog: the firms by name.
 class OutsideServiceStore {

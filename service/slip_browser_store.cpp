@@ -1,5 +1,6 @@
 #include "service/slip_browser_store.h"
 
+#include "base/data/my_query.h"
 #include "service/slip_browser_rules.h"
 
 using namespace Qt::StringLiterals;
@@ -48,6 +49,8 @@ void SlipBrowserStore::narrow(const std::optional<FilterExpression>& filter) {
   qServis_.setFilter(parts.inMemory);
   fetch(allSlips(), std::move(wanted));
 }
+
+void SlipBrowserStore::narrowFetched(const std::optional<FilterExpression>& filter) { qServis_.setFilter(filter); }
 
 void SlipBrowserStore::setOrder(const QString& columns) {
   const bool isOpen = qServis_.Active();

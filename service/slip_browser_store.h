@@ -1,9 +1,12 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include "base/data/filter_expression.h"
 
 #include <functional>
 #include <optional>
+
+class TMyConnection;
+class TMyQuery;
 
 /// Statements of the list of slips. Throws EDatabaseError and its children.
 class SlipBrowserStore {
@@ -19,7 +22,7 @@ class SlipBrowserStore {
   /// changes; everything else is narrowed among the rows that are there.
   void narrow(const std::optional<FilterExpression>& filter);
   /// Shows those that pass of the slips that are there, and fetches none.
-  void narrowFetched(const std::optional<FilterExpression>& filter) { qServis_.setFilter(filter); }
+  void narrowFetched(const std::optional<FilterExpression>& filter);
   /// Orders by an order clause and fetches the slips anew. With an empty one the order stays as it is, which is meant.
   void setOrder(const QString& columns);
   /// Fetches the slips again, also after a fetch that failed.

@@ -1,5 +1,6 @@
 #include "service/slip_fields_page.h"
 
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
 #include "base/guard.h"

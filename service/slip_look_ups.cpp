@@ -1,5 +1,6 @@
 #include "service/slip_look_ups.h"
 
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "service/slip_fields_page.h"
 #include "toolkit/edits/combo_edit.h"

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "toolkit/edits/query_lookup.h"
 
 #include <QObject>

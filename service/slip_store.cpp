@@ -1,5 +1,6 @@
 #include "service/slip_store.h"
 
+#include "base/data/my_query.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
 

@@ -1,10 +1,14 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "service/slip_rules.h"
+
+#include <QHash>
 
 #include <functional>
 #include <optional>
+
+class TMyConnection;
+class TMyQuery;
 
 /// What a save writes beside the controls.
 struct SlipExtras {

@@ -2,6 +2,7 @@
 
 #include "app/ports.h"
 #include "app/row_conflict.h"
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "service/fservisfis_unit.h"
 #include "service/fservisfissecUnit.h"

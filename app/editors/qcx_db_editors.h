@@ -1,11 +1,13 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "app/editors/qcx_editors.h"
+#include "base/data/query_listener.h"
 
 #include <functional>
 
+class Exception;
 class RadioGroupEdit;
+class TMyQuery;
 
 /// Ties a box to a field of a query's current row: shows it, and writes what the user changed when he leaves the box.
 class FieldLink : private QueryListener {

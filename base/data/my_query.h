@@ -3,6 +3,7 @@
 #include "base/data/auto_refresh.h"
 #include "base/data/filter_expression.h"
 #include "base/data/my_connection.h"
+#include "base/data/query_listener.h"
 #include "base/data/value.h"
 
 #include <QHash>
@@ -52,18 +53,6 @@ class Field {
   Field(TMyQuery& query, int index) : query_(&query), index_(index) {}
   TMyQuery* query_;
   int index_;
-};
-
-/// Told when rows of a query change; models register one.
-class QueryListener {
- public:
-  virtual ~QueryListener() = default;
-  virtual void queryReset() = 0;               ///< opened, closed, re-read, restored
-  virtual void rowChanged(int row) = 0;
-  virtual void rowInserted(int row) = 0;
-  virtual void rowRemoved(int row) = 0;
-  /// The query is being destroyed: it is to be forgotten without a signal, since whoever would hear it may be half gone.
-  virtual void queryEnds() = 0;
 };
 
 enum class QueryState { Inactive, Browse, Edit, Insert };

@@ -1,6 +1,7 @@
 #include "app/Unit14.h"
 #include "base/data/latin5.h"
 #include "app/dmUnit.h"
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/platform/machine.h"

@@ -1,3 +1,4 @@
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "tests/faults/cutting_proxy.h"
 #include "tests/faults/screen_slip.h"

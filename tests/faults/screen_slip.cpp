@@ -1,5 +1,6 @@
 #include "tests/faults/screen_slip.h"
 
+#include "base/data/my_query.h"
 #include "base/environment.h"
 
 #include <QCryptographicHash>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/my_query.h"
 #include "service/slip_store.h"
 
 /// What one slip consists of, for comparing with what is stored.

@@ -3,6 +3,7 @@
 // said and the balloon that is up come with the answer of the command that brought them.
 #include "app/application.h"
 #include "app/dmUnit.h"
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"

@@ -1,3 +1,4 @@
+#include "base/data/my_query.h"
 #include "base/date_text.h"
 #include "base/exceptions.h"
 #include "reminders/reminder_store.h"

@@ -1,4 +1,5 @@
 // What a user, a file or the database may bring into the slip editor that does not belong there.
+#include "base/data/my_query.h"
 #include "service/slip_fields.h"
 #include "tests/service/slip_form_fixture.h"
 

@@ -1,6 +1,7 @@
 #include "tests/service/slip_form_fixture.h"
 
 #include "app/parameter_models.h"
+#include "base/data/my_query.h"
 
 #include <QListView>
 #include <QTableView>

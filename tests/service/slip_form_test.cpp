@@ -1,3 +1,4 @@
+#include "base/data/my_query.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/edits/combo_edit.h"
 

@@ -1,3 +1,4 @@
+#include "base/data/my_query.h"
 #include "service/slip_fields.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/shell/wait_panel.h"

@@ -1,4 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "tests/toolkit/typing.h"
 #include "toolkit/edits/balloon.h"

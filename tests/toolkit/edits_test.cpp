@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "tests/support/fixed_environment.h"
 #include "tests/toolkit/typing.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/value.h"
 #include "toolkit/grid/table_content.h"
 
 #include <vector>

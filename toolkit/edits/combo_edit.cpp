@@ -1,5 +1,6 @@
 #include "toolkit/edits/combo_edit.h"
 
+#include "base/data/value.h"
 #include "base/guard.h"
 #include "base/turkish_text.h"
 #include "toolkit/edits/drop_down.h"

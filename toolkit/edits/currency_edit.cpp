@@ -1,5 +1,6 @@
 #include "toolkit/edits/currency_edit.h"
 
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/number_text.h"

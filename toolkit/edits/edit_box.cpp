@@ -1,5 +1,6 @@
 #include "toolkit/edits/edit_box.h"
 
+#include "base/data/value.h"
 #include "base/guard.h"
 
 #include <QEvent>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/data/value.h"
+class Value;
 
 /// What every input box offers to whoever copies values between screen and row.
 class EditControl {

@@ -1,5 +1,6 @@
 #include "toolkit/edits/image_box.h"
 
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/value.h"
 #include "toolkit/edits/lookup_edit.h"
 
 class KeyedLookup;

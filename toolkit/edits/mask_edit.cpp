@@ -1,5 +1,7 @@
 #include "toolkit/edits/mask_edit.h"
 
+#include "base/data/value.h"
+
 using namespace Qt::StringLiterals;
 
 MaskEdit::MaskEdit(QWidget* parent) : EditBox(parent) { setEnterMovesOn(true); }

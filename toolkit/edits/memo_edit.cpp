@@ -1,5 +1,6 @@
 #include "toolkit/edits/memo_edit.h"
 
+#include "base/data/value.h"
 #include "base/guard.h"
 #include "toolkit/edits/edit_button.h"
 #include "toolkit/edits/memo_text.h"

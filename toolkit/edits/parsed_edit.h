@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/value.h"
 #include "toolkit/edits/edit_box.h"
 
 /// A box whose text stands for a value. On leaving, a text that can be read takes its usual form; one that cannot stays as

@@ -1,5 +1,11 @@
 #include "toolkit/edits/query_lookup.h"
 
+#include "base/data/my_query.h"
+
+int QueryLookup::rowCount() const { return query_->Active() ? query_->RecordCount() : 0; }
+
+void QueryLookup::forgetQuery() { query_ = &TMyQuery::ended(); }
+
 QString QueryLookup::textOf(int row, const QString& field) const {
   const int index = query_->fieldIndex(field);
   return index < 0 ? QString() : query_->valueAt(row, index).toText();

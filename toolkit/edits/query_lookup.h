@@ -1,9 +1,14 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include "base/data/query_listener.h"
 #include "toolkit/edits/lookup_source.h"
 
+#include <QHash>
+
 #include <optional>
+
+class TMyQuery;
+class Value;
 
 /// Entries of a look-up box out of a query's rows.
 class QueryLookup : public LookupSource {
@@ -16,7 +21,7 @@ class QueryLookup : public LookupSource {
   /// The query must outlive the look-up, as far as it is looked at.
   QueryLookup(TMyQuery& query, std::vector<Column> columns) : query_(&query), columns_(std::move(columns)) {}
 
-  int rowCount() const override { return query_->Active() ? query_->RecordCount() : 0; }
+  int rowCount() const override;
   int columnCount() const override { return int(columns_.size()); }
   QString text(int row, int column) const override { return textOf(row, columns_[size_t(column)].field); }
   QString caption(int column) const override { return columns_[size_t(column)].caption; }
@@ -26,7 +31,7 @@ class QueryLookup : public LookupSource {
 
  protected:
   TMyQuery& query() const { return *query_; }
-  void forgetQuery() { query_ = &TMyQuery::ended(); }
+  void forgetQuery();
 
  private:
   TMyQuery* query_;

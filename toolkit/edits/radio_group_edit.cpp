@@ -1,5 +1,6 @@
 #include "toolkit/edits/radio_group_edit.h"
 
+#include "base/data/value.h"
 #include "base/guard.h"
 
 #include <QGridLayout>

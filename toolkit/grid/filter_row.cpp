@@ -1,5 +1,6 @@
 #include "toolkit/grid/filter_row.h"
 
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "toolkit/grid/filter_cell.h"
 #include "toolkit/grid/grid_model.h"

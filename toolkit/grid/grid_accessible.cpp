@@ -1,5 +1,6 @@
 #include "toolkit/grid/grid_accessible.h"
 
+#include "base/data/value.h"
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"

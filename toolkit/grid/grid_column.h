@@ -1,12 +1,12 @@
 #pragma once
 
-#include "base/data/value.h"
-
 #include <QString>
 
 #include <algorithm>
 #include <functional>
 #include <vector>
+
+class Value;
 
 class LookupSource;
 

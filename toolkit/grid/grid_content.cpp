@@ -1,5 +1,6 @@
 #include "toolkit/grid/grid_content.h"
 
+#include "base/data/my_query.h"
 #include "toolkit/grid/grid_model.h"
 
 GridContent::GridContent(const GridModel& model, std::vector<int> columns, const std::function<int(int)>& widthOf, bool expanded)

@@ -1,5 +1,6 @@
 #include "toolkit/grid/grid_delegate.h"
 
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"

@@ -1,5 +1,6 @@
 #include "toolkit/grid/grid_model.h"
 
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/number_text.h"
@@ -121,6 +122,8 @@ QString GridModel::shown(int column, const Value& value) const {
   if (description.displayFormat.isEmpty() || value.isNull()) return value.toText();
   return NumberText::formatted(description.displayFormat, value.toDouble());
 }
+
+QString GridModel::shownAt(int queryRow, int column) const { return shown(column, valueAt(queryRow, column)); }
 
 QString GridModel::groupText(const GridGroup& group) const {
   const auto field = std::find(fields_.begin(), fields_.end(), group.field);

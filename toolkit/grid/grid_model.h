@@ -1,11 +1,14 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include "base/data/query_listener.h"
 #include "toolkit/grid/grid_column.h"
 #include "toolkit/grid/grid_rows.h"
 
 #include <QAbstractTableModel>
 #include <QColor>
+
+class TMyQuery;
+class Value;
 
 /// The lines of a grid as a table model: data rows of a query, group lines, group footers and the line for a new row.
 /// Columns are counted as the screen describes them.
@@ -40,7 +43,7 @@ class GridModel : public QAbstractTableModel, private QueryListener {
   Value valueAt(int queryRow, int column) const;
   /// A value as a column shows it.
   QString shown(int column, const Value& value) const;
-  QString shownAt(int queryRow, int column) const { return shown(column, valueAt(queryRow, column)); }
+  QString shownAt(int queryRow, int column) const;
   /// Of a closed group with its sums, as nothing stands under it.
   QString groupText(const GridGroup& group) const;
   /// Text and number under a column in the footer of a group; empty and NULL where nothing stands.

@@ -1,5 +1,6 @@
 #include "toolkit/grid/grid_view.h"
 
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/turkish_text.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "base/data/value.h"
-
 #include <QColor>
 #include <QString>
+
+class Value;
 
 /// What a table shows, row by row, for those who put it on paper or into a file. Knows nothing of widgets.
 

@@ -1,5 +1,6 @@
 #include "toolkit/grid/xls_export.h"
 
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/whole_file.h"
 #include "toolkit/grid/biff_stream.h"

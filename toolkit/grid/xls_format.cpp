@@ -1,5 +1,7 @@
 #include "toolkit/grid/xls_format.h"
 
+#include "base/data/value.h"
+
 #include <QDateTime>
 #include <QStringList>
 

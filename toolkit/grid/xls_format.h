@@ -1,10 +1,10 @@
 #pragma once
 
-#include "base/data/value.h"
-
 #include <QString>
 
 #include <optional>
+
+class Value;
 
 /// How the program's values and display formats read in a spreadsheet.
 namespace XlsFormat {
