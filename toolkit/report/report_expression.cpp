@@ -174,6 +174,24 @@ ReportValue Expression::evaluate(const EvaluationContext& context) const {
   }
 }
 
+QStringList Expression::unknownNames(const ReportData& data) const {
+  QStringList unknown;
+  EvaluationContext context;
+  context.data = &data;
+  for (size_t index = 0; index < nodes_.size(); ++index) {
+    const Node& node = nodes_[index];
+    const bool isName = node.operation == Operation::Name;
+    if (!isName && node.operation != Operation::Field) continue;
+    if (isName && (data.findVariable(node.name) >= 0 || data.findRows(node.name) >= 0)) continue;
+    try {
+      Evaluator(nodes_, context).value(int(index));
+    } catch (const ExpressionFault& fault) {
+      unknown += fault.reason;
+    }
+  }
+  return unknown;
+}
+
 ExpressionText::ExpressionText(const QString& text) {
   QString plain;
   qsizetype at = 0;
@@ -214,6 +232,16 @@ bool ExpressionText::usesPageCount() const {
   for (const Part& part : parts_)
     if (part.expression && part.expression->usesPageCount()) return true;
   return false;
+}
+
+QStringList ExpressionText::faults(const ReportData& data) const {
+  QStringList all;
+  for (const Part& part : parts_) {
+    if (!part.expression) continue;
+    if (!part.expression->fault().isEmpty()) all += part.expression->fault();
+    all += part.expression->unknownNames(data);
+  }
+  return all;
 }
 
 QString ExpressionText::literal(const QString& text) { return QString(text).replace(u"["_s, u"[["_s); }

@@ -31,6 +31,8 @@ class Expression {
   ReportValue evaluate(const EvaluationContext& context) const;
   /// True when the value hangs on the number of all pages.
   bool usesPageCount() const { return usesPageCount_; }
+  /// What is wrong with its names, whether or not an evaluation comes to them: nobody knows them.
+  QStringList unknownNames(const ReportData& data) const;
   /// Text of the fault that makes every evaluation fail; empty when it could be read.
   const QString& fault() const { return fault_; }
 
@@ -69,6 +71,8 @@ class ExpressionText {
   /// A fault leaves nothing in the text and its reason in the list. The format goes for numbers and dates.
   Result evaluate(const EvaluationContext& context, const QString& format) const;
   bool usesPageCount() const;
+  /// What is wrong with the expressions whatever the data are: unknown names, and what cannot be read.
+  QStringList faults(const ReportData& data) const;
 
   /// A text that evaluates to itself.
   static QString literal(const QString& text);

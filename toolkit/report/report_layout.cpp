@@ -29,28 +29,15 @@ struct RowsBlock {
 };
 
 /// One page of a template, read once.
-struct PagePlan {
-  explicit PagePlan(const ReportNode& node) : page(&node), paper(paperSize(node)) {
+struct PagePlan : ReportSheet {
+  explicit PagePlan(const ReportNode& node) : ReportSheet(node), page(&node) {
     for (const auto& child : node.children()) {
       if (isObject(child->kind())) objects.emplace_back(*child);
       if (child->kind() == NodeKind::Band) bands.emplace_back(*child);
     }
-    const auto margin = [&](QStringView name) { return node.millimetres(name); };
-    margins = QMarginsF(margin(u"marginleft"), margin(u"margintop"), margin(u"marginright"), margin(u"marginbottom"));
-    const QRectF inside = QRectF(QPointF(), paper).marginsRemoved(margins);
-    columns = node.integer(u"columns");
-    rows = node.integer(u"rows");
-    cell = QSizeF(std::max(1.0, (inside.width() - (columns - 1) * margin(u"columngap")) / columns),
-                  std::max(1.0, (inside.height() - (rows - 1) * margin(u"rowgap")) / rows));
   }
-  bool isSheet() const { return columns * rows > 1; }
 
   const ReportNode* page;
-  QSizeF paper;
-  QMarginsF margins;
-  QSizeF cell;  ///< what bands and objects stand in: the page within its margins, or one label
-  int columns = 1;
-  int rows = 1;
   std::vector<LayoutObject> objects;
   std::vector<LayoutBand> bands;
 };
@@ -386,10 +373,9 @@ class LayoutRun {
   }
 
   static void putLabel(ReportPage& sheet, const ReportPage& label, const PagePlan& plan, int cell) {
-    const double right = plan.margins.left() + (cell % plan.columns) * (plan.cell.width() + plan.page->millimetres(u"columngap"));
-    const double down = plan.margins.top() + double(cell / plan.columns) * (plan.cell.height() + plan.page->millimetres(u"rowgap"));
+    const QPointF place = plan.cellPlace(cell);
     for (Primitive primitive : label.primitives) {
-      if (plan.isSheet()) moveBy(primitive, right, down);
+      if (plan.isSheet()) moveBy(primitive, place.x(), place.y());
       sheet.primitives.push_back(std::move(primitive));
     }
   }
@@ -424,6 +410,23 @@ QSizeF paperSize(const ReportNode& page) {
   const QSizeF size = papers.contains(paper) ? QPageSize(papers.value(paper)).size(QPageSize::Millimeter)
                                              : QSizeF(page.millimetres(u"width"), page.millimetres(u"height"));
   return page.text(u"orientation") == u"landscape" ? size.transposed() : size;
+}
+
+ReportSheet::ReportSheet(const ReportNode& page)
+    : paper(paperSize(page)),
+      margins(page.millimetres(u"marginleft"), page.millimetres(u"margintop"), page.millimetres(u"marginright"),
+              page.millimetres(u"marginbottom")),
+      columns(page.integer(u"columns")),
+      rows(page.integer(u"rows")),
+      columnGap(page.millimetres(u"columngap")),
+      rowGap(page.millimetres(u"rowgap")) {
+  const QRectF inside = QRectF(QPointF(), paper).marginsRemoved(margins);
+  cell = QSizeF(std::max(1.0, (inside.width() - (columns - 1) * columnGap) / columns),
+                std::max(1.0, (inside.height() - (rows - 1) * rowGap) / rows));
+}
+
+QPointF ReportSheet::cellPlace(int index) const {
+  return {margins.left() + (index % columns) * (cell.width() + columnGap), margins.top() + double(index / columns) * (cell.height() + rowGap)};
 }
 
 ReportPages layoutReport(const ReportDocument& document, const ReportData& data, const RichTexts& richTexts, const QDateTime& now) {

@@ -8,3 +8,19 @@ ReportPages layoutReport(const ReportDocument& document, const ReportData& data,
 
 /// Size of the paper that a page of a template is printed on, as it lies.
 QSizeF paperSize(const ReportNode& page);
+
+/// How a page of a template divides its paper: in one cell within the margins, or in a sheet of labels. Millimetres.
+struct ReportSheet {
+  explicit ReportSheet(const ReportNode& page);
+
+  QSizeF paper;
+  QMarginsF margins;
+  QSizeF cell;  ///< what bands and objects stand in: the page within its margins, or one label
+  int columns = 1;
+  int rows = 1;
+  double columnGap = 0;
+  double rowGap = 0;
+  bool isSheet() const { return columns * rows > 1; }
+  /// Where a cell lies on the paper; counted from left to right, then down.
+  QPointF cellPlace(int index) const;
+};

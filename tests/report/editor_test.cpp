@@ -1,0 +1,271 @@
+#include "tests/report/listed_rows.h"
+#include "toolkit/report/designer/arranging.h"
+#include "toolkit/report/designer/design_faults.h"
+#include "toolkit/report/designer/report_fragment.h"
+#include "toolkit/report/report_file.h"
+
+#include <gmock/gmock.h>
+
+#include <QUndoStack>
+
+#include <random>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Someone who does whatever a designer can do, at random but always the same.
+class RandomDesigner {
+ public:
+  explicit RandomDesigner(ReportEditor& edited) : editor(edited) {}
+
+  void doSomething() {
+    static constexpr void (RandomDesigner::*actions[])() = {
+        &RandomDesigner::setSomething, &RandomDesigner::setSomething, &RandomDesigner::moveSome,  &RandomDesigner::arrangeSome,
+        &RandomDesigner::removeSome,   &RandomDesigner::pasteSome,    &RandomDesigner::reorder,   &RandomDesigner::reparent,
+        &RandomDesigner::addBand,      &RandomDesigner::addPage,      &RandomDesigner::replaceAll};
+    (this->*actions[size_t(below(int(std::size(actions))))])();
+  }
+
+ private:
+  int below(int bound) { return int(random() % unsigned(bound)); }
+  std::vector<ReportNode*> all(const std::function<bool(const ReportNode&)>& isWanted) {
+    std::vector<ReportNode*> found;
+    const auto visit = [&](const auto& self, ReportNode& node) -> void {
+      if (isWanted(node)) found.push_back(&node);
+      for (const auto& child : node.children()) self(self, *child);
+    };
+    visit(visit, editor.root());
+    return found;
+  }
+  static bool isObjectNode(const ReportNode& node) { return isObject(node.kind()); }
+  ReportNode* one(const std::function<bool(const ReportNode&)>& isWanted) {
+    const auto found = all(isWanted);
+    return found.empty() ? nullptr : found[size_t(below(int(found.size())))];
+  }
+  ReportNode& page() { return *one([](const ReportNode& node) { return node.kind() == NodeKind::Page; }); }
+  std::vector<ReportNode*> someOnPage(ReportNode& ofPage) {
+    std::vector<ReportNode*> some = all([&](const ReportNode& node) { return isObjectNode(node) && pageOf(&node) == &ofPage; });
+    std::shuffle(some.begin(), some.end(), random);
+    some.resize(std::min(some.size(), size_t(1 + below(6))));
+    return some;
+  }
+  PropertyValue valueFor(const PropertyInfo& property) {
+    switch (property.type) {
+      case PropertyType::Millimetres: return std::max(property.least, below(2000) / 10.0);
+      case PropertyType::Integer: return int(property.least) + below(3);
+      case PropertyType::Boolean: return below(2) == 1;
+      case PropertyType::Choice: return property.choices[size_t(below(int(property.choices.size())))].word;
+      case PropertyType::Sides: return u"left top"_s;
+      case PropertyType::Color: return below(2) ? QColor() : QColor(below(256), below(256), below(256));
+      case PropertyType::Font: return ReportFont{.points = 5.0 + below(20), .bold = below(2) == 1};
+      case PropertyType::Picture: return QByteArray(below(40), 'x');
+      default: return u"Şırnak <&\" %1]["_s.arg(below(100));
+    }
+  }
+
+  void setSomething() {
+    ReportNode* node = one([](const ReportNode& each) { return each.kind() != NodeKind::Foreign; });
+    const auto& properties = propertiesOf(node->kind());
+    const PropertyInfo& property = properties[size_t(below(int(properties.size())))];
+    editor.change(u"Özellik"_s, *node, property.name, valueFor(property));
+  }
+  void moveSome() {
+    const auto some = someOnPage(page());
+    editor.change(u"Taşı"_s, Arranging::moved(some, {below(40) / 10.0 - 2, 1}), below(2) == 1);
+  }
+  void arrangeSome() {
+    ReportNode& where = page();
+    const PagePlaces places(where);
+    const auto some = someOnPage(where);
+    const Gesture step(editor, u"Düzenle"_s);
+    editor.change(u"Hizala"_s, Arranging::aligned(some, places, Arranging::Edge(below(6))));
+    editor.change(u"Dağıt"_s, Arranging::distributed(some, places, below(2) == 1));
+    editor.change(u"Ölçü"_s, Arranging::sameSize(some, true, below(2) == 1));
+    const QRectF bounds = Arranging::bounds(some, places);
+    editor.change(u"Ger"_s, Arranging::stretched(some, places, bounds, bounds.adjusted(0, 0, 3, 2)));
+  }
+  void removeSome() {
+    std::vector<ReportNode*> some = below(40) ? someOnPage(page()) : std::vector{one([](const ReportNode& node) { return node.parent(); })};
+    if (some.size() > 2) some.resize(2);
+    editor.remove(u"Sil"_s, some);
+  }
+  void pasteSome() {
+    const QByteArray bytes = ReportFragment::write(someOnPage(page()));
+    ReportNode* parent = one([](const ReportNode& node) { return node.kind() == NodeKind::Page || node.kind() == NodeKind::Band; });
+    editor.insert(u"Yapıştır"_s, *parent, size_t(below(5)), ReportFragment::read(bytes));
+  }
+  void reorder() { Arranging::reorder(editor, u"Sıra"_s, someOnPage(page()), Arranging::Order(below(4))); }
+  void reparent() {
+    ReportNode* object = one(isObjectNode);
+    ReportNode* parent = one([](const ReportNode& node) { return node.kind() == NodeKind::Band; });
+    if (object && parent && object->parent() != parent) editor.move(u"Bant"_s, *object, *parent, size_t(below(3)));
+  }
+  void addBand() {
+    auto band = std::make_unique<ReportNode>(NodeKind::Band);
+    band->setValue(u"name", freeName(editor.document(), NodeKind::Band));
+    editor.insert(u"Bant ekle"_s, page(), size_t(below(4)), std::move(band));
+  }
+  void addPage() {
+    if (below(3) == 0) editor.insert(u"Sayfa ekle"_s, editor.root(), 0, std::make_unique<ReportNode>(NodeKind::Page));
+  }
+  void replaceAll() {
+    if (below(20) == 0) editor.replace(u"Sürüm"_s, ReportFile::load(QStringLiteral(KVTK_TEMPLATES "/13.fr3")));
+  }
+
+  ReportEditor& editor;
+  std::mt19937 random{20260309};
+};
+
+TEST(ReportEditor, TwoThousandStepsGoBackAndForthByteForByte) {
+  ReportEditor editor;
+  editor.open(ReportFile::load(QStringLiteral(KVTK_TEMPLATES "/0.fr3")));
+  const auto bytes = [&] { return ReportFile::write(editor.document()); };
+  std::map<int, QByteArray> states{{0, bytes()}};
+  RandomDesigner designer(editor);
+  for (int done = 0; editor.steps().count() < 2000; ++done) {
+    ASSERT_LT(done, 20000) << "too few actions do anything";
+    designer.doSomething();
+    // A step that joined changed the state that is reached after it.
+    states.erase(editor.steps().index());
+    if (done % 7 == 0) states[editor.steps().index()] = bytes();
+  }
+  states[2000] = bytes();
+  EXPECT_GT(states[2000].size(), 10000) << "something is left to design";
+  EXPECT_TRUE(editor.isChanged());
+  while (editor.steps().canUndo()) {
+    const auto state = states.find(editor.steps().index());
+    if (state != states.end()) { ASSERT_EQ(bytes(), state->second) << "before undoing step " << state->first; }
+    editor.steps().undo();
+  }
+  EXPECT_EQ(bytes(), states[0]);
+  EXPECT_FALSE(editor.isChanged());
+  while (editor.steps().canRedo()) editor.steps().redo();
+  EXPECT_EQ(bytes(), states[2000]);
+}
+
+class EditorTest : public testing::Test {
+ protected:
+  /// Opens a page with that inside, on paper of 100 by 100 mm with margins of 10 mm.
+  void open(const QByteArray& inside) {
+    editor.open(ReportFile::read("<report version=\"1\"><page paper=\"own\" width=\"100\" height=\"100\">" + inside + "</page></report>"));
+  }
+  ReportNode* node(const QString& name) {
+    ReportNode* found = nullptr;
+    const auto visit = [&](const auto& self, ReportNode& each) -> void {
+      if (each.kind() != NodeKind::Foreign && each.name() == name) found = &each;
+      for (const auto& child : each.children()) self(self, *child);
+    };
+    visit(visit, editor.root());
+    return found;
+  }
+  PagePlaces places() { return PagePlaces(*editor.root().children().front()); }
+  ReportEditor editor;
+};
+
+TEST_F(EditorTest, WhatIsTakenOutIsNotSelectedAndComesBackSelected) {
+  open(R"(<band name="B"><text name="a"/><text name="b"/><line name="c"/></band><band name="C"><text name="d"/></band>)");
+  editor.select({node(u"a"_s), node(u"c"_s), node(u"B"_s)});
+  EXPECT_EQ(editor.selection().size(), 2U) << "a band is not selected together with objects";
+  ReportNode* a = node(u"a"_s);
+  editor.remove(u"Sil"_s, {node(u"B"_s), node(u"c"_s)});
+  EXPECT_TRUE(editor.selection().empty());
+  EXPECT_EQ(node(u"a"_s), nullptr);
+  editor.steps().undo();
+  EXPECT_EQ(node(u"a"_s), a);
+  EXPECT_EQ(editor.selection(), std::vector{node(u"B"_s)});
+  editor.remove(u"Sil"_s, {pageOf(node(u"a"_s))});
+  EXPECT_NE(node(u"a"_s), nullptr) << "the last page stays";
+}
+
+TEST_F(EditorTest, KeysHeldDownAreOneStepAndNothingIsNone) {
+  open(R"(<band><text name="a" left="5"/></band>)");
+  editor.change(u"Aynı"_s, *node(u"a"_s), u"left"_s, 5.0);
+  { const Gesture nothing(editor, u"Boş"_s); }
+  EXPECT_EQ(editor.steps().count(), 0);
+  for (int time = 0; time < 5; ++time) editor.change(u"Taşı"_s, Arranging::moved({node(u"a"_s)}, {1, 0}), time > 0);
+  EXPECT_EQ(editor.steps().count(), 2) << "the first stands alone, those held down join";
+  editor.steps().undo();
+  EXPECT_EQ(node(u"a"_s)->millimetres(u"left"), 6);
+  editor.steps().undo();
+  EXPECT_EQ(node(u"a"_s)->millimetres(u"left"), 5);
+  EXPECT_FALSE(editor.isChanged());
+}
+
+TEST_F(EditorTest, ObjectsOfSeveralBandsAreArrangedOnThePaper) {
+  open(R"(<band height="20"><text name="a" left="10" top="5"/><text name="b" left="40" width="10"/><text name="k" left="3" locked="true"/></band>
+          <band height="20"><text name="c" left="70" top="2" width="5" height="3"/></band>)");
+  const std::vector three{node(u"a"_s), node(u"b"_s), node(u"c"_s)};
+  const auto rect = [&](const QString& name) { return places().rectOf(*node(name)); };
+  EXPECT_EQ(rect(u"c"_s), QRectF(80, 32, 5, 3));
+  using Arranging::Edge;
+  editor.change(u"x"_s, Arranging::aligned(three, places(), Edge::Bottom));
+  EXPECT_EQ(rect(u"a"_s).bottom(), 35);
+  EXPECT_EQ(rect(u"b"_s).bottom(), 35);
+  editor.change(u"x"_s, Arranging::distributed(three, places(), true));
+  EXPECT_EQ(rect(u"b"_s).left(), 55) << "gaps of 15 at both sides";
+  editor.change(u"x"_s, Arranging::sameSize(three, true, false));
+  EXPECT_EQ(rect(u"c"_s).size(), QSizeF(20, 3));
+  editor.change(u"x"_s, Arranging::aligned({node(u"a"_s)}, places(), Edge::Right));
+  EXPECT_EQ(rect(u"a"_s).right(), 90) << "one alone goes to the margin";
+  for (const auto& changes : {Arranging::moved({node(u"k"_s)}, {1, 1}), Arranging::aligned({node(u"k"_s)}, places(), Edge::Right)})
+    EXPECT_TRUE(changes.empty()) << "locked";
+
+  Arranging::reorder(editor, u"x"_s, {node(u"a"_s), node(u"b"_s)}, Arranging::Order::Front);
+  EXPECT_LT(node(u"k"_s)->index(), node(u"a"_s)->index());
+  EXPECT_LT(node(u"a"_s)->index(), node(u"b"_s)->index()) << "among themselves they keep their order";
+}
+
+TEST_F(EditorTest, PartsGoFromReportToReport) {
+  open(R"(<band><text name="a" font="Arial; 12; bold">Ağ &amp; [X]</text><picture name="p">iVBORw0KGgo=</picture></band>)");
+  const QByteArray bytes = ReportFragment::write({node(u"a"_s), node(u"p"_s)});
+  const auto read = ReportFragment::read(bytes);
+  ASSERT_EQ(read.size(), 2U);
+  EXPECT_EQ(read[0]->text(u"text"), u"Ağ & [X]");
+  EXPECT_EQ(read[1]->picture(u"picture"), node(u"p"_s)->picture(u"picture"));
+  for (const QByteArray& strange : {QByteArray(), QByteArray("<report"), QByteArray("<html/>"), bytes.left(60)})
+    EXPECT_TRUE(ReportFragment::read(strange).empty());
+  EXPECT_EQ(freeName(editor.document(), NodeKind::Text, u"a"_s), u"a1");
+  EXPECT_EQ(freeName(editor.document(), NodeKind::Text, {}, {u"Metin1"_s}), u"Metin2");
+}
+
+struct FaultCase {
+  const char* name;
+  const char* inside;
+  QString reasons;  ///< joined by "|"
+};
+
+class DesignFaults : public testing::TestWithParam<FaultCase> {};
+
+TEST_P(DesignFaults, AreFound) {
+  DesignSample sample;
+  sample.data.declareVariable(u"AD"_s, {});
+  sample.data.setExpression(u"AD"_s, u"'Işık'"_s);
+  sample.data.addRows(u"Malzeme"_s, std::make_shared<ListedRows>(QStringList{u"P"_s}, std::vector<std::vector<ReportValue>>{{u"a"_s}, {u"çok uzun bir ad"_s}}));
+  const ReportDocument document = ReportFile::read("<report version=\"1\"><page paper=\"own\" width=\"100\" height=\"100\">" + QByteArray(GetParam().inside) +
+                                                   "</page></report>");
+  QStringList reasons;
+  for (const DesignFault& fault : findFaults(document, sample)) reasons += fault.reason;
+  EXPECT_EQ(reasons.join(u'|').toStdString(), GetParam().reasons.toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, DesignFaults,
+    testing::Values(
+        FaultCase{"Clean", R"(<band height="30" data="Malzeme"><text width="60">[AD] [SAY(Malzeme)] [SAYFA]</text></band>)", {}},
+        FaultCase{"UnknownInABranchNotTaken", R"(<band><text>[EĞER(DOĞRU; AD; YOK)]</text></band>)", u"“YOK” adını kimse bilmiyor"_s},
+        FaultCase{"UnknownField", R"(<band data="Malzeme"><text visible="Malzeme.X = 1">[AD]</text></band>)",
+                  u"“Malzeme” kümesinde böyle bir alan yok: Malzeme.X"_s},
+        FaultCase{"UnknownDataSet", R"(<band data="Yok"/>)", u"“Yok” adlı veri kümesi yok"_s},
+        FaultCase{"Barcode", R"(<band height="30"><barcode width="60" height="20">[AD]</barcode></band>)",
+                  u"Code 128 “ş” harfini yazamaz: Işık"_s},
+        FaultCase{"CutInASecondRow", R"(<band data="Malzeme"><text width="10" wrap="false">[Malzeme.P]</text></band>)", u"Metin kutusuna sığmıyor"_s},
+        FaultCase{"Outside", R"(<band><text left="75"/></band><rectangle top="80" height="30"/>)",
+                  u"Kâğıdın dışına taşıyor|Kâğıdın dışına taşıyor"_s},
+        FaultCase{"Covered", R"(<band><text name="a">aaaa</text><rectangle background="#ffffff"/></band>)",
+                  u"Metninin üstüne Dikdörtgen geliyor"_s},
+        FaultCase{"FrameAroundText", R"(<band><text name="a">aaaa</text><rectangle/></band>)", {}},
+        FaultCase{"TooHigh", R"(<band height="90"/>)", u"Bant sayfadan yüksek"_s}),
+    [](const auto& each) { return each.param.name; });
+
+}  // namespace

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "toolkit/report/object_layout.h"
+
+/// What a designed report is shown with: the data that the program will print it with, as they are now.
+struct DesignSample {
+  ReportData data;
+  QHash<QString, QString> barcodes = {};  ///< texts that the program puts into barcodes, by the object's name
+  RichTexts richTexts = {};
+};
+
+/// The same names with made-up values: every variable shows its explanation, every data set has some rows.
+DesignSample exampleOf(const DesignSample& sample);
+
+/// The report with the texts that the program will put in, as it will be laid out.
+ReportDocument filledWith(const ReportDocument& document, const DesignSample& sample);
+
+/// Where the data stand for the band of an object: at that row of its data set.
+class SampleContext {
+ public:
+  SampleContext(const DesignSample& sample, const ReportNode& object, int row = 0);
+  const EvaluationContext& context() const { return context_; }
+  /// Rows of the band's data set; 1 when it has none.
+  int rowCount() const { return rowCount_; }
+
+ private:
+  std::vector<RowPlace> places_;
+  EvaluationContext context_;
+  int rowCount_ = 1;
+};
+
+/// An object by itself, laid out in a rectangle whose upper left corner is the origin.
+struct DesignedObject {
+  ReportPage page;       ///< primitives only
+  QRectF bounds;         ///< of object and primitives
+  QStringList faults;
+  QStringList notices;
+};
+
+/// As it is designed: texts with their expressions as written, barcodes with a text that fits.
+DesignedObject designedObject(const ReportNode& object, const DesignSample& sample);
+/// As it is printed with the data at that row.
+DesignedObject printedObject(const ReportNode& object, const DesignSample& sample, int row = 0);
