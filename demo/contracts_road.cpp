@@ -8,7 +8,7 @@
 #include "contracts/contract_list.h"
 #include "demo/screen_hands.h"
 #include "reminders/reminder_window.h"
-#include "toolkit/edits/edit_box.h"
+#include "toolkit/edits/lookup_edit.h"
 
 #include <QApplication>
 #include <QTabWidget>
@@ -67,7 +67,8 @@ void ContractsRoad::addContract(ScreenHands& hands) {
   type(hands, u"SOZ_AD"_s, u"klima bakım sözleşmesi"_s);
   type(hands, u"TS_MUSTERI"_s, u"çiğdem öztürk"_s);  // takes the entry
   hands.waitFor(u"customer taken"_s, [] {
-    return QApplication::activePopupWidget() == nullptr && fSozlesmeEkle->box(u"TS_MUSTERI"_s)->text() == u"ÇİĞDEM ÖZTÜRK"_s;
+    const auto* customer = static_cast<LookupEdit*>(fSozlesmeEkle->box(u"TS_MUSTERI"_s));
+    return !customer->isDropDownOpen() && customer->text() == u"ÇİĞDEM ÖZTÜRK"_s;
   });
   hands.press({u"Return"_s});
   for (const int days : {-30, 335}) {

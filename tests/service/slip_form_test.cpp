@@ -1,6 +1,7 @@
 #include "base/data/my_query.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/edits/combo_edit.h"
+#include "toolkit/edits/lookup_edit.h"
 
 #include <QAbstractItemModelTester>
 #include <QBuffer>
@@ -91,12 +92,31 @@ TEST_F(SlipFormTest, CardsAreCopiedAndTakenBack) {
   EXPECT_EQ(text(slip, u"TS_MUSTERI"_s), u"BİLİNMEYEN"_s);
   EXPECT_EQ(shown(), none);
 
+  enter(slip, u"TS_MUSTERI"_s, u"şule ışık"_s);
+  press(Qt::Key_Return);
+  enter(slip, u"TS_C_SERINO"_s, u"SN1"_s);
+  enter(slip, u"TS_C_AD"_s, u"OCAK"_s);
+  box(slip, u"TS_MUSTERI"_s)->line()->setFocus();
+  press(Qt::Key_F4);
+  press(Qt::Key_Escape);
+  EXPECT_EQ(shown(), card) << "Escape blanks nothing";
+  box(slip, u"TS_MUSTERI"_s)->line()->selectAll();
+  type(u"şule"_s);
+  ASSERT_TRUE(slip->findChild<LookupEdit*>(u"TS_MUSTERI"_s)->isDropDownOpen());
+  press(Qt::Key_F2);
+  EXPECT_EQ(rows(u"select TS_MUSTERI, TS_UNVAN, TS_CEP from teknikservis"_s), u"ŞULE|~|~"_s) << "saved as typed, over the open list";
+
   enter(slip, u"TS_C_AD"_s, u"fırın"_s);
-  const QAbstractItemModel* offered = QApplication::activePopupWidget()->findChild<QTableView*>()->model();
+  const QAbstractItemModel* offered = box(slip, u"TS_C_AD"_s)->findChild<QTableView*>()->model();
   EXPECT_EQ(offered->headerData(2, Qt::Horizontal).toString() + offered->index(0, 2).data().toString(), u"ÜRETİCİ KODUU1"_s);
   press(Qt::Key_Return);
   EXPECT_EQ(text(slip, u"TS_C_MARKA"_s) + text(slip, u"TS_C_TURU"_s), u"M1K1"_s);
+  box(slip, u"TS_C_AD"_s)->setText({});
+  box(slip, u"TS_C_AD"_s)->line()->setFocus();
+  press(Qt::Key_Return);
+  EXPECT_EQ(text(slip, u"TS_C_MARKA"_s) + text(slip, u"TS_C_TURU"_s), QString()) << "left empty, though nothing was typed";
 
+  balloon(slip)->hide();
   box(slip, u"TS_C_RAFNO"_s)->pressButton(1);
   EXPECT_EQ(balloon(slip)->text(), u"Kayıtlı \"İç Seri No\" bulunamadı!"_s);
   box(slip, u"TS_C_RAFNO"_s)->setText(u"İÇ1"_s);

@@ -170,10 +170,8 @@ TEST_F(EditsTest, TheCalendarTakesAndEmpties) {
   QSignalSpy left(edit, &EditBox::left);
   QTest::keyClick(edit->line(), Qt::Key_F4);
   ASSERT_TRUE(edit->isDropDownOpen());
-  QWidget* calendar = QApplication::focusWidget();
-  ASSERT_NE(calendar, edit->line());
-  QTest::keyClick(calendar, Qt::Key_Right);
-  QTest::keyClick(calendar, Qt::Key_Return);
+  QTest::keyClick(edit->line(), Qt::Key_Right);
+  QTest::keyClick(edit->line(), Qt::Key_Return);
   EXPECT_FALSE(edit->isDropDownOpen());
   EXPECT_EQ(edit->date(), QDate(2020, 3, 6));
   EXPECT_EQ(taken.count(), 1);
@@ -218,10 +216,6 @@ TEST_F(EditsTest, ComboChoosesByKeys) {
   EXPECT_EQ(combo->itemIndex(), 3);
   EXPECT_EQ(changed.count(), 3);
   combo->dropDown();
-  if (!combo->isDropDownOpen()) {  // just closed: the arrow's own click is not to open it again
-    QTest::qWait(250);
-    combo->dropDown();
-  }
   QTest::keyClick(combo->line(), Qt::Key_Up);
   QTest::keyClick(combo->line(), Qt::Key_Return);
   EXPECT_EQ(combo->text(), u"ISITICI"_s);

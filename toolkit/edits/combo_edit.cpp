@@ -5,6 +5,7 @@
 #include "base/turkish_text.h"
 #include "toolkit/edits/drop_down.h"
 
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QScrollBar>
 #include <QTimer>
@@ -98,24 +99,29 @@ void ComboEdit::resetEdit(int) {
 
 bool ComboEdit::isDropDownOpen() const { return dropDown_ && dropDown_->isVisible(); }
 
+void ComboEdit::buildDropDown() {
+  list_ = new QListWidget;
+  list_->setFocusPolicy(Qt::NoFocus);
+  list_->setFrameShape(QFrame::NoFrame);
+  list_->setMouseTracking(true);
+  list_->setUniformItemSizes(true);
+  dropDown_ = new DropDown(this, list_, false);
+  connectGuarded(dropDown_, &DropDown::dismissed, this, [this] { dismiss(); });
+  connectGuarded(list_, &QListWidget::itemEntered, this, [this](QListWidgetItem* item) {
+    list_->setCurrentItem(item);
+    movedByKey_ = false;
+  });
+  connectGuarded(list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+    const int row = list_->row(item);
+    closeUp();
+    choose(row);
+  });
+}
+
 void ComboEdit::dropDown() {
   if (isReadOnly() || !isEnabled()) return;
-  if (isDropDownOpen()) return closeUp();
-  if (dropDown_ && dropDown_->hasJustClosed()) return;
-  if (!dropDown_) {
-    list_ = new QListWidget;
-    list_->setFocusPolicy(Qt::NoFocus);
-    list_->setFrameShape(QFrame::NoFrame);
-    list_->setMouseTracking(true);
-    list_->setUniformItemSizes(true);
-    dropDown_ = new DropDown(this, list_, line(), false);
-    connectGuarded(list_, &QListWidget::itemEntered, this, [this](QListWidgetItem* item) { list_->setCurrentItem(item); });
-    connectGuarded(list_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-      const int row = list_->row(item);
-      closeUp();
-      choose(row);
-    });
-  }
+  if (isDropDownOpen()) return dismiss();
+  if (!dropDown_) buildDropDown();
   setFocus(Qt::OtherFocusReason);
   list_->clear();
   list_->addItems(items());
@@ -129,10 +135,40 @@ void ComboEdit::dropDown() {
   width += list_->verticalScrollBar()->sizeHint().width() + 16;
   dropDown_->openUnder({width, rowHeight * std::clamp(list_->count(), 1, shownRows) + 2});
   highlight(itemIndex_);
+  movedByKey_ = false;
 }
 
 void ComboEdit::closeUp() {
   if (isDropDownOpen()) dropDown_->hide();
+}
+
+/// Closes the list as the user goes on to something else.
+void ComboEdit::dismiss() {
+  if (!isDropDownOpen()) return;
+  closeUp();
+  if (movedByKey_) choose(list_->currentRow());
+}
+
+bool ComboEdit::keepsKey(const QKeyEvent& key) const {
+  if (!isDropDownOpen()) return false;
+  const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      return modifiers == Qt::NoModifier || modifiers == Qt::AltModifier;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+    case Qt::Key_F4:
+      return modifiers == Qt::NoModifier;
+    default:
+      return writesText(key);
+  }
 }
 
 void ComboEdit::choose(int index) {
@@ -145,6 +181,13 @@ void ComboEdit::choose(int index) {
 void ComboEdit::highlight(int index) {
   list_->setCurrentRow(index);
   if (auto* item = list_->currentItem()) list_->scrollToItem(item);
+}
+
+/// What a key goes to: marked in the open list, chosen at once without it.
+void ComboEdit::moveTo(int index) {
+  if (!isDropDownOpen()) return choose(index);
+  highlight(index);
+  movedByKey_ = true;
 }
 
 void ComboEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
@@ -206,10 +249,7 @@ void ComboEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
   }
   key = 0;
   if (itemCount() == 0) return;
-  if (open)
-    highlight(next);
-  else
-    choose(next);
+  moveTo(next);
 }
 
 /// Goes to the next item that begins with what was typed; one letter again and again walks through its items.
@@ -217,15 +257,14 @@ void ComboEdit::keyPress(QString& characters) {
   typed_ += TurkishText::fold(characters);
   typedPause_->start();
   characters.clear();
-  const bool open = isDropDownOpen();
-  const int now = open ? list_->currentRow() : itemIndex_;
+  const int now = isDropDownOpen() ? list_->currentRow() : itemIndex_;
   const bool sameLetter = typed_.count(typed_.front()) == typed_.size();
   const QString wanted = sameLetter ? typed_.left(1) : typed_;
   const int from = sameLetter ? now + 1 : std::max(now, 0);
   for (int i = 0; i < itemCount(); ++i) {
     const int index = (from + i) % itemCount();
     if (!TurkishText::fold(items_[size_t(index)].text).startsWith(wanted)) continue;
-    return open ? highlight(index) : choose(index);
+    return moveTo(index);
   }
 }
 
@@ -235,4 +274,4 @@ bool ComboEdit::wheelSteps(int steps) {
   return true;
 }
 
-void ComboEdit::leaving() { closeUp(); }
+void ComboEdit::leaving() { dismiss(); }

@@ -11,6 +11,7 @@ class QTimer;
 /// A choice from a fixed list, 16 rows of it shown. A text that the list does not have is shown and kept, with no item
 /// chosen. Button 0 is the arrow; F4, Alt+Down and a click open the list, arrows and typed first letters choose. Delete
 /// goes to the empty item; in a list without one it takes the choice away only where that was asked for.
+/// What keys moved to in the open list is chosen when it closes, unless Escape closes it.
 class ComboEdit : public EditBox {
   Q_OBJECT
  public:
@@ -39,8 +40,10 @@ class ComboEdit : public EditBox {
   Value editValue() const override;
   void setEditValue(const Value& value) override;
   void resetEdit(int maximumLength) override;
+  bool keepsKey(const QKeyEvent& key) const override;
 
   void dropDown();
+  /// Closes the list with nothing chosen.
   void closeUp();
   bool isDropDownOpen() const;
 
@@ -60,8 +63,11 @@ class ComboEdit : public EditBox {
     QString text;
     int objectNumber;
   };
+  void buildDropDown();
+  void dismiss();
   void choose(int index);
   void highlight(int index);
+  void moveTo(int index);
 
   std::vector<Item> items_;
   int itemIndex_ = -1;
@@ -71,4 +77,5 @@ class ComboEdit : public EditBox {
   QTimer* typedPause_;
   DropDown* dropDown_ = nullptr;
   QListWidget* list_ = nullptr;
+  bool movedByKey_ = false;  ///< the mark in the open list; the mouse passes over items without choosing them
 };

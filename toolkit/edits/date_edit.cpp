@@ -7,11 +7,15 @@
 
 #include <QCalendarWidget>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTextCharFormat>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -75,12 +79,83 @@ Value DateEdit::stepped(const Value& from, int part, int by) const { return step
 Value DateEdit::firstStep() const { return environment().today(); }
 
 void DateEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
-  if (key == Qt::Key_F4 || (key == Qt::Key_Down && modifiers.testFlag(Qt::AltModifier))) {
+  const bool alt = modifiers.testFlag(Qt::AltModifier);
+  if (key == Qt::Key_F4 || (alt && (key == Qt::Key_Down || (key == Qt::Key_Up && isDropDownOpen())))) {
     key = 0;
-    dropDown();
+    return dropDown();
+  }
+  if (isDropDownOpen() && (modifiers & ~Qt::KeypadModifier) == Qt::NoModifier && moveInCalendar(key)) {
+    key = 0;
     return;
   }
   ParsedEdit::keyDown(key, modifiers);
+}
+
+bool DateEdit::keepsKey(const QKeyEvent& key) const {
+  if (!isDropDownOpen()) return false;
+  const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      return modifiers == Qt::NoModifier || modifiers == Qt::AltModifier;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Escape:
+    case Qt::Key_F4:
+      return modifiers == Qt::NoModifier;
+    default:
+      return false;
+  }
+}
+
+/// Does in the open calendar what a key means there; false when it means nothing.
+bool DateEdit::moveInCalendar(int key) {
+  constexpr int week = 7;
+  QDate date = calendar_->selectedDate();
+  switch (key) {
+    case Qt::Key_Left:
+      date = date.addDays(-1);
+      break;
+    case Qt::Key_Right:
+      date = date.addDays(1);
+      break;
+    case Qt::Key_Up:
+      date = date.addDays(-week);
+      break;
+    case Qt::Key_Down:
+      date = date.addDays(week);
+      break;
+    case Qt::Key_PageUp:
+      date = date.addMonths(-1);
+      break;
+    case Qt::Key_PageDown:
+      date = date.addMonths(1);
+      break;
+    case Qt::Key_Home:
+      date = QDate(date.year(), date.month(), 1);
+      break;
+    case Qt::Key_End:
+      date = QDate(date.year(), date.month(), date.daysInMonth());
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      take(date);
+      return true;
+    case Qt::Key_Escape:
+      dropDown_->hide();
+      return true;
+    default:
+      return false;
+  }
+  calendar_->setSelectedDate(date);
+  movedByKey_ = true;
+  return true;
 }
 
 bool DateEdit::isDropDownOpen() const { return dropDown_ && dropDown_->isVisible(); }
@@ -88,13 +163,26 @@ bool DateEdit::isDropDownOpen() const { return dropDown_ && dropDown_->isVisible
 void DateEdit::dropDown() {
   if (isReadOnly() || !isEnabled()) return;
   if (!dropDown_) buildCalendar();
-  if (isDropDownOpen()) return dropDown_->hide();
-  if (dropDown_->hasJustClosed()) return;
+  if (isDropDownOpen()) return dismiss();
   setFocus(Qt::OtherFocusReason);
   const QDate typed = DateText::toDate(text()).value_or(QDate());
   calendar_->setSelectedDate(typed.isValid() ? typed : environment().today());
   dropDown_->openUnder(dropDown_->sizeHint());
-  calendar_->setFocus(Qt::PopupFocusReason);
+  movedByKey_ = false;
+}
+
+/// Closes the calendar as the user goes on to something else.
+void DateEdit::dismiss() {
+  if (!isDropDownOpen()) return;
+  if (movedByKey_)
+    take(calendar_->selectedDate());
+  else
+    dropDown_->hide();
+}
+
+void DateEdit::leaving() {
+  dismiss();
+  ParsedEdit::leaving();
 }
 
 void DateEdit::buildCalendar() {
@@ -117,9 +205,18 @@ void DateEdit::buildCalendar() {
   row->addWidget(today);
   row->addWidget(empty);
   column->addLayout(row);
-  content->setFocusProxy(calendar_);
+  for (auto* part : content->findChildren<QWidget*>()) part->setFocusPolicy(Qt::NoFocus);
+  // The days follow the year while it is being changed; by itself the calendar waits until the year's box is left.
+  if (auto* year = calendar_->findChild<QSpinBox*>(u"qt_calendar_yearedit"_s))
+    connectGuarded(year, &QSpinBox::valueChanged, this, [this](int shown) { calendar_->setCurrentPage(shown, calendar_->monthShown()); });
 
-  dropDown_ = new DropDown(this, content, nullptr, false);
+  dropDown_ = new DropDown(this, content, false);
+  connectGuarded(dropDown_, &DropDown::dismissed, this, [this] { dismiss(); });
+  // The marked day comes along to another month, so that Enter takes what is seen.
+  connectGuarded(calendar_, &QCalendarWidget::currentPageChanged, this, [this](int year, int month) {
+    const QDate first(year, month, 1);
+    calendar_->setSelectedDate(first.addDays(std::min(calendar_->selectedDate().day(), first.daysInMonth()) - 1));
+  });
   connectGuarded(calendar_, &QCalendarWidget::clicked, this, [this](QDate date) { take(date); });
   connectGuarded(calendar_, &QCalendarWidget::activated, this, [this](QDate date) { take(date); });
   connectGuarded(today, &QPushButton::clicked, this, [this] { take(environment().today()); });

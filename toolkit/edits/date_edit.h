@@ -9,7 +9,7 @@ class QCalendarWidget;
 QDate steppedDate(QDate date, int part, int by);
 
 /// A date, "dd.MM.yyyy", that can be empty; typed with or without points, or taken from a calendar. Button 0 is the arrow
-/// of the calendar, which F4 and Alt+Down open.
+/// of the calendar, which F4 and Alt+Down open; what keys moved to in it is taken when it closes, unless Escape closes it.
 class DateEdit : public ParsedEdit {
   Q_OBJECT
  public:
@@ -19,6 +19,7 @@ class DateEdit : public ParsedEdit {
   QDate date() const;
   void setDate(QDate date);
   void setEditValue(const Value& value) override;
+  bool keepsKey(const QKeyEvent& key) const override;
 
   void dropDown();
   bool isDropDownOpen() const;
@@ -35,11 +36,15 @@ class DateEdit : public ParsedEdit {
   Value stepped(const Value& from, int part, int by) const override;
   Value firstStep() const override;
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
+  void leaving() override;
 
  private:
   void take(QDate date);
+  void dismiss();
+  bool moveInCalendar(int key);
   void buildCalendar();
 
   DropDown* dropDown_ = nullptr;
   QCalendarWidget* calendar_ = nullptr;
+  bool movedByKey_ = false;  ///< in the open calendar
 };

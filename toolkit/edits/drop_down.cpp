@@ -1,11 +1,11 @@
 #include "toolkit/edits/drop_down.h"
 
-#include "base/environment.h"
 #include "base/guard.h"
+#include "toolkit/edits/edit_box.h"
 
-#include <QCoreApplication>
-#include <QEvent>
+#include <QApplication>
 #include <QHash>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScreen>
@@ -14,8 +14,6 @@
 #include <algorithm>
 
 namespace {
-
-constexpr quint64 reopenPauseMs = 200;
 
 /// Sizes that the user has drawn drop-downs to, by the name of their box.
 QHash<QString, QSize>& drawnSizes() {
@@ -60,37 +58,36 @@ void DropDown::paintEvent(QPaintEvent*) {
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
-DropDown::DropDown(QWidget* box, QWidget* content, QWidget* keyTarget, bool sizeable)
-    : QFrame(box, Qt::Popup | Qt::FramelessWindowHint), box_(box), content_(content), keyTarget_(keyTarget), sizeable_(sizeable) {
+DropDown::DropDown(EditBox* box, QWidget* content, bool sizeable)
+    : QFrame(box, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus), box_(box), sizeable_(sizeable) {
   setAttribute(Qt::WA_WindowPropagation);
+  setAttribute(Qt::WA_ShowWithoutActivating);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(1, 1, 1, 1);
   column->setSpacing(0);
   column->addWidget(content);
   if (sizeable) column->addWidget(new DropDownGrip(this), 0, Qt::AlignRight);
-  if (!keyTarget_) setFocusProxy(content);
 }
 
 void DropDown::openUnder(QSize size) {
   const QRect screen = box_->screen()->availableGeometry();
   QSize whole = drawnSizes().value(box_->objectName(), size + QSize(4, sizeable_ ? 16 : 4));
   whole = whole.expandedTo(QSize(box_->width(), 0)).boundedTo(screen.size());
-  QPoint place = box_->mapToGlobal(QPoint(0, box_->height()));
+  boxPlace_ = box_->mapToGlobal(QPoint());
+  QPoint place = boxPlace_ + QPoint(0, box_->height());
   if (place.y() + whole.height() > screen.bottom()) {
-    const int above = box_->mapToGlobal(QPoint()).y() - screen.top();
+    const int above = boxPlace_.y() - screen.top();
     const int below = screen.bottom() - place.y();
     if (above > below) {
       whole.setHeight(std::min(whole.height(), above));
-      place.setY(box_->mapToGlobal(QPoint()).y() - whole.height());
+      place.setY(boxPlace_.y() - whole.height());
     } else {
       whole.setHeight(below);
     }
   }
   place.setX(std::clamp(place.x(), screen.left(), std::max(screen.left(), screen.right() - whole.width())));
   setGeometry(QRect(place, whole));
-  if (isVisible()) return;
   show();
-  if (!keyTarget_) content_->setFocus(Qt::PopupFocusReason);
 }
 
 void DropDown::drawTo(QSize size) {
@@ -98,27 +95,73 @@ void DropDown::drawTo(QSize size) {
   drawnSizes().insert(box_->objectName(), this->size());
 }
 
-bool DropDown::hasJustClosed() const { return closedAt_ != 0 && environment().tickCount() - closedAt_ < reopenPauseMs; }
-
-bool DropDown::event(QEvent* event) {
-  const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
-  // While it is open, no command of the form takes a key away from it: neither here nor on the way to the box, which a
-  // sent event would look for commands again.
-  if (event->type() == QEvent::ShortcutOverride) {
-    event->accept();
-    return true;
-  }
-  if (keyTarget_ && isKey) {
-    static_cast<QObject*>(keyTarget_)->event(event);
-    return true;
-  }
-  return QFrame::event(event);
+void DropDown::showEvent(QShowEvent* event) {
+  QFrame::showEvent(event);
+  qApp->installEventFilter(this);
 }
 
 void DropDown::hideEvent(QHideEvent* event) {
   QFrame::hideEvent(event);
+  qApp->removeEventFilter(this);
+}
+
+/// While it is open, it looks at what the program gets.
+bool DropDown::eventFilter(QObject* watched, QEvent* event) {
+  auto* widget = qobject_cast<QWidget*>(watched);
+  bool taken = false;
+  if (widget == nullptr) return taken;
   guarded(this, [&] {
-    closedAt_ = environment().tickCount();
-    Q_EMIT closed();
+    switch (event->type()) {
+      case QEvent::ShortcutOverride:
+      case QEvent::KeyPress:
+        if (watched == box_->line()) taken = keyCame(*static_cast<QKeyEvent*>(event));
+        return;
+      case QEvent::MouseButtonPress:
+      case QEvent::MouseButtonDblClick:
+      case QEvent::NonClientAreaMouseButtonPress:
+        if (!isOwn(*widget)) Q_EMIT dismissed();
+        return;
+      case QEvent::Wheel:
+        if (!isOwn(*widget)) hide();
+        return;
+      case QEvent::WindowDeactivate:
+      case QEvent::WindowBlocked:
+        if (watched == box_->window()) hide();
+        return;
+      case QEvent::Hide:
+        if (watched == box_) hide();
+        return;
+      case QEvent::Move:
+        if (widget->isAncestorOf(box_) && box_->mapToGlobal(QPoint()) != boxPlace_) hide();
+        return;
+      default:
+        return;
+    }
   });
+  return taken;
+}
+
+/// A key on its way to the box; true when it has come to its end.
+bool DropDown::keyCame(QKeyEvent& key) {
+  constexpr int modifierKeys[] = {Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt,      Qt::Key_AltGr,
+                                  Qt::Key_Meta,  Qt::Key_CapsLock, Qt::Key_NumLock, Qt::Key_ScrollLock};
+  if (std::ranges::find(modifierKeys, key.key()) != std::end(modifierKeys)) return false;
+  // What stands in the list and is typed into, such as the calendar's year.
+  if (QWidget* inner = focusWidget(); inner != nullptr && inner->isVisible() && key.key() != Qt::Key_Escape) {
+    key.accept();
+    if (key.type() == QEvent::KeyPress) {
+      QKeyEvent copy(QEvent::KeyPress, key.key(), key.modifiers(), key.text(), key.isAutoRepeat());
+      QCoreApplication::sendEvent(inner, &copy);
+    }
+    return true;
+  }
+  if (!box_->keepsKey(key)) Q_EMIT dismissed();
+  return false;
+}
+
+/// Belongs to the list, to a menu in it, or to what opens and closes it.
+bool DropDown::isOwn(const QWidget& widget) const {
+  for (const QWidget* each = &widget; each != nullptr; each = each->parentWidget())
+    if (each == this || each == box_->line() || each == box_->button(0)) return true;
+  return false;
 }

@@ -57,6 +57,9 @@ class EditBox : public EditFrame {
   /// Is asked about every key before the box; true swallows the key.
   void setKeyFilter(std::function<bool(const QKeyEvent&)> filter) { keyFilter_ = std::move(filter); }
 
+  /// Keys that belong to the box as it is now: no command of the form takes them, and its open list stays open.
+  virtual bool keepsKey(const QKeyEvent&) const { return false; }
+
   /// The text; NULL when empty.
   Value editValue() const override;
   void setEditValue(const Value& value) override;

@@ -41,6 +41,10 @@ EditLine::EditLine(EditBox* box) : QLineEdit(box), box_(box) {
 }
 
 bool EditLine::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride && box_ && box_->keepsKey(*static_cast<QKeyEvent*>(event))) {
+    event->accept();
+    return true;
+  }
   if (event->type() != QEvent::KeyPress || !box_) return QLineEdit::event(event);
   bool done = false;
   guarded(this, [&] {

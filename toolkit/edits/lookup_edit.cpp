@@ -6,6 +6,7 @@
 #include "toolkit/edits/lookup_model.h"
 
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QTableView>
 
@@ -55,10 +56,10 @@ bool LookupEdit::isDropDownOpen() const { return dropDown_ && dropDown_->isVisib
 
 void LookupEdit::dropDown() {
   if (isReadOnly() || !isEnabled()) return;
-  if (isDropDownOpen()) return closeUp();
-  if (dropDown_ && dropDown_->hasJustClosed()) return;
+  if (isDropDownOpen()) return dismiss();
   setFocus(Qt::OtherFocusReason);
   open({});
+  decides_ = true;
 }
 
 void LookupEdit::closeUp() {
@@ -91,8 +92,9 @@ void LookupEdit::buildDropDown() {
   table_->verticalHeader()->setMinimumSectionSize(1);
   table_->horizontalHeader()->setHighlightSections(false);
   table_->horizontalHeader()->setStretchLastSection(true);
-  dropDown_ = new DropDown(this, table_, line(), true);
-  connectGuarded(table_, &QTableView::clicked, this, [this](const QModelIndex& index) { take(model_->sourceRow(index.row())); });
+  dropDown_ = new DropDown(this, table_, true);
+  connectGuarded(dropDown_, &DropDown::dismissed, this, [this] { dismiss(); });
+  connectGuarded(table_, &QTableView::clicked, this, [this](const QModelIndex& index) { choose(model_->sourceRow(index.row())); });
 }
 
 /// Shows the entries that fit filter, which is the text or nothing. Only an entry that equals the text is marked: marking the first one would make
@@ -111,8 +113,10 @@ void LookupEdit::open(const QString& filter) {
     if (!isDropDownOpen()) table_->setColumnWidth(column, source_->width(column));
     width += source_->width(column);
   }
-  if (!isDropDownOpen())
+  if (!isDropDownOpen()) {
+    decides_ = false;
     dropDown_->openUnder({width, rowHeight * shownRows + table_->horizontalHeader()->sizeHint().height() + 2});
+  }
   const int equal = model_->rowOf(filter.isEmpty() ? findEntry(text()) : model_->equalRow());
   if (equal >= 0)
     table_->selectRow(equal);
@@ -121,12 +125,73 @@ void LookupEdit::open(const QString& filter) {
   if (equal >= 0) table_->scrollTo(model_->index(equal, 0), QAbstractItemView::PositionAtCenter);
 }
 
-void LookupEdit::take(int row) {
+/// Row of the source that is marked in the list; -1 when none is.
+int LookupEdit::markedRow() const {
+  return table_ != nullptr && table_->currentIndex().isValid() ? model_->sourceRow(table_->currentIndex().row()) : -1;
+}
+
+void LookupEdit::choose(int row) {
   closeUp();
+  take(row);
+  Q_EMIT entryChosen(row);
+}
+
+void LookupEdit::take(int row) {
   setText(source_->text(row, 0));
   line()->end(false);
   Q_EMIT textEdited(text());
   Q_EMIT entryTaken(row);
+}
+
+void LookupEdit::drop() {
+  settledText_ = text();
+  Q_EMIT entryDropped();
+}
+
+void LookupEdit::takeBack() {
+  closeUp();
+  if (text() == settledText_) return;
+  setText(settledText_);
+  line()->end(false);
+  Q_EMIT textEdited(text());
+}
+
+/// Closes the list as the user goes on to something else.
+void LookupEdit::dismiss() {
+  if (!isDropDownOpen()) return;
+  const int row = markedRow();
+  closeUp();
+  if (!decides_) return;
+  if (row >= 0)
+    take(row);
+  else
+    drop();
+}
+
+bool LookupEdit::keepsKey(const QKeyEvent& key) const {
+  if (!isDropDownOpen()) return key.key() == Qt::Key_Escape && text() != settledText_;
+  const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      return modifiers == Qt::NoModifier || modifiers == Qt::AltModifier;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+    case Qt::Key_F4:
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      return modifiers == Qt::NoModifier;
+    default:
+      return writesText(key);
+  }
 }
 
 void LookupEdit::moveHighlight(int by) {
@@ -134,6 +199,7 @@ void LookupEdit::moveHighlight(int by) {
   const int next = std::clamp(now < 0 && by < 0 ? model_->rowCount() - 1 : now + by, 0, model_->rowCount() - 1);
   table_->selectRow(next);
   table_->scrollTo(model_->index(next, 0));
+  decides_ = true;
 }
 
 void LookupEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
@@ -144,9 +210,10 @@ void LookupEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
   }
   if ((modifiers & ~Qt::KeypadModifier) != Qt::NoModifier) return EditBox::keyDown(key, modifiers);
   if (!isDropDownOpen()) {
-    if (key != Qt::Key_Down) return EditBox::keyDown(key, modifiers);
+    const bool takesBack = key == Qt::Key_Escape && text() != settledText_;
+    if (key != Qt::Key_Down && !takesBack) return EditBox::keyDown(key, modifiers);
     key = 0;
-    return dropDown();
+    return takesBack ? takeBack() : dropDown();
   }
   const int page = std::max(1, table_->viewport()->height() / table_->verticalHeader()->defaultSectionSize() - 1);
   switch (key) {
@@ -163,17 +230,17 @@ void LookupEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
       moveHighlight(page);
       break;
     case Qt::Key_Escape:
-      closeUp();
+      takeBack();
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Tab:
-      if (table_->currentIndex().isValid()) {
-        take(model_->sourceRow(table_->currentIndex().row()));
+      if (const int row = markedRow(); row >= 0) {
+        choose(row);
         if (key == Qt::Key_Tab) return;
         break;
       }
-      closeUp();
+      dismiss();
       return EditBox::keyDown(key, modifiers);
     default:
       return EditBox::keyDown(key, modifiers);
@@ -185,11 +252,18 @@ void LookupEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
 void LookupEdit::settle() {
   closeUp();
   if (text() == settledText_) return;
+  const int row = findEntry(text());
+  if (row < 0) return drop();
   settledText_ = text();
-  if (const int row = findEntry(text()); row >= 0)
-    Q_EMIT entryTaken(row);
-  else
-    Q_EMIT entryDropped();
+  Q_EMIT entryTaken(row);
 }
 
-void LookupEdit::leaving() { settle(); }
+/// What hangs on an empty box is told to go each time it is left, its text touched or not: meant.
+void LookupEdit::leaving() {
+  dismiss();
+  if (isReadOnly()) return;
+  if (text().isEmpty())
+    drop();
+  else
+    settle();
+}

@@ -33,24 +33,23 @@ FilterCell::FilterCell(FilterRow* row, const GridColumn& column, int number, Fie
     line_ = lookUp_->line();
     refreshChoices_ = column.refreshChoices;
     connectGuarded(lookUp_->button(0), &QToolButton::pressed, lookUp_, [this] { refreshChoices(); });
-    connectGuarded(lookUp_, &LookupEdit::entryTaken, this, [this] {
-      // A box that is being left tells of a text that happens to be an entry; nobody has chosen it.
-      if (!line_->hasFocus()) return;
+    connectGuarded(lookUp_, &LookupEdit::entryChosen, this, [this] {
       choose(FilterOperator::Equal, lookUp_->text());
       // On to the rows, unless Tab took the entry and goes to the next cell.
       postGuarded(this, [this] {
         if (line_->hasFocus()) row_->leave(number_);
       });
     });
+    connectGuarded(lookUp_, &EditBox::textEdited, this, [this](const QString& text) { typed(text, false); });
     lookUp_->setAccessibleName(name);
   } else {
     line_ = new QLineEdit(this);
     line_->setFrame(false);
+    connectGuarded(line_, &QLineEdit::textEdited, this, [this](const QString& text) { typed(text, false); });
   }
   line_->setAccessibleName(name);
   line_->setMaxLength(255);
   line_->installEventFilter(this);
-  connectGuarded(line_, &QLineEdit::textEdited, this, [this](const QString& text) { typed(text, false); });
   show(GridCondition{comparison_, {}});
 }
 
