@@ -46,6 +46,8 @@ void CallListener::start(quint16 port) {
   socket_->setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 1 << 20);
 }
 
+quint16 CallListener::port() const { return socket_ ? socket_->localPort() : 0; }
+
 void CallListener::hear() {
   for (int count = 0; count < mostAtOnce && socket_->hasPendingDatagrams(); ++count) {
     last_ = socket_->receiveDatagram().data();

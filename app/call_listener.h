@@ -22,6 +22,8 @@ class CallListener : public QObject {
 
   /// Throws ENetworkError when the port cannot be had.
   void start(quint16 port = usualPort());
+  /// The port that is listened on; 0 before start.
+  quint16 port() const;
 
  private:
   void hear();

@@ -26,7 +26,7 @@ void print(const QString& text) {
 }
 
 /// The line monitor keeps its own connection, which it opens at its first call.
-void ring(TMyConnection& connection, const QString& server, const QString& number) {
+void ring(TMyConnection& connection, const QString& server, const QString& number, quint16 port) {
   if (!connection.Connected()) {
     connection.Server = server;
     connection.Port = 3313;
@@ -35,7 +35,19 @@ void ring(TMyConnection& connection, const QString& server, const QString& numbe
     connection.Password = LoginRules::password(u"quend"_s);
     connection.Connect();
   }
-  TelephoneMonitor::ring(connection, 1, number);
+  TelephoneMonitor::ring(connection, 1, number, port);
+}
+
+/// Opens the program of folder on the settings that were prepared; this one ends with it.
+void open(QProcess& program, const QString& folder, quint16 callPort) {
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(u"KVTK_CALL_PORT"_s, QString::number(callPort));
+  program.setProcessEnvironment(environment);
+  program.setWorkingDirectory(folder);
+  program.setProcessChannelMode(QProcess::ForwardedChannels);
+  connectGuarded(&program, &QProcess::finished, &program, [](int code, QProcess::ExitStatus) { QCoreApplication::exit(code); });
+  program.start(folder + u"/kvtk"_s, QStringList());
+  if (!program.waitForStarted()) throw Exception(u"Program açılamadı: "_s + program.errorString());
 }
 
 int play(const QCommandLineParser& arguments) {
@@ -47,13 +59,13 @@ int play(const QCommandLineParser& arguments) {
     print(line);
     if (!logFile.isEmpty()) LogFile::append(logFile, line + u"\r\n"_s);
   };
+  const quint16 callPort = quint16(arguments.value(u"calls"_s).toUInt());
   Simulator simulator(options);
   QProcess program;
   if (const QString folder = arguments.value(u"open"_s); !folder.isEmpty()) {
     Practice::prepare(simulator, folder + u'/');
-    program.setWorkingDirectory(folder);
-    connectGuarded(&program, &QProcess::finished, &program, [] { QCoreApplication::quit(); });
-    program.start(folder + u"/kvtk"_s, QStringList());
+    Practice::turnOnNotices(folder + u'/');
+    open(program, folder, callPort);
   }
   print(u"Benzetim hazır. Komutlar için: yardim"_s);
 
@@ -65,10 +77,13 @@ int play(const QCommandLineParser& arguments) {
     if (!command) return print(Practice::help());
     switch (command->kind) {
       case Practice::Command::Kind::Behave: return simulator.behave(command->service, command->behaviour);
-      case Practice::Command::Kind::Ring: return ring(connection, server, command->number);
+      case Practice::Command::Kind::Ring: return ring(connection, server, command->number, callPort);
       case Practice::Command::Kind::Credit: return simulator.setCredit(command->credit);
-      case Practice::Command::Kind::End: return QCoreApplication::quit();
+      case Practice::Command::Kind::End: break;
     }
+    // The program may hold what was not saved yet: the user closes it, and with it this one.
+    if (program.state() == QProcess::NotRunning) return QCoreApplication::quit();
+    print(u"Program açık; onu kapatınca benzetim de kapanır."_s);
   };
   setUnhandledHandler([](QObject*, const std::exception& error) { print(LogFile::messageOf(error)); });
   // Reading blocks; a thread that waits for a line does not hold up the end of the program.
@@ -89,6 +104,7 @@ int main(int argc, char** argv) {
   arguments.addHelpOption();
   arguments.addOption({u"address"_s, u"address to listen on"_s, u"address"_s, u"127.0.0.1"_s});
   arguments.addOption({u"port"_s, u"first of five ports; 0 takes free ones"_s, u"port"_s, u"0"_s});
+  arguments.addOption({u"calls"_s, u"port that calls are announced on"_s, u"port"_s, QString::number(TelephoneMonitor::usualPort)});
   arguments.addOption({u"database"_s, u"server that calls are written to"_s, u"host"_s, u"127.0.0.1"_s});
   arguments.addOption({u"log"_s, u"file that keeps what was sent"_s, u"file"_s});
   arguments.addOption({u"open"_s, u"program folder: its settings are made to fit, and the program is opened"_s, u"folder"_s});

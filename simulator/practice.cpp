@@ -1,5 +1,6 @@
 #include "simulator/practice.h"
 
+#include "app/parameter_files.h"
 #include "base/ini_file.h"
 #include "base/platform/settings_store.h"
 #include "base/whole_file.h"
@@ -29,8 +30,8 @@ void Practice::prepare(const Simulator& simulator, const QString& folder) {
   if (const QString sms = folder + u"Sms.ini"_s; !QFile::exists(sms)) {
     IniFile::write(sms, u"Sms"_s, u"servis"_s, u"0"_s);
     IniFile::write(sms, u"Sms"_s, u"sProfil"_s, u"TORVANE"_s);
-    IniFile::write(sms, u"Sms"_s, u"smsMESAJAK"_s, u"Sn. <MÜŞTERİ ADI>, <CİHAZ ADI> cihazınız <SERİ NO> ile alındı."_s);
-    IniFile::write(sms, u"Sms"_s, u"SmsMesajTam"_s, u"Sn. <MÜŞTERİ ADI>, <CİHAZ ADI> cihazınız hazır. Tutar: <TAMİR TUTAR>"_s);
+    IniFile::write(sms, u"Sms"_s, u"smsMESAJAK"_s, u"Sn. <MÜŞTERİ ADI>, <CİHAZ ADI> cihaziniz <SERİ NO> seri no ile alindi."_s);
+    IniFile::write(sms, u"Sms"_s, u"SmsMesajTam"_s, u"Sn. <MÜŞTERİ ADI>, <CİHAZ ADI> cihaziniz hazir. Tutar: <TAMİR TUTAR>"_s);
   }
   if (const QString mail = folder + u"Smtp.ini"_s; !QFile::exists(mail)) IniFile::write(mail, u"Smtp"_s, u"eSMTPAUTH"_s, u"1"_s);
   if (const QString text = folder + u"smtpsablon.txt"_s; !QFile::exists(text))
@@ -43,6 +44,15 @@ void Practice::prepare(const Simulator& simulator, const QString& folder) {
   keep(u"eSMTPPassword"_s, u"1234"_s);
   keep(u"eSMTPOWNER"_s, u"servis@torvane.example"_s);
   keep(u"eSubject"_s, u"Cihazınız hazır"_s);
+}
+
+void Practice::turnOnNotices(const QString& folder) {
+  const QString file = folder + u"Parametreler.dat"_s;
+  if (QFile::exists(file)) return;
+  auto switches = ParameterFiles::defaultSwitches();
+  for (const int notice : {ParameterFiles::NotifyBySms, ParameterFiles::NotifyByMail})
+    switches[size_t(notice)].state = ParameterFiles::CheckState::Checked;
+  ParameterFiles::save(file, ParameterFiles::writeCheckList(switches));
 }
 
 std::optional<Practice::Command> Practice::commandIn(const QString& line) {
@@ -88,5 +98,5 @@ QString Practice::help() {
          "SERVİS cop [SAYI]           anlamsız yanıt verir\n"
          "SERVİS sus                  hiç yanıt vermez\n"
          "kontor SAYI                 SMS kontörünü belirler\n"
-         "son                         kapatır\n"_s;
+         "son                         kapatır; açık bir program varsa önce o kapatılır\n"_s;
 }

@@ -12,6 +12,10 @@ namespace Practice {
 /// Throws EInOutError.
 void prepare(const Simulator& simulator, const QString& folder);
 
+/// Customers are told by SMS and e-mail from the first saved slip on; switches that a user has saved stay as they are. Throws
+/// EInOutError.
+void turnOnNotices(const QString& folder);
+
 /// A command that was typed. Nothing for one that is none.
 struct Command {
   enum class Kind { Behave, Ring, Credit, End } kind = Kind::End;

@@ -18,7 +18,7 @@ void TelephoneMonitor::announce(const QByteArray& datagram, quint16 port) {
   QUdpSocket().writeDatagram(datagram, QHostAddress(QHostAddress::LocalHost), port);
 }
 
-void TelephoneMonitor::ring(TMyConnection& connection, int line, const QString& number) {
+void TelephoneMonitor::ring(TMyConnection& connection, int line, const QString& number, quint16 port) {
   const QDateTime now = environment().now();
   TMyQuery call(connection, u"call"_s);
   call.SQL.setText(u"INSERT INTO CALLERID (CID_TARIH, CID_SAAT, CID_HAT, CID_TELEFON) VALUES (:DAY, :CLOCK, :LINE, :NUMBER)"_s);
@@ -33,5 +33,6 @@ void TelephoneMonitor::ring(TMyConnection& connection, int line, const QString& 
   customer.Open();
   const bool isKnown = customer.RecordCount() > 0;
   announce(datagram(now, line, number, isKnown ? customer.FieldByName(u"CA_ID"_s).asText() : QString(),
-                    isKnown ? customer.FieldByName(u"CA_AD"_s).asText() : QString()));
+                    isKnown ? customer.FieldByName(u"CA_AD"_s).asText() : QString()),
+           port);
 }

@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 
+#include <ctime>
 #include <iostream>
 #include <random>
 
@@ -119,11 +120,10 @@ TEST(AnswersFuzz, ReadersHoldForDamagedAnswers) {
   do {
     const QByteArray bytes = damage.bytes();
     SCOPED_TRACE("answer " + std::to_string(count) + ": " + bytes.left(200).toPercentEncoding(" |;{}[]:,").toStdString());
-    QElapsedTimer one;
-    one.start();
+    const std::clock_t begin = std::clock();  // of this process alone, however busy the machine is
     checkBytes(bytes, damage.bytes());
     if (HasFatalFailure()) return;
-    ASSERT_LT(one.elapsed(), 2000) << "hangs";
+    ASSERT_LT(std::clock() - begin, 2 * CLOCKS_PER_SEC) << "hangs";
     ++count;
   } while (whole.elapsed() < milliseconds);
   std::cout << count << " answers\n";
