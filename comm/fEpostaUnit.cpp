@@ -68,7 +68,9 @@ TfEPOSTA::TfEPOSTA(QWidget* parent)
   auto* giveUp = new QPushButton(u"Vazgeç"_s);
   giveUp->setAutoDefault(false);
   giveUp->setFocusPolicy(Qt::TabFocus);  // a click that gives up leaves no box, and so is never asked for an address
+  SpeedButton1->setObjectName(u"SpeedButton1"_s);
   SpeedButton1->setAutoDefault(false);
+  btnPost->setObjectName(u"btnPost"_s);
   btnPost->setDefault(true);
   connectGuarded(SpeedButton1, &QPushButton::clicked, this, [this] { sendTest(); });
   connectGuarded(btnPost, &QPushButton::clicked, this, [this] { btnPostClick(); });

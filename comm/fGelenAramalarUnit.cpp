@@ -39,6 +39,7 @@ std::vector<GridColumn> callColumns() {
       column(u"CA_CEP"_s, u"Cep"_s, 110, false),      column(u"CA_TEL"_s, u"Telefon"_s, 110, false),
       column(u"CA_TEL2"_s, u"Telefon 2"_s, 110, false), column(u"CA_EPOSTA"_s, u"E-Posta"_s, 160, false),
       column(u"CA_BAKIYE"_s, u"Bakiye"_s, 90, false), column(u"CA_STAMP"_s, u"Zaman"_s, 140, false)};
+  columns[6].stretches = true;  // the name
   columns[4].lookUp = [](const Value& number) { return CallerText::grouped(number.toText()); };
   return columns;
 }

@@ -97,7 +97,9 @@ TfSMS::TfSMS(QWidget* parent)
   setWindowTitle(u"SMS Ayarları"_s);
   auto* giveUp = new QPushButton(u"Vazgeç"_s);
   giveUp->setAutoDefault(false);
+  SpeedButton1->setObjectName(u"SpeedButton1"_s);
   SpeedButton1->setAutoDefault(false);
+  btnPost->setObjectName(u"btnPost"_s);
   btnPost->setDefault(true);
   connectGuarded(SpeedButton1, &QPushButton::clicked, this, [this] { signIn(); });
   connectGuarded(btnPost, &QPushButton::clicked, this, [this] { btnPostClick(); });

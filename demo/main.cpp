@@ -1,11 +1,14 @@
 #include "app/application.h"
+#include "base/program_paths.h"
 #include "demo/road.h"
+#include "simulator/practice.h"
 
 #include <QDir>
 #include <QThread>
 
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
 /// kvtk-demo FOLDER: the program itself, walked through by a second thread. Pictures go to FOLDER.
 int main(int argc, char** argv) {
@@ -15,10 +18,12 @@ int main(int argc, char** argv) {
   }
   const QString folder = QDir(QString::fromLocal8Bit(argv[1])).absolutePath();
   int programArguments = 1;
-  const int result = runProgram(programArguments, argv, [folder] {
+  std::optional<Simulator> simulator;
+  const int result = runProgram(programArguments, argv, [folder, &simulator] {
+    Practice::prepare(simulator.emplace(), programFolder());
     // The program's own end is not part of the walk: the process leaves with the walk's result.
-    QThread::create([folder] {
-      const int walked = walkTheRoad(folder);
+    QThread::create([folder, &simulator] {
+      const int walked = walkTheRoad(folder, *simulator);
       std::fflush(nullptr);
       std::_Exit(walked);
     })->start();

@@ -5,6 +5,7 @@
 #include "app/kvbankUnit.h"
 #include "demo/cards_road.h"
 #include "demo/contracts_road.h"
+#include "demo/messages_road.h"
 #include "demo/screen_hands.h"
 #include "demo/slip_list_road.h"
 #include "service/fservisfis_unit.h"
@@ -155,7 +156,7 @@ void printSavedRow() {
       std::printf("%-26s %s\n", query.fieldInfo(i).name.toUtf8().constData(), query.field(i).asText().toUtf8().constData());
 }
 
-void walk(ScreenHands& hands) {
+void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.waitFor(u"login form"_s, [] { return visibleWidget(u"Tamam_Button"_s) != nullptr; });
   hands.picture(u"oturum"_s);
   hands.press({u"Return"_s});
@@ -211,14 +212,19 @@ void walk(ScreenHands& hands) {
   walkTheCards(hands);
   ContractsRoad::addContract(hands);
   ContractsRoad::lookAtReminders(hands);
+  MessagesRoad::signIn(hands, simulator);
+  MessagesRoad::sendToMany(hands, simulator);
+  MessagesRoad::tryMailAccount(hands, simulator);
+  MessagesRoad::tellTheCustomer(hands, simulator);
+  MessagesRoad::takeCalls(hands);
 }
 
 }  // namespace
 
-int walkTheRoad(const QString& pictureFolder) {
+int walkTheRoad(const QString& pictureFolder, const Simulator& simulator) {
   ScreenHands hands(pictureFolder);
   try {
-    walk(hands);
+    walk(hands, simulator);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "demo: %s\n", error.what());
     return 1;
