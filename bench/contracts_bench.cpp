@@ -12,10 +12,9 @@
 #include "app/Unit14.h"
 #include "base/platform/time_zone.h"
 #include "bench/measuring.h"
+#include "bench/paint_watch.h"
 #include "contracts/contract_list.h"
 #include "reminders/reminder_window.h"
-#include "toolkit/grid/data_grid.h"
-#include "toolkit/grid/grid_view.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -23,10 +22,8 @@
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
 #include <cstdio>
-#include <functional>
 #include <limits>
 
 using namespace Qt::StringLiterals;
@@ -34,21 +31,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int rounds = 9;
-
-/// Tells of the next paint of a grid's rows.
-class PaintWatch : public QObject {
- public:
-  explicit PaintWatch(const DataGrid& grid) : rows_(grid.view()->viewport()) { rows_->installEventFilter(this); }
-  std::function<void()> afterPaint;
-
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::Paint && afterPaint) QTimer::singleShot(0, this, [then = std::exchange(afterPaint, {})] { then(); });
-    return false;
-  }
-
- private:
-  QWidget* rows_;
-};
 
 void run(const QString& statement) {
   TMyQuery query(DM->MySQL, u"qBench"_s);
@@ -88,14 +70,8 @@ void measureList(const QString& size) {
 /// From the click on a page's tab to its painted rows.
 double clicked(TfHatirlaForm& window, int page, const DataGrid& grid) {
   const QTabBar* tabs = window.RzPageControl1->tabBar();
-  PaintWatch watch(grid);
-  bool painted = false;
-  watch.afterPaint = [&] { painted = true; };
-  QElapsedTimer timer;
-  timer.start();
-  QTest::mouseClick(const_cast<QTabBar*>(tabs), Qt::LeftButton, {}, tabs->tabRect(page).center());
-  while (!painted) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-  return double(timer.nsecsElapsed()) / 1e6;
+  return PaintWatch(grid).painted(
+      [&] { QTest::mouseClick(const_cast<QTabBar*>(tabs), Qt::LeftButton, {}, tabs->tabRect(page).center()); });
 }
 
 void measureWindow(const QString& size) {

@@ -64,6 +64,9 @@ TEST_F(ContractsTest, AContractIsAddedByTheKeyboard) {
     period->findChildren<QAbstractButton*>()[4]->click();
     enter(editor, u"OZELKOD"_s, u"a1"_s);
     picture(editor, u"contract"_s);
+    enter(editor, u"BIT_TAR"_s, u"31.01.2024"_s);
+    press(editor, Qt::Key_F2);
+    EXPECT_EQ(balloon(), "\"Sözleşme Bitiş Tarih\" Başlama tarihden önce olamaz.");
     enter(editor, u"BIT_TAR"_s, u"14.02.2025"_s);
     press(editor, Qt::Key_F2);
     EXPECT_FALSE(editor.isVisible());
@@ -90,8 +93,12 @@ TEST_F(ContractsTest, WhatIsMissingOrWrongIsToldAtItsBoxAndNothingIsLost) {
     EXPECT_TRUE(editor.box(u"HAT_SAAT"_s)->editValue().isNull());
     EXPECT_FALSE(editor.box(u"HAT_SAAT"_s)->hasError());
     EXPECT_TRUE(editor.box(u"HAT_SAAT"_s)->line()->hasFocus());
-    enter(editor, u"HAT_TAR"_s, u"15.13.2024"_s);
+    enter(editor, u"TUTAR"_s, u"1,250.5"_s);
+    press(editor, Qt::Key_F2);
+    EXPECT_TRUE(editor.box(u"TUTAR"_s)->hasError());
+    EXPECT_EQ(text(u"TUTAR"_s), u"1,250.5"_s);
     enter(editor, u"TUTAR"_s, u"1.250,5"_s);
+    enter(editor, u"HAT_TAR"_s, u"15.13.2024"_s);
     press(editor, Qt::Key_F2);
     EXPECT_TRUE(editor.isVisible());
     EXPECT_EQ(editor.result(), 0);
