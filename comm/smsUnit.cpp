@@ -127,6 +127,9 @@ QWidget* TfSMS::buildAccount() {
   uyariPan->setObjectName(u"uyariPan"_s);
   uyariPan->setAlignment(Qt::AlignCenter);
   uyariPan->setAutoFillBackground(true);
+  QSizePolicy keepsItsRow = uyariPan->sizePolicy();
+  keepsItsRow.setRetainSizeWhenHidden(true);  // without it the grid takes the row's distance away as well
+  uyariPan->setSizePolicy(keepsItsRow);
   uyariPan->hide();
   mevcutKontor->setObjectName(u"mevcutKontor"_s);
 

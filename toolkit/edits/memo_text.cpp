@@ -29,6 +29,7 @@ qsizetype selectedLength(const QTextCursor& cursor) { return cursor.selectionEnd
 MemoText::MemoText(QWidget* parent) : QPlainTextEdit(parent) {
   setFrameShape(QFrame::NoFrame);
   setTabChangesFocus(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);  // lines are wrapped; the blank that one ends with would bring it up
   viewport()->setAutoFillBackground(false);
   document()->setDocumentMargin(2);
 }
