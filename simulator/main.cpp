@@ -36,6 +36,7 @@ void ring(TMyConnection& connection, const QString& server, const QString& numbe
     connection.Connect();
   }
   TelephoneMonitor::ring(connection, 1, number, port);
+  print(u"Çaldı: "_s + number);
 }
 
 /// Opens the program of folder on the settings that were prepared; this one ends with it.
@@ -57,7 +58,7 @@ int play(const QCommandLineParser& arguments) {
   const QString logFile = arguments.value(u"log"_s);
   options.log = [logFile](const QString& line) {
     print(line);
-    if (!logFile.isEmpty()) LogFile::append(logFile, line + u"\r\n"_s);
+    if (!logFile.isEmpty()) LogFile::append(logFile, line);
   };
   const quint16 callPort = quint16(arguments.value(u"calls"_s).toUInt());
   Simulator simulator(options);
