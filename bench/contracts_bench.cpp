@@ -43,7 +43,7 @@ void makeContracts(int count) {
   run(u"delete from sozlesme"_s);
   run(u"insert into sozlesme (SOZ_NO, SOZ_AD, SOZ_CA_ID_REF, SOZ_BAS_TARIH, SOZ_BIT_TARIH, SOZ_TUTAR, SOZ_MESAFE, SOZ_HATIRLA_TARIH, "
       u"SOZ_HATIRLA_SAAT, SOZ_HATIRLA_MESAJ, SOZ_HATIRLA_DONEM, SOZ_STATU) "
-      u"select 1000 + seq, 'KLİMA BAKIM SÖZLEŞMESİ', 1 + seq * 7 % 20000, BASLAMA, BASLAMA + interval 1 year, 1000 + seq % 20 * 250, seq * 3 % 90, "
+      u"select 1000 + seq, 'KLİMA BAKIM SÖZLEŞMESİ', (select max(CA_ID) from cari) - seq * 7 % 20000, BASLAMA, BASLAMA + interval 1 year, 1000 + seq % 20 * 250, seq * 3 % 90, "
       u"BASLAMA + interval 14 day, sec_to_time(32400 + 900 * (seq % 32)), 'PERİYODİK BAKIM', 1 + 2 * (seq % 15), if(YIL > 0, 'BİTTİ', 'AKTİF') "
       u"from (select seq, YIL, curdate() - interval (seq * 37 % 300) day - interval YIL * 366 day as BASLAMA "
       u"from (select seq, (seq div 15) % 3 as YIL from seq_1_to_%1) a) b"_s.arg(count));
