@@ -29,7 +29,7 @@ class PartLines : public ReportRows {
     static const QStringList names = {u"SSD 512 GB NVMe"_s, u"Termal macun"_s, u"İşlemci fanı"_s, u"LCD ekran 15.6\" IPS mat"_s, u"Şarj soketi"_s};
     switch (field) {
       case 0: return double(row + 1);
-      case 1: return isLong_ ? QString(names[row % 5] + u" — "_s).repeated(6) : names[row % 5];
+      case 1: return isLong_ ? (names[row % 5] + u" — "_s).repeated(6) : names[row % 5];
       case 2: return row % 4 == 3 ? 2.5 : 1.0;
       default: return 149.9 + 37.25 * row;
     }
@@ -101,7 +101,7 @@ void declareAll(Report& report) {
 
 void fill(Report& report, Kind kind, int lines) {
   for (const auto& [name, text] : usualTexts()) {
-    const QString shown = kind == Kind::Empty ? QString() : kind == Kind::Long && !text.isEmpty() ? QString(text + u' ').repeated(7).left(200) : text;
+    const QString shown = kind == Kind::Empty ? QString() : kind == Kind::Long && !text.isEmpty() ? (text + u' ').repeated(7).left(200) : text;
     report.data().setExpression(name, ReportData::quoted(shown));
     const QString barcode = kind == Kind::Long ? text.left(30) : shown;
     if (name == u"FIS_NO")
