@@ -3,6 +3,7 @@
 #include "app/dmUnit.h"
 #include "app/quendUtils.h"
 #include "cards/card_columns.h"
+#include "contracts/contract_letter.h"
 #include "contracts/contract_rules.h"
 #include "contracts/contract_store.h"
 #include "toolkit/grid/data_grid.h"
@@ -90,10 +91,9 @@ TfSozlesme::TfSozlesme(QWidget* parent)
   addRowCommand({.name = u"actSozlesme"_s,
                  .caption = u"Sözleşme Yazdır"_s,
                  .icon = u"document-print"_s,
-                 .work = [this] { printLetter(); },
+                 .work = [this] { ContractLetter::print(this, queries()); },
                  .right = u"Sözleşme Yazdır"_s,
-                 .needsRow = true,
-                 .alsoNeeds = [this] { return bool(printLetter); }});
+                 .needsRow = true});
   fSozlesme = this;
 }
 

@@ -18,8 +18,6 @@ class TfSozlesme : public CardList {
   /// What the customers' names are looked up by, in the list and in the editor.
   KeyedLookup customers;
   ContractQueries queries() { return {qSozlesme, qCari, qDetay, customers}; }
-  /// Prints the letter of the current contract. Its command is disabled as long as nobody does.
-  std::function<void()> printLetter;
 
   /// Reads customers and contracts and shows the list until it is closed; both stay open, and so does the filter. Throws
   /// EDatabaseError.

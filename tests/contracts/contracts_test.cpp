@@ -1,3 +1,7 @@
+#include "app/company_card.h"
+#include "app/parameters.h"
+#include "app/quendUtils.h"
+#include "base/whole_file.h"
 #include "contracts/contract_editor.h"
 #include "contracts/contract_list.h"
 #include "tests/cards/cards_fixture.h"
@@ -5,6 +9,7 @@
 #include "toolkit/edits/radio_group_edit.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/table_content.h"
+#include "toolkit/report/report.h"
 #include "toolkit/shell/command_updates.h"
 
 using namespace Qt::StringLiterals;
@@ -195,11 +200,7 @@ TEST_F(ContractsTest, CommandsGoByTheirRights) {
   };
   inList([&] {
     updateCommands(&contracts);
-    EXPECT_EQ(enabled(), u"aEkle aDuzelt aFisSil aGuncelle aYazdir"_s);
-    int printed = 0;
-    contracts.printLetter = [&] { ++printed; };
-    EXPECT_TRUE(runCommand(contracts, u"actSozlesme"_s));
-    EXPECT_EQ(printed, 1);
+    EXPECT_EQ(enabled(), u"aEkle aDuzelt aFisSil aGuncelle aYazdir actSozlesme"_s);
     DM->MySQL.Username = u"AYSE"_s;
     for (const QString& each : {u"F3 » Kayıt Ekle"_s, u"F4 » Kayıt Düzelt"_s, u"Sözleşme Yazdır"_s})
       workspace.Yetkitree.setStateIndex(u"Bakım Sözleşmesi\\"_s + each, Right::Unchecked);
@@ -207,6 +208,45 @@ TEST_F(ContractsTest, CommandsGoByTheirRights) {
     updateCommands(&contracts);
     EXPECT_EQ(enabled(), u"aDuzelt aGuncelle aYazdir actSozlesme"_s);
   });
+}
+
+TEST_F(ContractsTest, TheLetterOfTheCurrentContractIsMerged) {
+  TfSirket company;
+  TfParametreler parameters;
+  company.findChild<EditBox*>(u"SIRKET_ADI"_s)->setText(u"TORVANE {ŞİŞLİ}"_s);
+  QuendUtil->programFolder = folder.path() + u'/';
+  QDir(folder.path()).mkpath(u"rapor"_s);
+  const auto write = [this](const QString& name, const QByteArray& bytes) { WholeFile::replace(folder.filePath(u"rapor/"_s + name), bytes); };
+  // What the report shows, that page and print are made of.
+  const auto letter = [this] {
+    const ReportPages pages = workspace.frxReport1->prepare();
+    QStringList words;
+    for (const Primitive& each : pages.pages.at(0).primitives)
+      if (const auto* mark = std::get_if<TextMark>(&each)) words += mark->text;
+    return words.join(u'|').toStdString();
+  };
+  add(u"100"_s);
+  add(u"200"_s, u"2"_s);
+  run(u"UPDATE sozlesme SET SOZ_TUTAR = 12345.5, SOZ_HATIRLA_DONEM = 1 WHERE SOZ_NO = '200'");
+  inList([&] {
+    contracts.grid()->setCurrentRow(1);
+    write(u"once.fr3"_s, R"(<report version="1"><page><band height="10"><text width="90">eski</text></band></page></report>)");
+    workspace.frxReport1->load(folder.filePath(u"rapor/once.fr3"_s));
+    ASSERT_TRUE(runCommand(contracts, u"actSozlesme"_s));
+    EXPECT_EQ(letter(), "eski") << "a missing letter leaves the report that was there";
+    write(u"bakim.fr3"_s, R"(<report version="1"><page><band height="10"><richtext name="Rich1" width="190"/></band></page></report>)");
+    ASSERT_TRUE(runCommand(contracts, u"actSozlesme"_s));
+    EXPECT_EQ(unhandled.size(), 1) << "a missing text is told";
+    unhandled.clear();
+    write(u"bakim.rtf"_s, R"({\rtf1\ansi\ansicpg1254 $musteri$ $FIRMA$\par $sozbastar$ $sozbittar$ $sozsure$ $tutar$ $donem$\par $firmatelefon$.})");
+    ASSERT_TRUE(runCommand(contracts, u"actSozlesme"_s));
+    EXPECT_EQ(letter(), "ÇİĞDEM ÖZTÜRK TORVANE {ŞİŞLİ}|01.01.2024 31.12.2024 365 GÜN 12345,5 TL Hergün|Tel: .");
+    contracts.grid()->setCurrentRow(0);
+    ASSERT_TRUE(runCommand(contracts, u"actSozlesme"_s));
+    EXPECT_EQ(letter(), "IŞIL KAYA TORVANE {ŞİŞLİ}|01.01.2024 31.12.2024 365 GÜN  TL $donem$|Tel: .");
+  });
+  EXPECT_TRUE(unhandled.isEmpty());
+  EXPECT_TRUE(dialogs.shown.empty()) << "without a printer nothing is told";
 }
 
 TEST_F(ContractsTest, DeletingAsksAndALostServerIsToldByTheApplication) {

@@ -66,6 +66,7 @@ BandBox finished(std::vector<Placing>& all, double height) {
     const LayoutObject& object = *each.measured.object;
     const QRectF rect(each.original.left(), each.top, each.original.width(), each.bottom - each.top);
     for (const double start : each.measured.pageStarts) box.pageStarts.push_back(each.top + start);
+    for (const KeptRange& range : each.measured.kept) box.kept.push_back({each.top + range.from, each.top + range.behind});
     place(each.measured, rect, box.primitives);
     for (const QString& reason : each.measured.faults) box.faults.push_back({object.name, reason});
     for (const QString& notice : each.measured.notices) box.faults.push_back({.object = object.name, .reason = notice, .isNotice = true});
@@ -148,7 +149,7 @@ BandBox layoutObjects(const std::vector<LayoutObject>& objects, double height, c
   return box;
 }
 
-double cutPlace(const BandBox& box, double limit) {
+double cutPlace(const BandBox& box, double limit, bool dividesKept) {
   double cut = limit;
   for (const double start : box.pageStarts)
     if (start > tolerance) {
@@ -160,6 +161,8 @@ double cutPlace(const BandBox& box, double limit) {
     if (!std::holds_alternative<BoxMark>(primitive) && !std::holds_alternative<StrokeMark>(primitive) &&
         !std::holds_alternative<FaultMark>(primitive))
       whole.push_back(boundsOf(primitive));
+  if (!dividesKept)
+    for (const KeptRange& range : box.kept) whole.emplace_back(0, range.from, 1, range.behind - range.from);
   std::sort(whole.begin(), whole.end(), [](const QRectF& one, const QRectF& other) { return one.bottom() > other.bottom(); });
   for (bool moved = true; moved;) {
     moved = false;
@@ -209,5 +212,7 @@ BandBox takeUpper(BandBox& box, double cut) {
   box.height -= cut;
   std::erase_if(box.pageStarts, [&](double start) { return start <= cut + tolerance; });
   for (double& start : box.pageStarts) start -= cut;
+  std::erase_if(box.kept, [&](const KeptRange& range) { return range.behind <= cut + tolerance; });
+  for (KeptRange& range : box.kept) range = {std::max(0.0, range.from - cut), range.behind - cut};
   return upper;
 }

@@ -19,6 +19,7 @@ struct BandBox {
   double height = 0;
   std::vector<Primitive> primitives;
   std::vector<double> pageStarts;  ///< heights at which a new page is asked for
+  std::vector<KeptRange> kept;
   std::vector<ReportFault> faults;
 };
 
@@ -27,7 +28,8 @@ BandBox layoutBand(const LayoutBand& band, const EvaluationContext& context, con
 /// The same for objects that stand on the page itself; they keep their places.
 BandBox layoutObjects(const std::vector<LayoutObject>& objects, double height, const EvaluationContext& context, const RichTexts* richTexts);
 
-/// Highest place not below limit where the box can be cut: no line of text, picture or barcode is divided.
-double cutPlace(const BandBox& box, double limit);
+/// Lowest place not below limit where the box can be cut: no line of text, picture or barcode is divided, and nothing that is
+/// kept together unless dividesKept. 0 when there is none.
+double cutPlace(const BandBox& box, double limit, bool dividesKept);
 /// Takes off what stands above the cut and leaves the rest, moved up.
 BandBox takeUpper(BandBox& box, double cut);

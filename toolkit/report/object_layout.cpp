@@ -70,6 +70,7 @@ void measureRich(MeasuredObject& measured, const LayoutObject& object, const Ric
     measured.notices += u"Metin kutusuna sığmıyor"_s;
   measured.rich = std::move(layout.primitives);
   measured.pageStarts = std::move(layout.pageStarts);
+  measured.kept = std::move(layout.kept);
 }
 
 /// Where a point of the turned inside stands on the page.

@@ -54,6 +54,7 @@ struct MeasuredObject {
   QFont font;
   std::vector<Primitive> rich;
   std::vector<double> pageStarts;
+  std::vector<KeptRange> kept;
   QStringList faults;
   QStringList notices;
 };

@@ -10,6 +10,8 @@ void Report::load(const QString& file) {
   file_ = file;
   data_.clearValues();
   richTexts_.clear();
+  printer.clear();
+  copies = 1;
 }
 
 bool Report::loadIfThere(const QString& file) {

@@ -200,7 +200,10 @@ class LayoutRun {
   void placeBox(BandBox&& box, const LayoutBand& band) {
     while (box.height > bottom_ - y_ + tolerance || !box.pageStarts.empty()) {
       if (box.height <= bottom_ - y_ + tolerance && box.pageStarts.front() >= box.height) break;
-      const double cut = cutPlace(box, std::min(box.height, bottom_ - y_));
+      const double room = std::min(box.height, bottom_ - y_);
+      double cut = cutPlace(box, room, false);
+      // What is kept together and higher than a page is divided after all.
+      if (cut <= tolerance && isFresh_) cut = cutPlace(box, room, true);
       if (cut <= tolerance && isFresh_ && (box.pageStarts.empty() || box.pageStarts.front() > tolerance)) {
         addFault({.object = band.node->name(), .reason = u"Bir sayfaya sığmıyor"_s, .page = int(result.pages.size()), .isNotice = true});
         break;

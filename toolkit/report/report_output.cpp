@@ -7,6 +7,7 @@
 #include "toolkit/report/printing.h"
 
 #include <QFileInfo>
+#include <QPrinterInfo>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
@@ -35,6 +36,8 @@ std::shared_ptr<const ReportPagedDocument> prepared(const Report& report) {
 bool printReport(const Report& report, const QString& documentName) {
   return printPages(*prepared(report), {.printer = report.printer, .copies = report.copies, .documentName = documentName});
 }
+
+QString printerName(const Report& report) { return report.printer.isEmpty() ? QPrinterInfo::defaultPrinterName() : report.printer; }
 
 void showReport(QWidget* owner, const Report& report, const QString& documentName) {
   showPreview(owner, prepared(report), {.documentName = documentName, .printer = report.printer, .copies = report.copies});

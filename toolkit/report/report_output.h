@@ -11,5 +11,8 @@ class QWidget;
 /// shown then, and the log has a line.
 bool printReport(const Report& report, const QString& documentName);
 
+/// Name of the printer that printReport takes; empty when there is none.
+QString printerName(const Report& report);
+
 /// Shows the preview modally over owner.
 void showReport(QWidget* owner, const Report& report, const QString& documentName);

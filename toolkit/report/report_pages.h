@@ -51,6 +51,12 @@ struct PictureMark {
   QImage image;
 };
 
+/// Heights that stay on one page wherever a page has room for them.
+struct KeptRange {
+  double from = 0;
+  double behind = 0;
+};
+
 /// A symbol of bars: rectangles in modules on a field of modules that fills the rectangle.
 struct BarsMark {
   QRectF rect;

@@ -7,6 +7,7 @@
 struct RichLayout {
   std::vector<Primitive> primitives;
   std::vector<double> pageStarts;  ///< heights at which a new page was asked for
+  std::vector<KeptRange> kept;     ///< what is not parted by a page's end
   double height = 0;
 };
 

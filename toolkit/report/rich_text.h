@@ -10,6 +10,8 @@
 struct RichFormat {
   ReportFont font;
   QColor color = Qt::black;
+  QColor background = {};  ///< invalid: none
+  int script = 0;          ///< 1: raised and small, -1: lowered and small
   bool operator==(const RichFormat&) const = default;
 };
 
@@ -25,6 +27,11 @@ struct RichPicture {
   double height = 0;
 };
 
+struct RichTab {
+  double place = 0;  ///< from the left border
+  Qt::Alignment alignment = Qt::AlignLeft;  ///< of the letters behind it: left, right or centred on it
+};
+
 struct RichParagraph {
   std::vector<RichRun> runs;
   std::vector<RichPicture> pictures;  ///< stand above the letters, one below the other
@@ -35,9 +42,14 @@ struct RichParagraph {
   double before = 0;
   double after = 0;
   double lineSpacing = 1;      ///< share of the font's own
+  double leastLine = 0;        ///< height that a line has at least
+  double exactLine = 0;        ///< height of every line, where it is more than 0
   QString marker;              ///< bullet or number that stands at the first line's place; the text then begins at left
-  std::vector<double> tabs;    ///< from the left border, in order
+  std::vector<RichTab> tabs;   ///< in order
+  QString border;              ///< words as PropertyType::Sides
   bool startsPage = false;
+  bool keepsWhole = false;     ///< is not parted by a page's end
+  bool keepsWithNext = false;  ///< stands on one page with the next one's beginning
   RichFormat format;           ///< of the marker, and of an empty paragraph's height
 };
 
@@ -46,11 +58,14 @@ struct RichCell {
   std::vector<RichParagraph> paragraphs;
   QString border;      ///< words as PropertyType::Sides
   QColor background;   ///< invalid: none
+  Qt::Alignment vertical = Qt::AlignTop;
 };
 
 struct RichRow {
   double left = 0;
   std::vector<RichCell> cells;
+  double padding = 1;  ///< between a cell's sides and its letters
+  double height = 0;   ///< that the row has at least
 };
 
 struct RichTable {
