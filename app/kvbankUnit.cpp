@@ -1,6 +1,7 @@
 #include "app/kvbankUnit.h"
 
 #include "app/about_box.h"
+#include "app/backup_store.h"
 #include "app/call_listener.h"
 #include "app/dmUnit.h"
 #include "base/environment.h"
@@ -64,6 +65,16 @@ int portOf(const QString& argument) {
 
 /// Remembered place of the main window: in the current folder, not beside the program.
 WindowPlace formSize1() { return {u"./KvbFORM.INI"_s, u"fKvb"_s, QuendUtil->BilgisayarAdi()}; }
+
+/// What is wrong with the daily copies. That nobody can tell keeps no one from working.
+QString backupWarning() {
+  try {
+    return BackupRules::warning(BackupStore::read(DM->MySQL));
+  } catch (const Exception& error) {
+    TLogin_Form::Log(u"Yedeklerin durumu okunamadı"_s, &error);
+    return {};
+  }
+}
 }  // namespace
 
 TfKvb::TfKvb(const QStringList& arguments)
@@ -262,7 +273,8 @@ void TfKvb::timer1Timer() {
   dxBarStatic2->setText(Login_Form->eSunucu->text());
   ports().loadMessageSettings();
   applyRights();
-  setStatusText(u"Hazır"_s);
+  const QString warning = backupWarning();
+  setStatusText(warning.isEmpty() ? u"Hazır"_s : warning);
   ports().showReminders();
   UDPCallerID->start();
 }

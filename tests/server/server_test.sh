@@ -6,7 +6,7 @@ server=$1
 : "${KVTK_ACCOUNT_TOOL:?the built kvtk-account}"
 address=127.0.0.52
 scratch=$(mktemp -d)
-export KVTK_HOME=$scratch/home KVTK_BIND=$address
+export KVTK_HOME=$scratch/home KVTK_BIND=$address KVTK_DAILY=off
 folder=$KVTK_HOME/server
 trap '"$server" stop; rm -rf "$scratch"' EXIT
 
@@ -58,7 +58,7 @@ case_create() {
   equal "$(sql <<<"SELECT (SELECT COUNT(*) FROM sirket) * 10 + (SELECT COUNT(*) FROM doviz)")" 11
   equal "$(sql <<<"SELECT GROUP_CONCAT(TABLE_NAME ORDER BY 1) FROM information_schema.TABLES WHERE TABLE_SCHEMA = 'kvtk'
     AND ENGINE = 'InnoDB' AND TABLE_COLLATION = 'latin5_turkish_ci'")" \
-    callerid,cari,caricihaz,cihaz,disservis,doviz,foto,malzeme,notlar,schema_version,servistip,sirket,sozlesme,teknikservis
+    backup_state,callerid,cari,caricihaz,cihaz,disservis,doviz,foto,malzeme,notlar,schema_version,servistip,sirket,sozlesme,teknikservis
 }
 
 case_listens_on_its_addresses_only() {
@@ -292,7 +292,7 @@ shape() {
 # An instance of the first program, which counted no versions, with data that later tables refuse.
 first_instance() {
   mkdir -p "$scratch/first"
-  cp "$server" "$scratch/first/"
+  cp "$server" "$(dirname "$server")/copies.sh" "$scratch/first/"
   mkdir -p "$scratch/first/schema"
   cp "$(dirname "$server")"/schema/0001-* "$scratch/first/schema/"
   "$scratch/first/kvtk-server" create && "$scratch/first/kvtk-server" start || fail "an instance of the first program"
@@ -331,7 +331,7 @@ case_interrupted_or_failing_steps_are_taken_back() {
   export KVTK_HOME=$scratch/steps KVTK_BIND=127.0.0.53
   "$server" create
   mkdir "$scratch/next"
-  cp -r "$server" "$(dirname "$server")/schema" "$scratch/next/"
+  cp -r "$server" "$(dirname "$server")"/{copies.sh,schema} "$scratch/next/"
   local next=$scratch/next/kvtk-server step starter
   trap '"$scratch/next/kvtk-server" stop' EXIT
   step=$scratch/next/schema/$(printf '%04d' $(($(ls "$scratch/next/schema" | wc -l) + 1)))-next.sql
@@ -366,7 +366,77 @@ case_copies_are_never_overwritten() {
   before=$("$server" backups | wc -l)
   for i in 1 2 3; do "$server" sql <<<"UPDATE sirket SET SIRKET_WEB = '$i'" && "$server" restore "$scratch/once.sql" --yes >/dev/null & wait; done
   equal "$("$server" backups | wc -l)" $((before + 3))
-  equal "$("$server" backups | head -3 | awk '{print $NF}' | xargs grep -ho "'[123]')" | sort | paste -sd,)" "'1'),'2'),'3')"
+  equal "$("$server" backups | head -3 | awk -v at="$folder/copies/" '{print at $1}' | xargs zgrep -ho "'[123]')" | sort | paste -sd,)" "'1'),'2'),'3')"
+}
+
+# Days in the names of the daily copies of a folder, joined.
+days_in() { ls "$1" | sed -n 's/^kvtk-\(.*\)\.sql\.gz$/\1/p' | paste -sd' '; }
+recorded() { sql <<<"SELECT CONCAT_WS(' ', DATE(LAST_COPY) = CURDATE(), FAILURE) FROM backup_state"; }
+
+case_daily_copies() {
+  local daily=$folder/copies/daily today stick=$scratch/stick i before after
+  today=kvtk-$(date +%F).sql.gz
+  "$server" sql <<<"UPDATE sirket SET SIRKET_WEB = 'BUGÜN'; UPDATE backup_state SET LAST_COPY = NULL"
+  # What a program that ends well leaves out, a copy that lacks its end, and one that lacks a table.
+  mkdir -p "$scratch/dump" "$scratch/full"
+  printf '#!/bin/sh\necho "CREATE TABLE x"; echo "-- Dump completed"\n' >"$scratch/dump/mariadb-dump"
+  printf '#!/bin/sh\necho Avail; echo 1000\n' >"$scratch/full/df"
+  chmod +x "$scratch"/{dump/mariadb-dump,full/df}
+  refused "is not complete" env PATH="$scratch/dump:$PATH" "$server" daily
+  equal "$(recorded)" COPY
+  refused "no room in $daily" env PATH="$scratch/full:$PATH" "$server" daily
+  equal "$(recorded)" ROOM
+  equal "$(ls -A "$daily")" ""
+  # Of days long past the first ones of twelve months stay, of the newest days fourteen.
+  for i in $(seq 0 19) 40 41 70 100 130 160 190 220 250 280 310 340 370 400 430; do
+    before="$(date -d "2020-03-31 -$i days" +%F) ${before:-}"
+    : >"$daily/kvtk-${before%% *}.sql.gz"
+  done
+  : >"$daily/kvtk-2019-01-01.sql.gz.eigen"
+  "$server" daily || fail "daily"
+  equal "$(recorded)" 1
+  equal "$(stat -c %a "$daily/$today")" 600
+  equal "$(days_in "$daily" | wc -w)" 25
+  equal "$(days_in "$daily" | cut -d' ' -f1-2,9-13)" "2019-05-26 2019-06-25 2020-01-21 2020-02-19 2020-03-12 2020-03-19 2020-03-20"
+  [ -e "$daily/kvtk-2019-01-01.sql.gz.eigen" ] || fail "a file of the shop's own is gone"
+  # It is not made twice, and a name of the list brings it back.
+  before=$(stat -c %i-%Y "$daily/$today")
+  "$server" sql <<<"UPDATE sirket SET SIRKET_WEB = 'SONRA'"
+  "$server" daily || fail "daily once more"
+  equal "$(stat -c %i-%Y "$daily/$today")" "$before"
+  [[ $("$server" backups | head -1 | tr -s ' ') =~ ^$today\ 0\ minutes\ [0-9.]+K$ ]] || fail "$("$server" backups)"
+  refused "neither a file nor a copy" "$server" restore kvtk-2001-01-01.sql.gz --yes
+  "$server" restore "$today" --yes >/dev/null || fail "restore by name"
+  equal "$(sql <<<"SELECT SIRKET_WEB FROM sirket")" BUGÜN
+  equal "$(recorded)" 1
+  # The second place: plugged in, pulled out, with somebody else's file of the same name.
+  mkdir "$stick"
+  "$server" second-place "$stick" && "$server" daily || fail "second place"
+  cmp "$daily/$today" "$stick/$today" || fail "the second copy"
+  equal "$("$server" backups | grep -c "$today")" 1
+  mv "$stick" "$stick.away"
+  mkdir "$stick"
+  refused "is not there" "$server" daily
+  equal "$(recorded)" "1 SECOND"
+  equal "$(ls -A "$stick")" ""
+  rmdir "$stick"
+  mv "$stick.away" "$stick"
+  echo other >"$stick/$today"
+  refused "is another copy" "$server" daily
+  equal "$(cat "$stick/$today")" other
+  "$server" second-place off && "$server" daily || fail "without a second place"
+  # A running server sees to it by itself, and nothing of that stays when it ends.
+  rm "$daily/$today"
+  "$server" stop
+  KVTK_DAILY=on "$server" start
+  for i in $(seq 100); do [ -e "$daily/$today" ] && break; sleep 0.1; done
+  zcat "$daily/$today" | tail -1 | grep -q "Dump completed" || fail "no copy by itself: $(cat "$folder/daily.log")"
+  before=$(cat "$folder/keeper.pid")
+  "$server" stop
+  sleep 0.3
+  grep -qs keep "/proc/$before/cmdline" && fail "the keeper lives on"
+  "$server" start
+  rm -r "$folder/copies/daily"
 }
 
 case_eight_at_once() {
@@ -389,7 +459,7 @@ failures=0
 for name in ${KVTK_ONLY:-create listens_on_its_addresses_only second_instance_is_refused accounts users accounts_follow_the_address network \
   slips_take_their_rows_along killed_in_mid_write backup_while_writing sample_is_repeatable_and_a_backup_whole \
   restore_asks_and_puts_back devices_are_imported customers_with_devices_or_contracts_stay \
-  older_tables_are_brought_up_to_date interrupted_or_failing_steps_are_taken_back copies_are_never_overwritten eight_at_once}; do
+  older_tables_are_brought_up_to_date interrupted_or_failing_steps_are_taken_back copies_are_never_overwritten daily_copies eight_at_once}; do
   tests=$((tests + 1))
   if ("case_$name"); then echo "ok      $name"; else echo "FAILED  $name"; failures=$((failures + 1)); fi
 done
