@@ -292,7 +292,7 @@ shape() {
 # An instance of the first program, which counted no versions, with data that later tables refuse.
 first_instance() {
   mkdir -p "$scratch/first"
-  cp "$server" "$(dirname "$server")/copies.sh" "$scratch/first/"
+  cp "$server" "$(dirname "$server")"/*.sh "$scratch/first/"
   mkdir -p "$scratch/first/schema"
   cp "$(dirname "$server")"/schema/0001-* "$scratch/first/schema/"
   "$scratch/first/kvtk-server" create && "$scratch/first/kvtk-server" start || fail "an instance of the first program"
@@ -331,7 +331,7 @@ case_interrupted_or_failing_steps_are_taken_back() {
   export KVTK_HOME=$scratch/steps KVTK_BIND=127.0.0.53
   "$server" create
   mkdir "$scratch/next"
-  cp -r "$server" "$(dirname "$server")"/{copies.sh,schema} "$scratch/next/"
+  cp -r "$server" "$(dirname "$server")"/{*.sh,schema} "$scratch/next/"
   local next=$scratch/next/kvtk-server step starter
   trap '"$scratch/next/kvtk-server" stop' EXIT
   step=$scratch/next/schema/$(printf '%04d' $(($(ls "$scratch/next/schema" | wc -l) + 1)))-next.sql
@@ -439,6 +439,65 @@ case_daily_copies() {
   rm -r "$folder/copies/daily"
 }
 
+# Three ages of one shop's data, each with all the dirt: what comes of them is the same.
+case_older_shops_are_adopted() {
+  local age kind number kinds dumps
+  dumps=$(dirname "${BASH_SOURCE[0]}")/old_dumps.py
+  kinds="another's in case:1 cut pictures:1 no calendar:1 another one's serial:1 empty telephone:3 firms without:1 further rows:1 lines of slips:1
+    notes of slips:1 pictures of slips:1 cannot be read:1 customers who are gone:2 stand twice, taken:1 under a new key:1 service types:2
+    overdue list:1 slips with another:1 more than one note:1 too long:2 no clock:1 blanks around:2 contracts with another:1"
+  export KVTK_BIND=127.0.0.53
+  trap '"$server" stop' EXIT
+  for age in 4.1 5.0 8.0; do
+    export KVTK_HOME=$scratch/adopt$age
+    python3 "$dumps" small $age >"$scratch/$age.sql"
+    [ $age != 5.0 ] || { gzip "$scratch/$age.sql" && mv "$scratch/$age.sql.gz" "$scratch/$age.sql"; }
+    "$server" adopt "$scratch/$age.sql" >"$scratch/said$age" || fail "adopt $age"
+    while IFS=: read -r kind number; do
+      equal "$kind $(grep -F -- "$kind" "$scratch/said$age" | head -1 | cut -d' ' -f1)" "$kind $number"
+    done < <(sed 's/:\([0-9]\) */:\1\n/g' <<<"${kinds//$'\n'/ }" | sed 's/^ *//; /^$/d')
+    equal "$(ls "$KVTK_HOME"/adopted-*/pictures | paste -sd,)" gone-99-4.jpg,unreadable-0.bin
+    sql <<<"DELETE FROM cari WHERE CA_ID = 9; ALTER TABLE cari AUTO_INCREMENT = 4; UPDATE backup_state SET SINCE = 0, LAST_COPY = NULL"
+    "$server" backup "$scratch/adopted$age.sql"
+    [ $age = 8.0 ] || "$server" stop
+  done
+  for age in 5.0 8.0; do
+    diff -a <(sed -E '/^--/d; s/[0-9-]{10} [0-9:]{8}\.[0-9]{6}//g' "$scratch/adopted4.1.sql") \
+      <(sed -E '/^--/d; s/[0-9-]{10} [0-9:]{8}\.[0-9]{6}//g' "$scratch/adopted$age.sql") >"$scratch/difference" || fail "$(head -c 500 "$scratch/difference")"
+  done
+  grep -q "1 texts with characters" "$scratch/said8.0" && grep -q "5 values of columns" "$scratch/said8.0" || fail "$(cat "$scratch/said8.0")"
+  equal "$(sql <<<"SELECT CONCAT_WS('|', HEX(CA_AD), CA_TEL, REPLACE(CA_ADRES, CHAR(13), 'CR')) FROM cari WHERE CA_ID = 1")" \
+    "414CDD209149DE494B9220962080|tırnak ' ters \\\\ satırCR\\nsonu"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(CONCAT_WS(' ', TS_ID, TS_NO, TS_TARIH, TS_DISSERVIS_GIRIS) ORDER BY TS_ID) FROM teknikservis")" \
+    "5 100 2009-05-04 0000-00-00,6 100/6 2009-05-04,7 101,8 102 2009-05-04"
+  equal "$(sql <<<"SELECT CONCAT_WS('|', HEX(SF_NOT), MZ_ADET, MZ_TUTAR, LENGTH(FT_RESIM)) FROM notlar JOIN malzeme ON TS_NO_REF = SF_TS_ID JOIN foto ON FT_TS_ID = SF_TS_ID")" \
+    "626972696E63690D0A696B696E63690A93736174FD7294|1.5000|1234567.8912|21"
+  refused "holds rows" "$server" adopt "$scratch/8.0.sql"
+  sql <<<"DELETE FROM caricihaz; DELETE FROM sozlesme; DELETE FROM cari; DELETE FROM teknikservis; DELETE FROM disservis; DELETE FROM servistip;
+    DELETE FROM callerid"
+  echo "SELECT 1" >"$scratch/no.sql"
+  refused "the data is as it was before" "$server" adopt "$scratch/no.sql"
+  head -c "$(grep -abo "'102'" "$scratch/8.0.sql" | cut -d: -f1)" "$scratch/8.0.sql" >"$scratch/cut.sql"
+  "$server" adopt "$scratch/cut.sql" >"$scratch/said" && grep -q "1 what could not be read" "$scratch/said" || fail "a cut dump: $(cat "$scratch/said")"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(TS_NO ORDER BY TS_ID) FROM teknikservis")" 100,100/6,101
+}
+
+case_older_files_are_adopted() {
+  local old=$scratch/Eski program=$KVTK_HOME/program
+  mkdir -p "$old/RAPOR/Barkod" "$old/other" "$program/rapor"
+  printf '[Smtp]\r\nad=ĞİŞ\r\n' | iconv -t WINDOWS-1254 >"$old/SMTP.INI"
+  printf '[Sms]\r\nad=ışık\r\n' | iconv -t UTF-16 >"$old/Sms.ini"
+  echo own >"$program/rapor/1.fr3"
+  echo shop | tee "$old/RAPOR/1.FR3" >"$old/RAPOR/Barkod/Etiket.fr3"
+  echo x | tee "$old/islemrenk.dat" "$old/RAPOR/thumbs.db" >"$old/other/Sms.ini"
+  "$server" adopt-files "$old" >"$scratch/said" || fail "adopt-files"
+  grep -q "^4 files taken, 0 were the same already, 2 left out" "$scratch/said" || fail "$(cat "$scratch/said")"
+  equal "$(cat "$program"/{Smtp,Sms}.ini | tr -d '\r' | paste -sd,)" "[Smtp],ad=ĞİŞ,[Sms],ad=ışık"
+  equal "$(cat "$program"/rapor/{1,barkod/etiket}.fr3 "$KVTK_HOME"/files-before-*/rapor/1.fr3 | paste -sd,)" shop,shop,own
+  "$server" adopt-files "$old" | grep -q "^0 files taken, 4 were the same" || fail "not the same"
+  refused "no file of the program" "$server" adopt-files "$old/RAPOR"
+}
+
 case_eight_at_once() {
   local i
   for i in 1 2 3 4 5 6 7 8; do
@@ -459,7 +518,7 @@ failures=0
 for name in ${KVTK_ONLY:-create listens_on_its_addresses_only second_instance_is_refused accounts users accounts_follow_the_address network \
   slips_take_their_rows_along killed_in_mid_write backup_while_writing sample_is_repeatable_and_a_backup_whole \
   restore_asks_and_puts_back devices_are_imported customers_with_devices_or_contracts_stay \
-  older_tables_are_brought_up_to_date interrupted_or_failing_steps_are_taken_back copies_are_never_overwritten daily_copies eight_at_once}; do
+  older_tables_are_brought_up_to_date interrupted_or_failing_steps_are_taken_back copies_are_never_overwritten daily_copies older_shops_are_adopted older_files_are_adopted eight_at_once}; do
   tests=$((tests + 1))
   if ("case_$name"); then echo "ok      $name"; else echo "FAILED  $name"; failures=$((failures + 1)); fi
 done
