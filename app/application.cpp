@@ -24,6 +24,8 @@
 #include "comm/slip_notices.h"
 #include "comm/smsGonderUnit.h"
 #include "comm/smsUnit.h"
+#include "extras/exchange_rates.h"
+#include "extras/statistics.h"
 #include "reminders/fhatirlat_unit.h"
 #include "reminders/reminder_window.h"
 #include "service/ffoto_unit.h"
@@ -63,6 +65,7 @@ class Application : public QApplication {
 void connectCommands(TfKvb& workspace) {
   workspace.connectCommand(u"dxBarLargeButton1"_s, [] { SlipWindows::openNew(); });
   workspace.connectCommand(u"dxBarLargeButton2"_s, [] { SlipWindows::choose(); });
+  workspace.connectCommand(u"rates"_s, [] { fDoviz->Giris(); });
   workspace.connectCommand(u"calls"_s, [] { fGelenAramalar->Giris(); });
   workspace.connectCommand(u"smsSettings"_s, [] { fSMS->Giris(); });
   workspace.connectCommand(u"mailSettings"_s, [] { fEPOSTA->Giris(); });
@@ -121,6 +124,12 @@ void fillPorts() {
   all.openBulkSms = [](const QString& numbers) {
     if (smsYollaForm != nullptr) smsYollaForm->Giris(numbers);
   };
+  all.openCustomerStatistics = [](const QString& customer) {
+    if (IstForm != nullptr) IstForm->GirisMusteri(customer);
+  };
+  all.openSerialStatistics = [](const QString& serial) {
+    if (IstForm != nullptr) IstForm->GirisSeriNo(serial);
+  };
   all.refreshCalls = [] {
     if (fGelenAramalar != nullptr) fGelenAramalar->refreshIfShown();
   };
@@ -160,6 +169,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   // The order is fixed; the screens are destroyed the other way round.
   TfKvb workspace(QCoreApplication::arguments());
   TDM dataModule;
+  TfDoviz rates;
   TfParametreler parameters;
   TfservisfisSec browser;
   TfSirket company;
@@ -171,6 +181,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TfDisServisler firms;
   TfSMS smsSettings;
   TfFoto photo;
+  TIstForm statistics;
   TfEPOSTA mailSettings;
   TfDisServisEkle firmEditor(firms.qDisServis);
   TfSozlesme contracts;

@@ -3,14 +3,11 @@
 #include "comm/list_text.h"
 #include "comm/mail_message.h"
 #include "comm/sms_gateways.h"
+#include "tests/fuzz/damage.h"
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
-
-#include <ctime>
 #include <iostream>
-#include <random>
 
 using namespace Qt::StringLiterals;
 
@@ -32,33 +29,8 @@ const QByteArrayList samples{
     {},
 };
 
-class Damage {
- public:
-  explicit Damage(quint64 seed) : random_(seed) {}
-
-  int below(int bound) { return int(random_() % quint64(bound)); }
-
-  QByteArray bytes() {
-    QByteArray text = samples[below(int(samples.size()))];
-    for (int hits = below(6); hits > 0; --hits) {
-      const int at = below(int(text.size()) + 1);
-      switch (below(5)) {
-        case 0: text.remove(at, below(8)); break;
-        case 1: text.insert(at, char(below(256))); break;
-        case 2: text.insert(at, text.mid(below(int(text.size()) + 1), below(60))); break;
-        case 3: text.truncate(at); break;
-        default: {
-          static const QByteArrayList marks{"|", "\"", ";", "\t", "$", "\\", "{", "]", "\r\n", "\xC3", "null", "1e400", "\\ud800", "@", "<"};
-          text.insert(at, marks[below(int(marks.size()))]);
-        }
-      }
-    }
-    return text;
-  }
-
- private:
-  std::mt19937_64 random_;
-};
+/// Strewn in.
+const QByteArrayList marks{"|", "\"", ";", "\t", "$", "\\", "{", "]", "\r\n", "\xC3", "null", "1e400", "\\ud800", "@", "<"};
 
 /// Runs a reader; only the errors that it announces may leave it.
 template <class... Announced, class Read>
@@ -103,28 +75,6 @@ void checkBytes(const QByteArray& bytes, const QByteArray& other) {
   checkMail(text, answerText({200, {}, other}));
 }
 
-qint64 setting(const char* name, qint64 usual) {
-  bool isNumber = false;
-  const qint64 number = qEnvironmentVariable(name).toLongLong(&isNumber);
-  return isNumber ? number : usual;
-}
-
 }  // namespace
 
-TEST(AnswersFuzz, ReadersHoldForDamagedAnswers) {
-  const qint64 milliseconds = setting("KVTK_FUZZ_SECONDS", FUZZ_SECONDS) * 1000;
-  Damage damage(quint64(setting("KVTK_FUZZ_SEED", 8903)));
-  QElapsedTimer whole;
-  whole.start();
-  qint64 count = 0;
-  do {
-    const QByteArray bytes = damage.bytes();
-    SCOPED_TRACE("answer " + std::to_string(count) + ": " + bytes.left(200).toPercentEncoding(" |;{}[]:,").toStdString());
-    const std::clock_t begin = std::clock();  // of this process alone, however busy the machine is
-    checkBytes(bytes, damage.bytes());
-    if (HasFatalFailure()) return;
-    ASSERT_LT(std::clock() - begin, 2 * CLOCKS_PER_SEC) << "hangs";
-    ++count;
-  } while (whole.elapsed() < milliseconds);
-  std::cout << count << " answers\n";
-}
+TEST(AnswersFuzz, ReadersHoldForDamagedAnswers) { std::cout << Damage::run(samples, marks, checkBytes) << " answers\n"; }
