@@ -4,6 +4,7 @@
 #include "app/editors/qcx_editors.h"
 #include "app/quendUtils.h"
 #include "base/guard.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QBoxLayout>
 #include <QGroupBox>
@@ -52,7 +53,7 @@ void TfSirket::buildForm() {
   auto* page = new QWidget;
   auto* pageColumn = new QVBoxLayout(page);
   pageColumn->addWidget(group);
-  auto* pages = new QTabWidget(this);
+  auto* pages = new QTabWidget;
   pages->addTab(page, u"ŞİRKET BİLGİLERİ"_s);
   pages->setFocusPolicy(Qt::NoFocus);  // one page: nothing to choose
 
@@ -69,7 +70,7 @@ void TfSirket::buildForm() {
   buttons->addWidget(giveUp);
 
   auto* all = new QVBoxLayout(this);
-  all->addWidget(pages);
+  all->addWidget(new ScreenRoom(pages));
   all->addLayout(buttons);
   all->setSizeConstraint(QLayout::SetFixedSize);
 }

@@ -49,6 +49,8 @@ TfKvb* fKvb = nullptr;
 namespace {
 constexpr QSize LargestDefault(1600, 1000);
 constexpr double SmallDesktopShare = 0.9;  ///< of a desktop that the window fills at first, once it no longer does
+/// Logical height of a screen below which the ribbon begins folded, so that a slip has room.
+constexpr int LeastForRibbon = 450;
 constexpr QSize Smallest(640, 480);
 constexpr int StartDelayMs = 50;
 constexpr int DefaultPort = 8091;
@@ -120,6 +122,7 @@ void TfKvb::formCreate(const QStringList& arguments) {
   place.moveBottomRight(desktop.bottomRight());
   setGeometry(place);
   keepFramesReachable(this);
+  ribbon_->setPageVisible(desktop.height() >= LeastForRibbon);  // its tab brings it back
 
   utilities_ = std::make_unique<TQuendUtil>(programFile());
   QuendUtil = utilities_.get();

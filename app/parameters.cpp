@@ -126,7 +126,6 @@ QWidget* TfParametreler::buildStatuses() {
   table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 10);
   QHeaderView* header = table->horizontalHeader();
   header->setHighlightSections(false);
-  header->setSectionResizeMode(StatusModel::Colour, QHeaderView::Fixed);
   header->setSectionResizeMode(StatusModel::State, QHeaderView::Fixed);
   header->resizeSection(StatusModel::Colour, table->fontMetrics().horizontalAdvance(u"Zeytin Yeşili  0x00000000"_s) + 60);
   header->resizeSection(StatusModel::State, table->fontMetrics().horizontalAdvance(u"PASİF"_s) + 60);
@@ -134,7 +133,8 @@ QWidget* TfParametreler::buildStatuses() {
   table->resizeColumnToContents(StatusModel::Name);
   const int width = header->sectionSize(StatusModel::Name) + header->sectionSize(StatusModel::Colour) + header->sectionSize(StatusModel::State) +
                     table->verticalScrollBar()->sizeHint().width() + 2 * table->frameWidth();
-  header->setSectionResizeMode(StatusModel::Name, QHeaderView::Stretch);
+  header->setSectionResizeMode(StatusModel::Name, QHeaderView::Fixed);
+  header->setSectionResizeMode(StatusModel::Colour, QHeaderView::Stretch);
   table->setMinimumWidth(std::min(width, screen()->availableSize().width() / 2));
   table->setCurrentIndex(islemColor_->index(0, StatusModel::Colour));
   connectGuarded(table, &QTableView::clicked, this, [table](const QModelIndex& index) {

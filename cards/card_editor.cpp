@@ -5,6 +5,7 @@
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "toolkit/shell/command_bar.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -34,9 +35,9 @@ CardEditor::CardEditor(TMyQuery& cards, const QString& objectName, const QString
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(margin, margin, margin, margin);
   column->setSizeConstraint(QLayout::SetFixedSize);
-  auto* area = new QWidget(this);
+  auto* area = new QWidget;
   placeBoxes(*area, fields);
-  column->addWidget(area);
+  column->addWidget(new ScreenRoom(area));
   auto* bar = new CommandBar(this);
   column->addWidget(bar, 0, Qt::AlignRight);
   aKaydet = bar->addCommand(u"aKaydet"_s, u"F2 » Tamam"_s, u"dialog-ok-apply"_s, Qt::Key_F2);

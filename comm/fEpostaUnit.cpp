@@ -11,6 +11,7 @@
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/screen_room.h"
 #include "toolkit/shell/waiting_run.h"
 
 #include <QBoxLayout>
@@ -91,9 +92,13 @@ TfEPOSTA::TfEPOSTA(QWidget* parent)
   bodyRow->addWidget(eSMTPTEMPLATE, 1);
   bodyRow->addWidget(ParamList);
 
+  auto* content = new QWidget;
+  auto* parts = new QVBoxLayout(content);
+  parts->setContentsMargins(0, 0, 0, 0);
+  parts->addWidget(buildAccount());
+  parts->addWidget(body, 1);
   auto* all = new QVBoxLayout(this);
-  all->addWidget(buildAccount());
-  all->addWidget(body, 1);
+  all->addWidget(new ScreenRoom(content), 1);
   all->addLayout(buttons);
   kept_.emplace(std::vector<EditBox*>{eSMTPName, eSMTPUserName, eSMTPPassword, eSMTPPORT, eSMTPOWNER, eSubject});
   fEPOSTA = this;

@@ -7,6 +7,7 @@
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QBoxLayout>
 #include <QGroupBox>
@@ -94,10 +95,14 @@ void TsmsYollaForm::buildForm() {
   buttons->addWidget(btnPost);
   buttons->addWidget(giveUp);
 
+  auto* content = new QWidget;
+  auto* parts = new QVBoxLayout(content);
+  parts->setContentsMargins(0, 0, 0, 0);
+  parts->addWidget(cxGroupBox1, 1);
+  parts->addWidget(uyariPan);
+  parts->addWidget(buildInformation());
   auto* all = new QVBoxLayout(this);
-  all->addWidget(cxGroupBox1, 1);
-  all->addWidget(uyariPan);
-  all->addWidget(buildInformation());
+  all->addWidget(new ScreenRoom(content), 1);
   all->addLayout(buttons);
 }
 

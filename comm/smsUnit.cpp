@@ -9,6 +9,7 @@
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QBoxLayout>
 #include <QGridLayout>
@@ -108,9 +109,13 @@ TfSMS::TfSMS(QWidget* parent)
   buttons->addStretch();
   buttons->addWidget(btnPost);
   buttons->addWidget(giveUp);
+  auto* content = new QWidget;
+  auto* parts = new QVBoxLayout(content);
+  parts->setContentsMargins(0, 0, 0, 0);
+  parts->addWidget(buildAccount());
+  parts->addWidget(buildTemplates(), 1);
   auto* all = new QVBoxLayout(this);
-  all->addWidget(buildAccount());
-  all->addWidget(buildTemplates(), 1);
+  all->addWidget(new ScreenRoom(content), 1);
   all->addLayout(buttons);
   kept_.emplace(std::vector<EditBox*>{sKullanici, sParola});
   fSMS = this;

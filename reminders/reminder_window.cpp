@@ -120,10 +120,7 @@ void TfHatirlaForm::buildPages() {
   CommandBar* overdue = addPage(u"Dış Servis"_s, tvDisServis, nullptr);
   tvDisServis->setObjectName(u"tvDisServis"_s);
   for (QAction* shared : {Action1, Action2}) {
-    overdue->addAction(shared);
-    overdue->button(shared)->setAutoRaise(false);
-    overdue->button(shared)->setFocusPolicy(Qt::StrongFocus);
-    overdue->button(shared)->setAccessibleName(shared->text());
+    overdue->addShared(shared);
   }
 
   connectGuarded(Action1, &QAction::triggered, this, [this] { qServis.Refresh(); });

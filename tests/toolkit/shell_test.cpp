@@ -2,11 +2,13 @@
 #include "base/ini_file.h"
 #include "toolkit/shell/child_tab_strip.h"
 #include "toolkit/shell/child_windows.h"
+#include "toolkit/shell/command_bar.h"
 #include "toolkit/shell/key_state_panel.h"
 #include "toolkit/shell/key_tips.h"
 #include "toolkit/shell/redraw_lock.h"
 #include "toolkit/shell/ribbon.h"
 #include "toolkit/shell/ribbon_button.h"
+#include "toolkit/shell/screen_room.h"
 #include "toolkit/shell/window_place.h"
 
 #include <gmock/gmock.h>
@@ -376,6 +378,33 @@ QStringList visibleTips() {
     if (widget->objectName() == u"keyTip"_s && widget->isVisible()) letters.append(widget->accessibleName());
   letters.sort();
   return letters;
+}
+
+TEST(CommandBarTest, CommandsTakeAnotherRowInsteadOfHidingAndDialogsEndOnTheScreen) {
+  QDialog dialog;
+  auto* column = new QVBoxLayout(&dialog);
+  auto* content = new QWidget;
+  content->setFixedSize(100, 3000);
+  column->addWidget(new ScreenRoom(content));
+  auto* bar = new CommandBar(&dialog);
+  column->addWidget(bar, 0, Qt::AlignRight);
+  QList<QAction*> commands;
+  for (const QString& caption : {u"F2 » Tamam"_s, u"F3 » Vazgeç"_s, u"F10 » İstatistik"_s})
+    commands += bar->addCommand(caption, caption, u"edit-delete"_s, {});
+  const auto rows = [&] {
+    QSet<int> tops;
+    for (QAction* each : commands) {
+      EXPECT_EQ(bar->button(each)->visibleRegion().boundingRect().size(), bar->button(each)->sizeHint());
+      tops.insert(bar->button(each)->y());
+    }
+    return tops.size();
+  };
+  dialog.show();
+  EXPECT_EQ(rows(), 1);
+  EXPECT_LT(dialog.height(), dialog.screen()->availableSize().height());
+  column->setAlignment(bar, {});
+  dialog.resize(bar->sizeHint().width(), dialog.height());
+  EXPECT_EQ(rows(), 2);
 }
 
 TEST(KeyTipsTest, LettersAreUniqueAndBeginWords) {

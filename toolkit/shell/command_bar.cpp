@@ -1,13 +1,22 @@
 #include "toolkit/shell/command_bar.h"
 
+#include "toolkit/shell/wrap_layout.h"
+
 #include <QAction>
 #include <QToolButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
-CommandBar::CommandBar(QWidget* screen) : QToolBar(screen), screen_(screen) {
-  setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  setIconSize(QSize(22, 22));
+namespace {
+constexpr int iconLength = 22;
+constexpr int gap = 3;
+}  // namespace
+
+CommandBar::CommandBar(QWidget* screen) : QWidget(screen), screen_(screen) {
+  auto* row = new WrapLayout(this, gap);
+  row->setContentsMargins(gap, gap, gap, gap);
 }
 
 QAction* CommandBar::addCommand(const QString& name, const QString& caption, const QString& icon, const QKeySequence& key) {
@@ -17,13 +26,23 @@ QAction* CommandBar::addCommand(const QString& name, const QString& caption, con
   command->setShortcutContext(Qt::WidgetWithChildrenShortcut);
   command->setToolTip(caption);
   screen_->addAction(command);
-  addAction(command);
-  QToolButton* shown = button(command);
-  shown->setObjectName(name + u"Button"_s);
-  shown->setAccessibleName(caption);
-  shown->setAutoRaise(false);
-  shown->setFocusPolicy(Qt::StrongFocus);
+  addShared(command);
+  button(command)->setObjectName(name + u"Button"_s);
   return command;
 }
 
-QToolButton* CommandBar::button(QAction* command) const { return static_cast<QToolButton*>(widgetForAction(command)); }
+void CommandBar::addShared(QAction* command) {
+  auto* shown = new QToolButton(this);
+  shown->setDefaultAction(command);
+  shown->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  shown->setIconSize(QSize(iconLength, iconLength));
+  shown->setAccessibleName(command->text());
+  shown->setFocusPolicy(Qt::StrongFocus);
+  layout()->addWidget(shown);
+}
+
+QToolButton* CommandBar::button(QAction* command) const {
+  const auto buttons = findChildren<QToolButton*>(Qt::FindDirectChildrenOnly);
+  const auto found = std::ranges::find(buttons, command, &QToolButton::defaultAction);
+  return found == buttons.end() ? nullptr : *found;
+}

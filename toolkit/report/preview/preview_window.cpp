@@ -7,6 +7,7 @@
 #include "toolkit/report/preview/page_thumbs.h"
 #include "toolkit/report/preview/page_view.h"
 #include "toolkit/report/printing.h"
+#include "toolkit/shell/wrap_layout.h"
 
 #include <QAction>
 #include <QBoxLayout>
@@ -100,7 +101,7 @@ QAction* PreviewWindow::addCommand(const QString& name, const QString& caption, 
 
 void PreviewWindow::buildToolBar() {
   toolBar_ = new QWidget(this);
-  auto* row = new QHBoxLayout(toolBar_);
+  auto* row = new WrapLayout(toolBar_, 6);
   row->setContentsMargins(6, 4, 6, 4);
   const auto withCaption = [this](QAction* action) {
     auto* button = toolBar_->findChild<QToolButton*>(action->objectName() + u"_button"_s);
@@ -114,7 +115,7 @@ void PreviewWindow::buildToolBar() {
     withCaption(addCommand(u"excel"_s, u"Excel`e Aktar"_s, u"x-office-spreadsheet"_s, QKeySequence(u"Ctrl+E"_s), [this] {
       request_.exportToExcel(this);
     }))->setIconSize(QSize(32, 32));
-  row->addSpacing(12);
+  row->addGap(12);
   addCommand(u"first"_s, u"İlk sayfa"_s, u"go-first"_s, QKeySequence(u"Ctrl+Home"_s), [this] { goTo(0); });
   addCommand(u"previous"_s, u"Önceki sayfa"_s, u"go-previous"_s, QKeySequence(Qt::Key_PageUp), [this] { goTo(page_ - 1); });
   pageBox_ = new QSpinBox(toolBar_);
@@ -126,7 +127,7 @@ void PreviewWindow::buildToolBar() {
   row->addWidget(new QLabel(u"/ %1"_s.arg(document_->pageCount()), toolBar_));
   addCommand(u"next"_s, u"Sonraki sayfa"_s, u"go-next"_s, QKeySequence(Qt::Key_PageDown), [this] { goTo(page_ + 1); });
   addCommand(u"last"_s, u"Son sayfa"_s, u"go-last"_s, QKeySequence(u"Ctrl+End"_s), [this] { goTo(document_->pageCount() - 1); });
-  row->addSpacing(12);
+  row->addGap(12);
   addCommand(u"smaller"_s, u"Uzaklaştır"_s, u"zoom-out"_s, QKeySequence(u"Ctrl+-"_s), [this] { zoomTo(view_->zoom() / zoomStep); });
   zoomText_ = new QLabel(toolBar_);
   zoomText_->setAlignment(Qt::AlignCenter);
@@ -138,7 +139,7 @@ void PreviewWindow::buildToolBar() {
   addCommand(u"overview"_s, u"Sayfa resimleri"_s, u"view-list-icons"_s, QKeySequence(u"Ctrl+T"_s), [this] {
     thumbs_->setVisible(!thumbs_->isVisible());
   });
-  row->addStretch(1);
+  row->addGap(12);
   buildSearch();
   withCaption(addCommand(u"close"_s, u"Kapat"_s, u"window-close"_s, {}, [this] { reject(); }));
 }

@@ -1,0 +1,28 @@
+#include "toolkit/shell/screen_room.h"
+
+#include <QScreen>
+#include <QScrollBar>
+
+namespace {
+/// Logical pixels of a dialog's frame and buttons.
+constexpr int aroundContent = 120;
+}  // namespace
+
+ScreenRoom::ScreenRoom(QWidget* content) {
+  setFrameShape(QFrame::NoFrame);
+  setWidgetResizable(true);
+  setFocusPolicy(Qt::NoFocus);
+  setWidget(content);
+  viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
+}
+
+QSize ScreenRoom::sizeHint() const { return bounded(widget()->sizeHint().expandedTo(widget()->minimumSize())); }
+
+QSize ScreenRoom::minimumSizeHint() const { return bounded(widget()->minimumSizeHint().expandedTo(widget()->minimumSize())); }
+
+QSize ScreenRoom::bounded(QSize wanted) const {
+  const int room = screen()->availableSize().height() - aroundContent;
+  if (wanted.height() <= room) return wanted;
+  return {wanted.width() + verticalScrollBar()->sizeHint().width(), room};
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QScrollArea>
+
+/// What stands between a dialog's edge and its buttons: as high as it wants to be, or as the screen has room for, in which case
+/// it is scrolled. The buttons below it stay in sight.
+class ScreenRoom : public QScrollArea {
+  Q_OBJECT
+ public:
+  /// Takes the content over.
+  explicit ScreenRoom(QWidget* content);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ private:
+  QSize bounded(QSize wanted) const;
+};
