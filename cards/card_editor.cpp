@@ -113,7 +113,14 @@ int CardEditor::showCard() {
 }
 
 bool CardEditor::takeTyped() {
-  return std::ranges::all_of(boxes_, [](const Box& each) { return each.link->fieldLink().leave(); });
+  const auto refusing = std::ranges::find_if_not(boxes_, [](const Box& each) { return each.link->fieldLink().leave(); });
+  if (refusing != boxes_.end()) refusing->frame->setFocus();
+  return refusing == boxes_.end();
+}
+
+void CardEditor::pointAt(EditFrame& box, const QString& text) {
+  box.setFocus();
+  balloon_.showAt(&box, text);
 }
 
 void CardEditor::refused(EditFrame& box, const Exception& error) {

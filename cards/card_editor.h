@@ -59,6 +59,8 @@ class CardEditor : public QDialog {
   void widenWhileFocused(const QString& name);
   /// The input of that name, of whichever kind. Throws Exception when there is none.
   EditFrame* frame(const QString& name) const;
+  /// Tells in the balloon at a box what holds the card back, and puts the cursor there.
+  void pointAt(EditFrame& box, const QString& text);
   /// What was typed is no value of its field: when its box was left, and again when the card is to be written.
   virtual void refused(EditFrame& box, const Exception& error);
   /// What the two commands do; Escape and the window's frame give up as well.

@@ -70,7 +70,7 @@ void TfCariEkle::save() {
                        .isThere = [name] { return CardStore::exists(DM->pGetQ, u"cari"_s, u"CA_AD"_s, name->text()); },
                        .rows = &cards(),
                        .saveAgain = [this] { aKaydet->trigger(); },
-                       .tellAtBox = [this, name](const QString& text) { balloon().showAt(name, text); }},
+                       .tellAtBox = [this, name](const QString& text) { pointAt(*name, text); }},
                       error.className(), error.message());
     return;
   }

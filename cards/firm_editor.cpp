@@ -44,7 +44,7 @@ void TfDisServisEkle::Edit() {
 void TfDisServisEkle::save() {
   if (!takeTyped()) return;
   if (box(u"DS_AD"_s)->text().trimmed().isEmpty()) {
-    balloon().showAt(box(u"DS_AD"_s), u"\"DIŞ SERVİS ADI\" alanı boş bırakılamaz."_s);
+    pointAt(*box(u"DS_AD"_s), u"\"DIŞ SERVİS ADI\" alanı boş bırakılamaz."_s);
     return;
   }
   try {

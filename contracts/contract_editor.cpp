@@ -130,7 +130,7 @@ void TfSozlesmeEkle::save() {
   const ContractInput input{box(u"SOZ_NO"_s)->text(),  box(customerBox)->text(), box(u"BAS_TAR"_s)->text(), box(u"BIT_TAR"_s)->text(),
                             box(u"HAT_TAR"_s)->text(), static_cast<RadioGroupEdit*>(frame(u"DONEM"_s))->itemIndex()};
   if (const auto fault = ContractRules::firstFault(input)) {
-    balloon().showAt(frame(fault->box), fault->message);
+    pointAt(*frame(fault->box), fault->message);
     setResult(0);
     return;
   }
@@ -154,12 +154,12 @@ void TfSozlesmeEkle::answer(const Exception& error) {
                      .isThere = [number] { return CardStore::exists(DM->pGetQ, u"sozlesme"_s, u"SOZ_NO"_s, number->text()); },
                      .rows = &cards(),
                      .saveAgain = [this] { aKaydet->trigger(); },
-                     .tellAtBox = [this, number](const QString& text) { balloon().showAt(number, text); }},
+                     .tellAtBox = [this, number](const QString& text) { pointAt(*number, text); }},
                     error.className(), error.message());
   constexpr unsigned noSuchRow = 1452;  // of the table that a foreign key names
   const auto* refusal = dynamic_cast<const EMyError*>(&error);
   if (refusal != nullptr && refusal->code() == noSuchRow)
-    balloon().showAt(box(customerBox), u"Seçilen müşterinin kartı bir başka kullanıcı tarafından silinmiş."_s);
+    pointAt(*box(customerBox), u"Seçilen müşterinin kartı bir başka kullanıcı tarafından silinmiş."_s);
 }
 
 void TfSozlesmeEkle::refused(EditFrame& box, const Exception& error) {

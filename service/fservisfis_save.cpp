@@ -84,9 +84,19 @@ bool TfServisFis::isReadyToSave() {
     QuendHint(lines_, 0, refusal);
     return false;
   }
-  if (!lines_->postEdits()) return false;
+  if (!lines_->postEdits()) {
+    pages_->setCurrentIndex(LinesPage);
+    lines_->view()->setFocus();
+    return false;
+  }
   return !showFieldMessage(SlipRules::validate(textsToSave())) && !showFieldMessage(fields_->unreadableField()) &&
          !showFieldMessage(unreadableReminder());
+}
+
+/// Tells at a box what holds the save back, and puts the cursor there.
+void TfServisFis::pointAt(QWidget* box, const QString& text) {
+  box->setFocus();
+  QuendHint(box, 0, text);
 }
 
 bool TfServisFis::showFieldMessage(const std::optional<FieldMessage>& message) {
@@ -95,7 +105,7 @@ bool TfServisFis::showFieldMessage(const std::optional<FieldMessage>& message) {
   if (isNote) pages_->setCurrentIndex(NotesPage);
   QWidget* box = isNote ? note_ : control(message->control);
   // The reminder's boxes stand in a dialog of their own.
-  QuendHint(box != nullptr ? box : reminderButton_, 0, message->text);
+  pointAt(box != nullptr ? box : reminderButton_, message->text);
   return true;
 }
 
@@ -163,7 +173,7 @@ void TfServisFis::updateDeleteException(const QString& className, const QString&
                      .isThere = [this] { return store_.numberExists(fields_->text(u"TS_NO"_s)); },
                      .rows = &qServis,
                      .saveAgain = [this] { save(); },
-                     .tellAtBox = [this](const QString& text) { QuendHint(control(u"TS_NO"_s), 0, text); }},
+                     .tellAtBox = [this](const QString& text) { pointAt(control(u"TS_NO"_s), text); }},
                     className, message);
 }
 

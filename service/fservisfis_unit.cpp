@@ -131,8 +131,9 @@ void TfServisFis::Edit(qint64 TS_ID) {
   setMode(Mode::Edit);
   lookUps_->open();
   if (!store_.open(TS_ID)) {
-    QuendUtil->mesajTimeOut(this, u"Silinmiş bir fişe ulaşmaya çalışıyorsunuz."_s, goneSlipMessageMs);
-    closeWindow();
+    QWidget* workspace = window();
+    closeWindow();  // in front of the message, beside which a tab without a name would stand
+    QuendUtil->mesajTimeOut(workspace, u"Silinmiş bir fişe ulaşmaya çalışıyorsunuz."_s, goneSlipMessageMs);
     return;
   }
   resetFields();

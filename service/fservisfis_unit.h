@@ -107,6 +107,7 @@ class TfServisFis : public QWidget, public SlipScreen {
   bool isReadyToSave();
   bool isConfirmed(const QString& question);
   bool notifyBySms();
+  void pointAt(QWidget* box, const QString& text);
   bool showFieldMessage(const std::optional<FieldMessage>& message);
   std::vector<SlipText> textsToSave() const;
   SlipExtras extrasToSave() const;

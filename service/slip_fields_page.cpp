@@ -144,19 +144,24 @@ void SlipFieldsPage::placeGroup(const Group& group, QRect place, int width) {
     const int half = field->gridColumn / 2 * (halfWidth + margin);
     const int x = inset + half + field->gridColumn % 2 * (boxWidth + gap);
     const int step = field->editor == SlipEditor::Memo ? memoStep : rowStep();
-    const int boxPlace = field->gridSpan == 1 ? width : wideBox;
-    frames_[field->column]->setGeometry(x, top + field->gridRow * step, boxPlace, step - rowGap);
+    EditFrame* frame = frames_[field->column];
+    const int boxPlace = field->gridSpan == 1 && frame != widened_ ? width : wideBox;
+    frame->setGeometry(x, top + field->gridRow * step, boxPlace, step - rowGap);
   }
 }
 
 void SlipFieldsPage::connectAids() {
   for (const QString& column : {u"TS_ACIKLAMA"_s, u"TS_TEKNISYEN"_s, u"TS_UNVAN"_s}) {
     auto* box = edit<EditBox>(column);
-    connectGuarded(box, &EditBox::entered, this, [box] {
+    connectGuarded(box, &EditBox::entered, this, [this, box] {
+      widened_ = box;
       box->resize(wideBox, box->height());
       box->raise();
     });
-    connectGuarded(box, &EditBox::left, this, [box] { box->resize(boxWidth, box->height()); });
+    connectGuarded(box, &EditBox::left, this, [this, box] {
+      widened_ = nullptr;
+      box->resize(boxWidth, box->height());
+    });
   }
 
   const auto spaceSetsToday = [this](const QString& pressedIn, const QString& set) {

@@ -58,5 +58,6 @@ class SlipFieldsPage : public QWidget {
   void fillLists();
 
   QHash<QString, EditFrame*> frames_;
+  const EditBox* widened_ = nullptr;  ///< has the room of two while it has the keyboard
   std::map<SlipGroup, Group> groups_;
 };

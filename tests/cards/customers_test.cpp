@@ -99,6 +99,7 @@ TEST_F(CustomersTest, NameThatIsTakenIsToldAtItsBoxAndCanBeChanged) {
       run(u"INSERT INTO cari (CA_AD) VALUES ('DERYA')");
       save();
       EXPECT_EQ(balloon()->text(), u"\"MÜŞTERİ ADI\" alanı mükerrer değer kabul etmiyor."_s);
+      EXPECT_TRUE(customerEditor.box(u"CA_AD"_s)->line()->hasFocus());
       ASSERT_TRUE(customerEditor.isVisible());
       EXPECT_EQ(box(u"CA_NO"_s), u"7"_s);
       enter(customerEditor, u"CA_AD"_s, u"derya 2"_s);

@@ -38,6 +38,7 @@ struct DialogScript {
   QStringList texts;
   int answer = 2;
   QString file;
+  std::function<void()> onShown = [] {};
 };
 
 /// The real workspace with slip windows on the real database, dialogs answered by a script.
@@ -121,6 +122,7 @@ class SlipFormTest : public testing::Test {
     explicit ScriptedDialogs(DialogScript& script) : script_(script) {}
     int runTaskDialog(QWidget*, const TaskDialogRequest& request) override {
       script_.texts.append(request.text);
+      script_.onShown();
       return request.buttons.size() == 1 ? request.buttons.front().id : script_.answer;
     }
     QString askOpenFile(QWidget*, const QString&, const QString&, const QString&) override { return script_.file; }

@@ -149,6 +149,10 @@ TEST_F(SlipFormTest, TypingAids) {
     EXPECT_EQ(box(slip, column)->width(), 225);
     box(slip, column)->line()->setFocus();
     EXPECT_EQ(box(slip, column)->width(), 456);
+    const QSize size = slip->parentWidget()->size();
+    slip->parentWidget()->resize(size - QSize(40, 30));
+    EXPECT_EQ(box(slip, column)->width(), 456) << "in a window of another size";
+    slip->parentWidget()->resize(size);
     slip->setFocus();
     box(slip, u"TS_NO"_s)->line()->setFocus();
     EXPECT_EQ(box(slip, column)->width(), 225);

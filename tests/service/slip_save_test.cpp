@@ -104,6 +104,7 @@ TEST_F(SlipFormTest, DuplicateNumberKeepsTheSlipOpen) {
   run(u"INSERT INTO teknikservis (TS_NO) VALUES ('100')");
   save(slip);
   EXPECT_EQ(balloon(slip)->text(), u"\"FİŞ NO\" alanı mükerrer değer kabul etmiyor."_s);
+  EXPECT_TRUE(box(slip, u"TS_NO"_s)->line()->hasFocus());
   EXPECT_EQ(slip->EditorMode, TfServisFis::Mode::Insert);
   EXPECT_EQ(rows(u"select count(*) from malzeme"_s), u"0"_s);
 
@@ -130,6 +131,7 @@ TEST_F(SlipFormTest, FailedChecksSendNothing) {
     balloon(slip)->hide();
     save(slip);
     EXPECT_EQ(balloon(slip)->text(), one.message);
+    EXPECT_TRUE(box(slip, one.column)->line()->hasFocus()) << "the cursor is where the balloon points";
     EXPECT_EQ(DM->MySQL.roundTrips(), before);
     EXPECT_EQ(text(slip, one.column), one.text);
     box(slip, one.column)->setText(good);
@@ -214,8 +216,11 @@ TEST_F(SlipFormTest, RowTakenAwayOrChangedMeanwhile) {
   EXPECT_EQ(text(slip, u"TS_ACIKLAMA"_s), u"YİNE"_s);
 
   dialogs.texts.clear();
+  qsizetype windowsBesideMessage = 0;
+  dialogs.onShown = [&] { windowsBesideMessage = workspace.childWindows().size(); };
   openSlip(id);
   EXPECT_EQ(dialogs.texts, QStringList{u"Silinmiş bir fişe ulaşmaya çalışıyorsunuz."_s});
+  EXPECT_EQ(windowsBesideMessage, 1) << "no window without a name";
   EXPECT_EQ(workspace.childWindows(), QList<QWidget*>{slip});
 }
 

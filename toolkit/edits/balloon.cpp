@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QScreen>
+#include <QScrollArea>
 
 #include <algorithm>
 
@@ -81,6 +82,11 @@ class Bubble : public QWidget {
   bool below_ = true;
 };
 
+void bringIntoSight(QWidget* control) {
+  for (QWidget* each = control->parentWidget(); each != nullptr; each = each->parentWidget())
+    if (auto* area = qobject_cast<QScrollArea*>(each)) area->ensureWidgetVisible(control);
+}
+
 }  // namespace
 
 Balloon::Balloon(QObject* parent) : QObject(parent) {
@@ -97,6 +103,7 @@ QPoint Balloon::anchorOf(const QWidget* control) {
 
 bool Balloon::showAt(QWidget* control, const QString& text, int pauseMs) {
   if (isUp()) return false;
+  bringIntoSight(control);
   const bool atEdit = dynamic_cast<EditControl*>(control) != nullptr;
   const QRect onScreen(control->mapToGlobal(QPoint()), control->size());
   pause_.start(pauseMs);

@@ -14,7 +14,8 @@ class Balloon : public QObject {
   ~Balloon() override;
 
   /// Shows text beside control for pauseMs milliseconds: at an input box 95 logical pixels right of its left edge, at
-  /// anything else at its centre. False, and nothing happens, while one is up.
+  /// anything else at its centre. A control that is scrolled away comes into sight first. False, and nothing happens, while
+  /// one is up.
   bool showAt(QWidget* control, const QString& text, int pauseMs = 2000);
   bool isUp() const { return pause_.isActive(); }
   void hide();

@@ -141,5 +141,6 @@ void EditBox::focusWent(Qt::FocusReason reason) {
   update();
   if (reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason || reason == Qt::MenuBarFocusReason) return;
   leaving();
+  line_->setCursorPosition(0);  // shows the text from its beginning
   Q_EMIT left();
 }
