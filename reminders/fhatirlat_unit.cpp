@@ -1,6 +1,5 @@
 #include "reminders/fhatirlat_unit.h"
 
-#include "base/date_text.h"
 #include "base/environment.h"
 #include "base/guard.h"
 #include "toolkit/edits/date_edit.h"
@@ -74,14 +73,10 @@ void TfHatirlat::buildTime() {
   const int earlier = TS_HATIRLATMA_SAAT->addButton({u"−"_s, {}, u"Azalt"_s, spinWidth, EditButton::Right, false});
   const int later = TS_HATIRLATMA_SAAT->addButton({u"+"_s, {}, u"Artır"_s, spinWidth, EditButton::Right, false});
   connectGuarded(TS_HATIRLATMA_SAAT, &EditBox::buttonClicked, this, [this, earlier, later](int index) {
-    if (index == earlier) stepTime(-1);
-    if (index == later) stepTime(1);
+    if (index == earlier) TS_HATIRLATMA_SAAT->stepPart(-1);
+    if (index == later) TS_HATIRLATMA_SAAT->stepPart(1);
   });
-  TS_HATIRLATMA_SAAT->setKeyFilter([this](const QKeyEvent& key) {
-    if (key.key() != Qt::Key_Up && key.key() != Qt::Key_Down) return false;
-    stepTime(key.key() == Qt::Key_Up ? 1 : -1);
-    return true;
-  });
+  TS_HATIRLATMA_SAAT->setStart(QTime(0, 0));
   TS_HATIRLATMA_SAAT->setTime(QTime(0, 0));
 }
 
@@ -109,6 +104,15 @@ void TfHatirlat::clear() {
   TS_HATIRLATMA_NOTU->setEditValue({});
 }
 
+/// However it is closed, what was typed last takes its form first.
+void TfHatirlat::done(int result) {
+  guarded(this, [&] {
+    TS_HATIRLATMA_TARIH->settle();
+    TS_HATIRLATMA_SAAT->settle();
+  });
+  QDialog::done(result);
+}
+
 void TfHatirlat::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   guarded(this, [&] {
@@ -117,19 +121,4 @@ void TfHatirlat::showEvent(QShowEvent* event) {
     if (caller_ != nullptr) move(caller_->width() / 2 - width() / 2, caller_->height() / 2);
     TS_HATIRLATMA_TARIH->setFocus();
   });
-}
-
-/// Steps the part that the cursor stands in, hours in front of the colon and minutes behind it; nothing happens to a text
-/// that is no time.
-void TfHatirlat::stepTime(int by) {
-  constexpr int hourSeconds = 3600;
-  constexpr int minuteSeconds = 60;
-  const int place = TS_HATIRLATMA_SAAT->line()->cursorPosition();
-  const QString text = TS_HATIRLATMA_SAAT->text();
-  const qsizetype colon = text.indexOf(u':');
-  const bool inHours = colon < 0 || place <= colon;
-  const auto now = text.isEmpty() ? QTime(0, 0) : DateText::toTime(text);
-  if (!now) return;
-  TS_HATIRLATMA_SAAT->setTime(now->addSecs(by * (inHours ? hourSeconds : minuteSeconds)));
-  TS_HATIRLATMA_SAAT->line()->setCursorPosition(place);
 }

@@ -17,6 +17,7 @@ class TfHatirlat : public QDialog {
   /// Shows the dialog modally on behalf of a slip editor. The values stay as the user leaves them.
   void Giris(QWidget* caller);
   void clear();
+  void done(int result) override;
 
   DateEdit* TS_HATIRLATMA_TARIH;
   TimeEdit* TS_HATIRLATMA_SAAT;
@@ -29,7 +30,6 @@ class TfHatirlat : public QDialog {
   void buildDate();
   void buildTime();
   void buildNote();
-  void stepTime(int by);
 
   const QWidget* caller_ = nullptr;
 };

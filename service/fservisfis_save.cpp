@@ -1,6 +1,5 @@
 // Saving and deleting of the slip editor.
 #include "base/data/my_query.h"
-#include "base/date_text.h"
 #include "app/ports.h"
 #include "app/dmUnit.h"
 #include "base/environment.h"
@@ -48,7 +47,7 @@ SlipText reminderNote() {
   return {note.objectName(), note.accessibleName(), note.text(), note.maxLength()};
 }
 
-bool isReminderForToday() { return fHatirlat->TS_HATIRLATMA_TARIH->text() == DateText::date(environment().today()); }
+bool isReminderForToday() { return fHatirlat->TS_HATIRLATMA_TARIH->date() == environment().today(); }
 
 }  // namespace
 

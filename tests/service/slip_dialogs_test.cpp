@@ -77,12 +77,24 @@ TEST_F(SlipDialogsTest, ReminderStandsInOneDialogForAllSlips) {
   EXPECT_EQ(rows(reminders), u"100|%1|09:30:00|ARA"_s.arg(today));
   EXPECT_EQ(listRefreshed, 1);
 
+  // Typed without points and closed at once.
+  inDialog<TfHatirlat>([&] { older->aHatirlat->trigger(); }, [&](TfHatirlat&) {
+    reminder.TS_HATIRLATMA_TARIH->line()->selectAll();
+    type(QString(today).remove(u'.'));
+  });
+  EXPECT_EQ(reminder.TS_HATIRLATMA_TARIH->text(), today);
+  save(older);
+  EXPECT_EQ(listRefreshed, 2);
+  reminder.TS_HATIRLATMA_TARIH->setText(QString(today).remove(u'.'));
+  save(older);
+  EXPECT_EQ(listRefreshed, 3) << "a date counts, however it is written";
+
   // The boxes are the newest slip's, and the older one saves them as its own.
   save(filledSlip(u"101"_s));
   EXPECT_EQ(rows(reminders), u"100|%1|09:30:00|ARA;101|~|~|~"_s.arg(today));
   save(older);
   EXPECT_EQ(rows(reminders), u"100|~|~|~;101|~|~|~"_s);
-  EXPECT_EQ(listRefreshed, 1);
+  EXPECT_EQ(listRefreshed, 3);
 
   run(u"UPDATE teknikservis SET TS_HATIRLATMA_TARIH = '2020-02-29', TS_HATIRLATMA_NOTU = 'ESKİ' WHERE TS_NO = '101'");
   QCoreApplication::processEvents();

@@ -76,7 +76,7 @@ bool DateEdit::takes(QChar character) const { return (character >= u'0' && chara
 
 Value DateEdit::stepped(const Value& from, int part, int by) const { return steppedDate(from.toDate(), part, by); }
 
-Value DateEdit::firstStep() const { return environment().today(); }
+Value DateEdit::firstStep(int) const { return environment().today(); }
 
 void DateEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
   const bool alt = modifiers.testFlag(Qt::AltModifier);

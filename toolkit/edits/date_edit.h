@@ -34,7 +34,7 @@ class DateEdit : public ParsedEdit {
   QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
   Value stepped(const Value& from, int part, int by) const override;
-  Value firstStep() const override;
+  Value firstStep(int by) const override;
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
   void leaving() override;
 

@@ -56,4 +56,4 @@ Value DateTimeEdit::stepped(const Value& from, int part, int by) const {
   return date.isValid() ? Value(QDateTime(date, moment.time())) : Value();
 }
 
-Value DateTimeEdit::firstStep() const { return environment().now(); }
+Value DateTimeEdit::firstStep(int) const { return environment().now(); }

@@ -41,6 +41,9 @@ class EditBox : public EditFrame {
   /// Shows a text; not limited by the maximum length, so that nothing stored is cut.
   virtual void setText(const QString& text);
 
+  /// Does to the text what leaving the box does.
+  void settle() { leaving(); }
+
   void setReadOnly(bool readOnly);
   bool isReadOnly() const { return readOnly_; }
   /// Case of what is typed or pasted from now on.

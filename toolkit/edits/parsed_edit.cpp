@@ -24,21 +24,20 @@ Value ParsedEdit::stepped(const Value&, int, int) const { return {}; }
 
 void ParsedEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
   const bool isArrow = key == Qt::Key_Up || key == Qt::Key_Down;
-  if (isArrow && (modifiers & ~Qt::KeypadModifier) == Qt::NoModifier && step(key == Qt::Key_Up ? 1 : -1))
+  if (isArrow && (modifiers & ~Qt::KeypadModifier) == Qt::NoModifier && stepPart(key == Qt::Key_Up ? 1 : -1))
     key = 0;
   else
     EditBox::keyDown(key, modifiers);
 }
 
-/// Changes the part at the cursor and selects it; false when there is none to change.
-bool ParsedEdit::step(int by) {
+bool ParsedEdit::stepPart(int by) {
   if (isReadOnly() || !isEnabled()) return false;
   const auto isMark = [](QChar c) { return !c.isDigit(); };
   const auto marks = [&](const QString& text) { return int(std::count_if(text.begin(), text.end(), isMark)); };
   int part = 0;
   Value value;
   if (isEmpty()) {
-    value = firstStep();
+    value = firstStep(by);
   } else {
     value = parsed(text().trimmed());
     if (line()->selectedText() != text()) part = marks(text().left(line()->cursorPosition()));
@@ -63,7 +62,8 @@ QString ParsedEdit::typingRefusal(const QString& typed) const { return u"Bu alan
 QString ParsedEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
   constexpr qsizetype longest = 30;  // more than any value of these boxes takes
   const bool taken = std::all_of(pasted.begin(), pasted.end(), [this](QChar c) { return takes(c); });
-  return taken && whole.size() <= longest ? QString() : complaintOf(pasted);
+  if (!taken) return typingRefusal(pasted);
+  return whole.size() <= longest ? QString() : complaintOf(pasted);
 }
 
 void ParsedEdit::leaving() {

@@ -14,6 +14,10 @@ class ParsedEdit : public EditBox {
   bool isEmpty() const { return text().trimmed().isEmpty(); }
   void clear() { setText(QString()); }
 
+  /// Changes the part at the cursor by so many, the first one when all is selected, and selects it; false when there is none
+  /// to change.
+  bool stepPart(int by);
+
   /// Throws EConvertError for a text that cannot be read.
   Value editValue() const override;
   void resetEdit(int maximumLength) override;
@@ -31,15 +35,12 @@ class ParsedEdit : public EditBox {
   /// The value with one of its parts, counted from 0 as they are shown, changed by so many; NULL for one out of range and
   /// for a box without parts.
   virtual Value stepped(const Value& from, int part, int by) const;
-  /// What Up and Down begin with in an empty box; NULL for nothing.
-  virtual Value firstStep() const { return {}; }
+  /// What Up and Down bring into an empty box; NULL for nothing.
+  virtual Value firstStep(int) const { return {}; }
 
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
   void keyPress(QString& characters) override;
   QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
   void leaving() override;
-
- private:
-  bool step(int by);
 };

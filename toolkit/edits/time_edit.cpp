@@ -31,7 +31,8 @@ bool TimeEdit::takes(QChar character) const { return (character >= u'0' && chara
 
 Value TimeEdit::stepped(const Value& from, int part, int by) const { return steppedTime(from.toTime(), part, by); }
 
-Value TimeEdit::firstStep() const {
+Value TimeEdit::firstStep(int by) const {
+  if (start_.isValid()) return steppedTime(start_, 0, by);
   const QTime now = environment().now().time();
   return QTime(now.hour(), now.minute());
 }

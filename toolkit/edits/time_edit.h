@@ -16,6 +16,8 @@ class TimeEdit : public ParsedEdit {
   QTime time() const;
   void setTime(QTime time);
   void setEditValue(const Value& value) override;
+  /// The time that an empty box is stepped from; without one the first step brings the present time.
+  void setStart(QTime time) { start_ = time; }
 
  protected:
   Value parsed(const QString& text) const override;
@@ -23,5 +25,8 @@ class TimeEdit : public ParsedEdit {
   QString complaintOf(const QString& text) const override;
   bool takes(QChar character) const override;
   Value stepped(const Value& from, int part, int by) const override;
-  Value firstStep() const override;
+  Value firstStep(int by) const override;
+
+ private:
+  QTime start_;
 };
