@@ -44,6 +44,11 @@ TEST_F(DbEditorsTest, ABoxShowsItsFieldAndWritesWhenItIsLeft) {
   name_->setFocus();
   EXPECT_EQ(query.state(), QueryState::Edit);
   EXPECT_EQ(query.FieldByName(u"TUTAR"_s).asDouble(), 12.5);
+  amount_->setFocus();
+  amount_->line()->selectAll();
+  QTest::keyClick(amount_->line(), Qt::Key_Delete);
+  name_->setFocus();
+  EXPECT_EQ(query.FieldByName(u"TUTAR"_s).value(), Value(0.0)) << "emptied";
   query.Cancel();
   EXPECT_TRUE(amount_->editValue().isNull());
 }

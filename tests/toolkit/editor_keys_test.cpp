@@ -173,7 +173,7 @@ TEST_F(EditorsTest, CurrencyReadsWhatPeopleType) {
   edit->setDecimalPlaces(5);
   const std::vector<std::tuple<QString, double, QString>> cases = {
       {u"12.50"_s, 12.5, u"12,50"_s},      {u"12,50"_s, 12.5, u"12,50"_s},     {u"1.250,50"_s, 1250.5, u"1.250,50"_s},
-      {u"-3,5"_s, -3.5, u"-3,50"_s},       {u"abc7"_s, 7, u"7,00"_s},          {u"0,12345"_s, 0.12345, u"0,12"_s},
+      {u"-3,5"_s, -3.5, u"-3,50"_s},       {u"0,12345"_s, 0.12345, u"0,12"_s},
       {u"1250000"_s, 1250000, u"1.250.000,00"_s}};
   for (const auto& [typed, value, display] : cases) {
     edit->setFocus();
@@ -191,6 +191,15 @@ TEST_F(EditorsTest, CurrencyReadsWhatPeopleType) {
   EXPECT_TRUE(edit->editValue().isNull());
   edit->resetEdit(0);
   EXPECT_FALSE(edit->editValue().isNull());
+  EXPECT_EQ(edit->text(), u"0,00"_s);
+
+  edit->setValue(12.5);
+  edit->setFocus();
+  edit->line()->selectAll();
+  QTest::keyClick(edit->line(), Qt::Key_Delete);
+  EXPECT_EQ(edit->editValue(), Value(0.0)) << "emptied, not left yet";
+  next_->setFocus();
+  EXPECT_EQ(edit->editValue(), Value(0.0));
   EXPECT_EQ(edit->text(), u"0,00"_s);
 }
 
@@ -222,14 +231,25 @@ TEST_F(EditorsTest, NoAmountBecomesAnotherNumber) {
     EXPECT_EQ(refusalBalloon().isUp(), !value);
     EXPECT_EQ(edit->text(), value ? stays : QString());
   }
+
+  // A character of no number: the amount that stood there stays, typed or pasted.
+  for (const bool isPasted : {false, true}) {
+    edit->setValue(12.5);
+    edit->setFocus();
+    edit->line()->selectAll();
+    refusalBalloon().hide();
+    isPasted ? paste(edit->line(), u"1e9"_s) : type(edit->line(), u"1e9"_s);
+    EXPECT_EQ(refusalBalloon().text(), u"Bu alana \"1e9\" yazılamaz."_s);
+    next_->setFocus();
+    EXPECT_EQ(edit->value(), 12.5);
+  }
   edit->setFocus();
-  edit->clear();
-  refusalBalloon().hide();
-  type(edit->line(), u"1e"_s);
-  EXPECT_EQ(refusalBalloon().text(), u"Bu alana yalnızca sayı yazılabilir."_s);
-  edit->clear();
-  paste(edit->line(), u"1e308"_s);
-  EXPECT_TRUE(edit->isEmpty());
+  edit->line()->selectAll();
+  type(edit->line(), u"7x"_s);
+  QTest::keyClick(edit->line(), Qt::Key_Delete);
+  type(edit->line(), u"8"_s);
+  next_->setFocus();
+  EXPECT_EQ(edit->value(), 8) << "another try";
 }
 
 TEST_F(EditorsTest, ABrokenNumberStaysAndIsMarked) {

@@ -18,6 +18,7 @@
 
 #include <QBuffer>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -89,6 +90,13 @@ TEST_F(EditsTest, NothingPastedIsCutInSilence) {
   EXPECT_EQ(edit->text(), u"01abc56789"_s);
 }
 
+TEST_F(EditsTest, ABoxThatWasLeftShowsItsTextFromTheBeginning) {
+  auto* edit = shown<TextEdit>();
+  type(edit->line(), u"UZUN BİR AÇIKLAMA"_s);
+  leave();
+  EXPECT_EQ(edit->line()->cursorPosition(), 0);
+}
+
 TEST_F(EditsTest, DatesAreTypedInEveryUsualForm) {
   auto* edit = shown<DateEdit>();
   const std::vector<std::pair<QString, QString>> good = {
@@ -113,7 +121,9 @@ TEST_F(EditsTest, DatesAreTypedInEveryUsualForm) {
   edit->setEditValue(Value(ZeroDate()));
   refusalBalloon().hide();
   type(edit->line(), u"y"_s);
-  EXPECT_TRUE(refusalBalloon().isUp());
+  EXPECT_EQ(refusalBalloon().text(), u"Bu alana \"y\" yazılamaz."_s);
+  paste(edit->line(), u"5 Mart"_s);
+  EXPECT_EQ(refusalBalloon().text(), u"Bu alana \"5 Mart\" yazılamaz."_s);
   paste(edit->line(), QString(10000, u'1'));
   EXPECT_LT(refusalBalloon().text().size(), 100);
   EXPECT_TRUE(edit->editValue().isNull());
@@ -343,6 +353,19 @@ TEST_F(EditsTest, TheSecondBalloonIsDroppedAndNoneTakesTheFocus) {
   EXPECT_EQ(Balloon::anchorOf(&form_), form_.mapToGlobal(form_.rect().center()));
   EXPECT_TRUE(QTest::qWaitFor([&] { return !balloon.isUp(); }, 5000));
   EXPECT_TRUE(balloon.showAt(edit, u"ikinci"_s));
+  balloon.hide();
+
+  auto* area = new QScrollArea;
+  auto* page = new QWidget;
+  auto* far = new TextEdit(page);
+  page->setFixedSize(300, 2000);
+  far->setGeometry(0, 1900, 200, 24);
+  area->setWidget(page);
+  column_->addWidget(area);
+  QApplication::processEvents();
+  EXPECT_TRUE(far->visibleRegion().isEmpty());
+  balloon.showAt(far, u"üçüncü"_s);
+  EXPECT_EQ(far->visibleRegion().boundingRect(), far->rect()) << "a box is in sight when a balloon points at it";
 }
 
 TEST_F(EditsTest, ADialogAnswersByButtonEscapeAndTime) {

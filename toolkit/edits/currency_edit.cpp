@@ -5,21 +5,29 @@
 #include "base/guard.h"
 #include "base/number_text.h"
 
+#include <QTimer>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int wordPauseMs = 1000;
+
 bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
 QString complaintAbout(const QString& text) { return u"%1 geçerli bir sayı değil."_s.arg(quoted(text)); }
 
-bool isNumberMark(QChar c) { return isDigit(c) || u",.-"_s.contains(c); }
+bool isOfNumber(const QString& text) {
+  return std::all_of(text.begin(), text.end(), [](QChar c) { return isDigit(c) || u",.-"_s.contains(c); });
+}
 
 }  // namespace
 
-CurrencyEdit::CurrencyEdit(QWidget* parent) : EditBox(parent), displayFormat_(u",0.00;-,0.00"_s) {
+CurrencyEdit::CurrencyEdit(QWidget* parent) : EditBox(parent), displayFormat_(u",0.00;-,0.00"_s), wordPause_(new QTimer(this)) {
+  wordPause_->setSingleShot(true);
+  wordPause_->setInterval(wordPauseMs);
   line()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   connectGuarded(line(), &QLineEdit::textChanged, this, [this] {
     if (!showing_) typed_ = true;
@@ -53,13 +61,14 @@ int CurrencyEdit::digitCount() const {
 }
 
 void CurrencyEdit::setText(const QString& text) {
+  if (text.isEmpty()) return clear();
   EditBox::setText(text);
   readText();
 }
 
 Value CurrencyEdit::editValue() const {
   if (!typed_) return value_ ? Value(*value_) : Value();
-  if (isEmpty()) return {};
+  if (isEmpty()) return 0.0;
   if (const QString complaint = complaintOf(text()); !complaint.isEmpty()) throw EConvertError(complaint);
   return *NumberText::toDouble(text());
 }
@@ -86,6 +95,18 @@ void CurrencyEdit::resetEdit(int) {
   setErrorText({});
 }
 
+void CurrencyEdit::endWord() { wordPause_->stop(); }
+
+void CurrencyEdit::showTextBeforeWord() {
+  if (typedBeforeWord_) {
+    line()->setText(textBeforeWord_);
+  } else {
+    typed_ = false;
+    show();
+  }
+  line()->selectAll();
+}
+
 /// The untouched value as it is shown: plain with the focus, by the display format without.
 void CurrencyEdit::show() {
   showing_ = true;
@@ -103,29 +124,54 @@ void CurrencyEdit::readText() {
   if (!typed_) return;
   const QString complaint = isEmpty() ? QString() : complaintOf(text());
   if (!complaint.isEmpty()) return setErrorText(complaint);
-  value_ = NumberText::toDouble(text());
+  value_ = isEmpty() ? 0 : NumberText::toDouble(text());
   typed_ = false;
   show();
 }
 
+void CurrencyEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
+  constexpr int wordEnds[] = {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End};
+  if (std::ranges::find(wordEnds, key) != std::end(wordEnds)) endWord();
+  EditBox::keyDown(key, modifiers);
+}
+
 void CurrencyEdit::keyPress(QString& characters) {
   EditBox::keyPress(characters);
-  characters.removeIf([](QChar c) { return !isNumberMark(c); });
+  if (isReadOnly()) return;
+  if (!wordPause_->isActive()) {
+    word_.clear();
+    isSpoilt_ = false;
+    textBeforeWord_ = text();
+    typedBeforeWord_ = typed_;
+  }
+  wordPause_->start();
+  word_ += characters;
+  if (!isSpoilt_ && !isOfNumber(characters)) {
+    isSpoilt_ = true;
+    showTextBeforeWord();
+  }
+  if (isSpoilt_) characters.clear();
 }
 
-QString CurrencyEdit::typingRefusal(const QString& typed) const {
-  const bool isNumber = std::all_of(typed.begin(), typed.end(), isNumberMark);
-  return isNumber ? QString() : u"Bu alana yalnızca sayı yazılabilir."_s;
+QString CurrencyEdit::typingRefusal(const QString&) const {
+  return isSpoilt_ ? u"Bu alana %1 yazılamaz."_s.arg(quoted(word_)) : QString();
 }
 
-QString CurrencyEdit::pasteRefusal(const QString&, const QString& whole) const { return complaintOf(whole); }
+QString CurrencyEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
+  const QString complaint = complaintOf(whole);
+  return complaint.isEmpty() || isOfNumber(pasted) ? complaint : u"Bu alana %1 yazılamaz."_s.arg(quoted(pasted));
+}
+
+void CurrencyEdit::lineClicked() { endWord(); }
 
 void CurrencyEdit::entering() {
+  endWord();
   valueAtEntry_ = value_;
   if (!typed_) show();
 }
 
 void CurrencyEdit::leaving() {
+  endWord();
   readText();
   if (typed_) return;
   show();

@@ -4,9 +4,14 @@
 
 #include <optional>
 
+class QTimer;
+
 /// An amount, shown by a display format, and as a plain number while it has the focus ("," is the decimal mark; a typed
-/// "12.50" is 12.5). Entering and leaving without typing never changes the value. A text that is no number, or a finer one
-/// than the box has places, stays, is marked red, and asking for the value throws EConvertError.
+/// "12.50" is 12.5). Entering and leaving without typing never changes the value; an emptied box holds 0. A text that is no
+/// number, or a finer one than the box has places, stays, is marked red, and asking for the value throws EConvertError.
+///
+/// What is typed without a pause is one word. A character that no number has spoils the whole of it: what stood in the box
+/// before comes back, so that "1e9" does not become 19.
 class CurrencyEdit : public EditBox {
   Q_OBJECT
  public:
@@ -28,7 +33,7 @@ class CurrencyEdit : public EditBox {
   int digitCount() const;
 
   void setText(const QString& text) override;
-  /// The number; NULL when empty. Throws EConvertError for a text that is no number.
+  /// The number; NULL after clear() and for a value that was NULL. Throws EConvertError for a text that is no number.
   Value editValue() const override;
   void setEditValue(const Value& value) override;
   /// 0.
@@ -39,15 +44,19 @@ class CurrencyEdit : public EditBox {
   void valueChanged();
 
  protected:
+  void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
   void keyPress(QString& characters) override;
   QString typingRefusal(const QString& typed) const override;
   QString pasteRefusal(const QString& pasted, const QString& whole) const override;
+  void lineClicked() override;
   void entering() override;
   void leaving() override;
 
  private:
   void show();
   void readText();
+  void endWord();
+  void showTextBeforeWord();
   QString complaintOf(const QString& text) const;
 
   QString displayFormat_;
@@ -56,4 +65,10 @@ class CurrencyEdit : public EditBox {
   std::optional<double> valueAtEntry_;
   bool typed_ = false;  ///< the text is the user's and the value not read from it yet
   bool showing_ = false;
+
+  QTimer* wordPause_;  ///< runs out when what is typed next begins another word
+  QString word_;
+  bool isSpoilt_ = false;
+  QString textBeforeWord_;
+  bool typedBeforeWord_ = false;
 };
