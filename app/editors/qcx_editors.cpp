@@ -10,41 +10,9 @@ bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
 
 }  // namespace
 
-qcxTextEdit::qcxTextEdit(QWidget* parent) : TextEdit(parent) { setEnterMovesOn(true); }
+qcxButtonEdit::qcxButtonEdit(QWidget* parent) : OnlyCharsEdit(parent) { setFunctionKeysPress(true); }
 
-void qcxTextEdit::keyPress(QString& characters) {
-  TextEdit::keyPress(characters);
-  properties_.keepOnlyChars(characters);
-}
-
-QString qcxTextEdit::typingRefusal(const QString& typed) const { return properties_.refusal(typed); }
-
-QString qcxTextEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
-  const QString inherited = TextEdit::pasteRefusal(pasted, whole);
-  return inherited.isEmpty() ? properties_.refusal(pasted) : inherited;
-}
-
-qcxButtonEdit::qcxButtonEdit(QWidget* parent) : ButtonEdit(parent) {
-  setEnterMovesOn(true);
-  setFunctionKeysPress(true);
-}
-
-void qcxButtonEdit::keyPress(QString& characters) {
-  ButtonEdit::keyPress(characters);
-  properties_.keepOnlyChars(characters);
-}
-
-QString qcxButtonEdit::typingRefusal(const QString& typed) const { return properties_.refusal(typed); }
-
-QString qcxButtonEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
-  const QString inherited = ButtonEdit::pasteRefusal(pasted, whole);
-  return inherited.isEmpty() ? properties_.refusal(pasted) : inherited;
-}
-
-qcxCurrencyEdit::qcxCurrencyEdit(QWidget* parent) : CurrencyEdit(parent) {
-  setEnterMovesOn(true);
-  setFunctionKeysPress(true);
-}
+qcxCurrencyEdit::qcxCurrencyEdit(QWidget* parent) : OnlyCharsEdit(parent) { setFunctionKeysPress(true); }
 
 void qcxCurrencyEdit::keyPress(QString& characters) {
   CurrencyEdit::keyPress(characters);
@@ -52,22 +20,21 @@ void qcxCurrencyEdit::keyPress(QString& characters) {
     // The value goes before OnlyChars is asked, so that it is gone even when that drops the digit: this order is meant.
     if (line()->hasSelectedText() && line()->selectedText().size() == text().size())
       line()->clear();
-    else if (properties_.dataSize > 0 && digitCount() >= properties_.dataSize)
+    else if (dataSize() > 0 && digitCount() >= dataSize())
       characters.clear();
   }
-  properties_.keepOnlyChars(characters);
+  properties().keepOnlyChars(characters);
 }
 
-QString qcxCurrencyEdit::digitsComplaint() const { return u"Bu alana en çok %1 rakam girilebilir."_s.arg(properties_.dataSize); }
+QString qcxCurrencyEdit::digitsComplaint() const { return u"Bu alana en çok %1 rakam girilebilir."_s.arg(dataSize()); }
 
 QString qcxCurrencyEdit::typingRefusal(const QString& typed) const {
-  if (const QString inherited = CurrencyEdit::typingRefusal(typed); !inherited.isEmpty()) return inherited;
-  const QString refusal = properties_.refusal(typed);
-  return refusal.isEmpty() ? digitsComplaint() : refusal;
+  const QString inherited = OnlyCharsEdit::typingRefusal(typed);
+  return inherited.isEmpty() ? digitsComplaint() : inherited;
 }
 
 QString qcxCurrencyEdit::pasteRefusal(const QString& pasted, const QString& whole) const {
-  if (const QString inherited = CurrencyEdit::pasteRefusal(pasted, whole); !inherited.isEmpty()) return inherited;
-  if (properties_.dataSize > 0 && std::count_if(whole.cbegin(), whole.cend(), isDigit) > properties_.dataSize) return digitsComplaint();
-  return properties_.refusal(pasted);
+  const QString inherited = OnlyCharsEdit::pasteRefusal(pasted, whole);
+  const bool isTooLong = dataSize() > 0 && std::count_if(whole.cbegin(), whole.cend(), isDigit) > dataSize();
+  return inherited.isEmpty() && isTooLong ? digitsComplaint() : inherited;
 }
