@@ -58,7 +58,7 @@ QByteArray picture() {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   image.save(&buffer, "JPG", 80);
-  if (bytes.size() > pictureBytes) qFatal("the picture has %lld bytes", qint64(bytes.size()));
+  if (bytes.size() > pictureBytes) qFatal("the picture has %s bytes", qPrintable(QString::number(bytes.size())));
   return bytes.leftJustified(pictureBytes, '\0');
 }
 
