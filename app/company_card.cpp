@@ -83,7 +83,9 @@ void TfSirket::SirketYukle() {
 int TfSirket::Giris() {
   SirketYukle();
   findChild<qcxButtonEdit*>(Boxes[0].first.toString())->line()->setFocus();
-  return exec();
+  const int result = exec();
+  if (result != Saved) SirketYukle();  // receipts and letters read the boxes
+  return result;
 }
 
 /// What cannot be written stays on the screen, to be tried again.

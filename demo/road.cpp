@@ -6,6 +6,7 @@
 #include "demo/cards_road.h"
 #include "demo/contracts_road.h"
 #include "demo/messages_road.h"
+#include "demo/paper_road.h"
 #include "demo/screen_hands.h"
 #include "demo/slip_list_road.h"
 #include "service/fservisfis_unit.h"
@@ -162,6 +163,7 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.press({u"Return"_s});
   ContractsRoad::meetReminders(hands);
   hands.picture(u"calisma-alani"_s);
+  PaperRoad::fillCompany(hands);
 
   hands.click(u"dxBarLargeButton1"_s);
   hands.waitFor(u"new slip"_s, [] { return slipTitle() == u"Yeni Servis Fişi"_s && focusedControl() == u"TS_NO"_s; });
@@ -177,6 +179,7 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.waitFor(u"saved parts"_s, [] { return scalar(u"select sum(MZ_TUTAR) from malzeme"_s).startsWith(u"425,5"); });
   hands.waitFor(u"balloon gone"_s, [] { return !showsText(u"Servis fiş kaydı tamamlandı."_s); });
   lookAtHistory(hands);
+  PaperRoad::lookAtReceipt(hands);
   hands.press({u"F3"_s});
   hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
   hands.picture(u"fis-kapandi"_s);
@@ -211,6 +214,7 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.waitFor(u"list closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
   walkTheCards(hands);
   ContractsRoad::addContract(hands);
+  PaperRoad::lookAtLetter(hands);
   ContractsRoad::lookAtReminders(hands);
   MessagesRoad::signIn(hands, simulator);
   MessagesRoad::sendToMany(hands, simulator);

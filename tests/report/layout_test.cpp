@@ -149,6 +149,7 @@ TEST_F(LayoutTest, HostileTemplatesEnd) {
   EXPECT_EQ(laidOut(R"(<band kind="rows" data="Malzeme" height="70" newpage="true"><text>a</text></band>)").pages.size(), 3000u);
   EXPECT_LE(laidOut(R"(<band kind="pageheader" height="300"/><band kind="pagefooter" height="300"/>)" + rowsBand).pages.size(), 3000u);
   EXPECT_LE(laidOut(R"(<band height="500"><picture height="400">iVBORw0KGgo=</picture><text font="Arial; 400" width="1" height="1" grows="true">Ağır</text></band>)").pages.size(), 20u);
+  EXPECT_EQ(layoutReport(ReportDocument(), data, {}, {}).pages.size(), 1u) << "what has no page is an empty sheet";
   const ReportPages slow = laidOut(R"(<band kind="rows" data="Malzeme" height="0"><text width="90">[TOPLAM(Malzeme.ADET; Malzeme.ADET > 1)]</text></band>)");
   EXPECT_THAT(slow.faults.back().reason.toStdString(), HasSubstr("çok uzun sürüyor"));
   EXPECT_EQ(laidOut(R"(<text width="0" height="0" grows="true" fit="true" rotation="90">uzun bir metin</text><line/><rectangle width="0"/>)").pages.size(), 1u);

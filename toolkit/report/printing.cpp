@@ -8,6 +8,8 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -47,7 +49,7 @@ bool printPages(const PagedDocument& document, const PrintJob& job) {
   }
   try {
     QPrinter printer(info, QPrinter::HighResolution);
-    printer.setCopyCount(job.copies);
+    printer.setCopyCount(std::max(1, job.copies));
     printer.setDocName(job.documentName);
     return printPagesOn(printer, document, {0, document.pageCount() - 1}, {});
   } catch (const EInOutError& error) {

@@ -436,6 +436,8 @@ ReportPages layoutReport(const ReportDocument& document, const ReportData& data,
   std::vector<PagePlan> plans;
   for (const auto& child : document.root().children())
     if (child->kind() == NodeKind::Page) plans.emplace_back(*child);
+  const ReportNode emptySheet(NodeKind::Page);  // what is previewed and printed of a report without pages
+  if (plans.empty()) plans.emplace_back(emptySheet);
   int pageCount = 0;
   // A text that grows with the number of pages may change it: three turns settle every case that can be settled.
   for (int turn = 0; turn < 3; ++turn) {

@@ -30,9 +30,9 @@ QTextOption::TabType tabType(Qt::Alignment alignment) {
   return alignment & Qt::AlignRight ? QTextOption::RightTab : alignment & Qt::AlignHCenter ? QTextOption::CenterTab : QTextOption::LeftTab;
 }
 
-void placeBorder(RichLayout& out, const QRectF& rect, const QString& sides) {
+void placeBorder(RichLayout& out, const QRectF& rect, const QString& sides, const QColor& color) {
   const auto line = [&](QStringView side, QPointF from, QPointF to) {
-    if (sides.contains(side)) out.primitives.emplace_back(StrokeMark{.from = from, .to = to, .width = borderLine});
+    if (sides.contains(side)) out.primitives.emplace_back(StrokeMark{.from = from, .to = to, .width = borderLine, .color = color});
   };
   line(u"left", rect.topLeft(), rect.bottomLeft());
   line(u"top", rect.topLeft(), rect.topRight());
@@ -63,7 +63,8 @@ class ParagraphLayout {
     if (!text.isEmpty() || paragraph_.pictures.empty()) placeLines(text, formats);
     if (!paragraph_.marker.isEmpty()) placeMarker(top);
     if (!paragraph_.border.isEmpty())
-      placeBorder(out_, QRectF(left_, border, width_, out_.height - border).adjusted(-borderGap, -borderGap, borderGap, borderGap), paragraph_.border);
+      placeBorder(out_, QRectF(left_, border, width_, out_.height - border).adjusted(-borderGap, -borderGap, borderGap, borderGap), paragraph_.border,
+                  paragraph_.borderColor);
     out_.height += paragraph_.after;
   }
 
@@ -229,7 +230,7 @@ void placeRow(RichLayout& out, const RichRow& row) {
       moveBy(primitive, left + row.padding, out.height + down + cellGap / 2);
       out.primitives.push_back(std::move(primitive));
     }
-    placeBorder(out, rect, cell.border);
+    placeBorder(out, rect, cell.border, cell.borderColor);
     left += cell.width;
   }
   out.height += height;

@@ -47,6 +47,7 @@ struct RichParagraph {
   QString marker;              ///< bullet or number that stands at the first line's place; the text then begins at left
   std::vector<RichTab> tabs;   ///< in order
   QString border;              ///< words as PropertyType::Sides
+  QColor borderColor = Qt::black;
   bool startsPage = false;
   bool keepsWhole = false;     ///< is not parted by a page's end
   bool keepsWithNext = false;  ///< stands on one page with the next one's beginning
@@ -56,9 +57,10 @@ struct RichParagraph {
 struct RichCell {
   double width = 0;
   std::vector<RichParagraph> paragraphs;
-  QString border;      ///< words as PropertyType::Sides
-  QColor background;   ///< invalid: none
+  QString border = {};      ///< words as PropertyType::Sides
+  QColor background = {};   ///< invalid: none
   Qt::Alignment vertical = Qt::AlignTop;
+  QColor borderColor = Qt::black;
 };
 
 struct RichRow {

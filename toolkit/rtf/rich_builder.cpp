@@ -112,7 +112,7 @@ void RichBuilder::endRow(const RowPlan& plan) {
       left += width;
       continue;
     }
-    RichCell made{width, std::move(cells_[place]), cell.border, cell.background, cell.vertical};
+    RichCell made{width, std::move(cells_[place]), cell.border, cell.background, cell.vertical, cell.borderColor};
     if (cell.joinsAbove) {
       made.border = without(made.border, u"top"_s);
       double above = rows.rows.empty() ? 0 : rows.rows.back().left;

@@ -9,6 +9,7 @@ struct RowPlan {
     QString border = {};
     QColor background = {};
     Qt::Alignment vertical = Qt::AlignTop;
+    QColor borderColor = Qt::black;
     bool joinsLeft = false;   ///< part of the cell before it
     bool joinsAbove = false;  ///< part of the cell above it
   };

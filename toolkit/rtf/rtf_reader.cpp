@@ -151,7 +151,7 @@ class Reader {
     if (state().place != Place::Body) return;
     RtfWords::chooseBorder(state(), row_, token.bytes);
     if (RtfWords::setRow(row_, tables_, token)) return;
-    RtfWords::setParagraph(state(), token);
+    RtfWords::setParagraph(state(), tables_, token);
   }
 
   /// Ends of paragraphs, cells, rows and pages.

@@ -147,6 +147,12 @@ void addSides(QString& border, const QString& sides) {
     if (!border.contains(side)) border += border.isEmpty() ? side : u' ' + side;
 }
 
+/// Borders have one colour all around: the last that is told.
+void setColor(QColor& color, const RtfTables& tables, const RtfToken& word) {
+  const QColor told = tables.color(word.value);
+  color = told.isValid() ? told : QColor(Qt::black);
+}
+
 using Rows = WordTable<RtfWords::RowWords&, const RtfTables&>;
 
 const Rows& rowWords() {
@@ -200,7 +206,11 @@ bool RtfWords::setCharacters(RtfState& state, const RtfTables& tables, const Rtf
   return true;
 }
 
-bool RtfWords::setParagraph(RtfState& state, const RtfToken& word) {
+bool RtfWords::setParagraph(RtfState& state, const RtfTables& tables, const RtfToken& word) {
+  if (!state.side.isEmpty() && word.bytes == "brdrcf") {
+    setColor(state.look.borderColor, tables, word);
+    return true;
+  }
   if (!state.side.isEmpty() && word.bytes.startsWith("brdr") && isLine(word.bytes)) {
     addSides(state.look.border, state.side);
     return true;
@@ -220,6 +230,10 @@ void RtfWords::chooseBorder(RtfState& state, RowWords& row, QByteArrayView word)
 bool RtfWords::setRow(RowWords& row, const RtfTables& tables, const RtfToken& word) {
   if (!row.side.isEmpty() && isLine(word.bytes)) {
     addSides(row.cell.border, row.side);
+    return true;
+  }
+  if (!row.side.isEmpty() && word.bytes == "brdrcf") {
+    setColor(row.cell.borderColor, tables, word);
     return true;
   }
   const auto handler = found(rowWords(), word.bytes);

@@ -7,7 +7,7 @@
 namespace RtfWords {
 
 bool setCharacters(RtfState& state, const RtfTables& tables, const RtfToken& word);
-bool setParagraph(RtfState& state, const RtfToken& word);
+bool setParagraph(RtfState& state, const RtfTables& tables, const RtfToken& word);
 
 /// What a row of a table looks like, while its words come in.
 struct RowWords {
