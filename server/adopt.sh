@@ -8,8 +8,7 @@ adopt() {
   for table in teknikservis cari caricihaz cihaz disservis servistip sozlesme callerid; do
     [ -z "$(client -N kvtk -e "SELECT 1 FROM $table LIMIT 1")" ] || die "the table $table holds rows; a dump is taken by a new instance only"
   done
-  place=$home/adopted-$(date +%Y%m%d-%H%M%S)
-  mkdir "$place"
+  place=$(mktemp -d "$home/adopted-$(date +%Y%m%d-%H%M%S)-XXXX")
   change_all before-adopt take_over "$1" "$place" || die "the dump could not be taken over; the data is as it was before. What was read of it is told in $place"
   rm -f "$folder/put-back"
   record_copies
