@@ -2,7 +2,6 @@
 
 #include <QString>
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -39,10 +38,10 @@ struct GridColumn {
   bool readOnly = false;     ///< in a grid that is edited in place
   bool stretches = false;    ///< takes the room that is left
 
+  /// The text that a cell shows for a stored value.
+  QString shown(const Value& value) const;
   /// True when a cell may show another text than it stores: then sorting, grouping and searching go by what is shown.
-  bool showsOtherTexts() const {
-    return lookUp || std::any_of(values.begin(), values.end(), [](const GridListValue& each) { return each.value != each.shown; });
-  }
+  bool showsOtherTexts() const;
 };
 
 /// One key of a grid's order.

@@ -92,16 +92,9 @@ bool matches(const QString& shown, FilterOperator comparison, const QString& tex
 /// The stored values of a column whose shown text fits.
 FilterExpression onShownTexts(const TMyQuery& query, int field, const GridColumn& column, const GridCondition& condition) {
   std::vector<FilterExpression> equal;
-  for (const Value& value : query.distinctValues(field)) {
-    QString shown = column.lookUp ? column.lookUp(value) : value.toText();
-    for (const GridListValue& each : column.values)
-      if (each.value == shown) {
-        shown = each.shown;
-        break;
-      }
-    if (matches(shown, condition.comparison, condition.text))
+  for (const Value& value : query.distinctValues(field))
+    if (matches(column.shown(value), condition.comparison, condition.text))
       equal.push_back(FilterExpression::condition(column.field, FilterOperator::Equal, value));
-  }
   return FilterExpression::any(std::move(equal));
 }
 

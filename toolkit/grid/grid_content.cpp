@@ -67,7 +67,7 @@ Value GridContent::value(int row, int column) const {
   const GridColumn& about = model_.columns()[size_t(number)];
   const Value stored = model_.valueAt(line(row).index, number);
   if (!about.lookUp && about.values.empty()) return stored;
-  return stored.isNull() ? Value() : Value(model_.shown(number, stored));
+  return stored.isNull() ? Value() : Value(about.shown(stored));
 }
 
 QColor GridContent::textColor(int row) const {

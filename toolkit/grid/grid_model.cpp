@@ -36,7 +36,7 @@ GridModel::GridModel(TMyQuery& query, std::vector<GridColumn> columns, QObject* 
   std::vector<GridRows::ShownText> shownTexts;
   for (int column = 0; column < columnCount(); ++column)
     if (const GridColumn& about = columns_[size_t(column)]; about.showsOtherTexts())
-      shownTexts.push_back({about.field, [this, column](const Value& value) { return shown(column, value); }});
+      shownTexts.push_back({about.field, [this, column](const Value& value) { return columns_[size_t(column)].shown(value); }});
   rows_.setShownTexts(std::move(shownTexts));
   learnFields();
   rows_.rebuild();
@@ -110,20 +110,7 @@ Value GridModel::valueAt(int queryRow, int column) const {
   return field < 0 || queryRow < 0 || queryRow >= query_->RecordCount() ? Value() : query_->valueAt(queryRow, field);
 }
 
-QString GridModel::shown(int column, const Value& value) const {
-  const GridColumn& description = columns_[size_t(column)];
-  if (description.lookUp) return value.isNull() ? QString() : description.lookUp(value);
-  if (!description.values.empty()) {
-    const QString text = value.toText();
-    for (const GridListValue& each : description.values)
-      if (each.value == text) return each.shown;
-    return text;
-  }
-  if (description.displayFormat.isEmpty() || value.isNull()) return value.toText();
-  return NumberText::formatted(description.displayFormat, value.toDouble());
-}
-
-QString GridModel::shownAt(int queryRow, int column) const { return shown(column, valueAt(queryRow, column)); }
+QString GridModel::shownAt(int queryRow, int column) const { return columns_[size_t(column)].shown(valueAt(queryRow, column)); }
 
 QString GridModel::groupText(const GridGroup& group) const {
   const auto field = std::find(fields_.begin(), fields_.end(), group.field);
@@ -185,7 +172,7 @@ int GridModel::columnCount(const QModelIndex& parent) const { return parent.isVa
 QString GridModel::editText(int queryRow, int column) const {
   const Value value = valueAt(queryRow, column);
   if (isNumber(column)) return withoutTrailingZeros(value.toText());
-  return columns_[size_t(column)].values.empty() ? value.toText() : shown(column, value);
+  return columns_[size_t(column)].values.empty() ? value.toText() : columns_[size_t(column)].shown(value);
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {

@@ -41,8 +41,6 @@ class GridModel : public QAbstractTableModel, private QueryListener {
 
   // What stands in the cells.
   Value valueAt(int queryRow, int column) const;
-  /// A value as a column shows it.
-  QString shown(int column, const Value& value) const;
   QString shownAt(int queryRow, int column) const;
   /// Of a closed group with its sums, as nothing stands under it.
   QString groupText(const GridGroup& group) const;
