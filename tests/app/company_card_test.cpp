@@ -5,7 +5,7 @@
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "tests/support/test_database.h"
-#include "tests/toolkit/typing.h"
+#include "tests/support/typing.h"
 
 #include <gtest/gtest.h>
 

@@ -10,6 +10,7 @@
 #include "base/program_paths.h"
 #include "app/quendUtils.h"
 #include "tests/support/scripted_dialogs.h"
+#include "tests/support/typing.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/text_edit.h"
 
@@ -58,7 +59,7 @@ class LoginTest : public testing::Test {
     edit->setFocus();
     edit->line()->selectAll();
     QTest::keyClick(edit->line(), Qt::Key_Delete);
-    for (const QChar c : text) QTest::sendKeyEvent(QTest::Click, edit->line(), Qt::Key_unknown, QString(c), Qt::NoModifier);
+    ::type(edit->line(), text);
   }
   void attempt(TLogin_Form& login, const QString& name, const QString& password) {
     type(login.Kullanici, name);
@@ -149,7 +150,7 @@ TEST_F(LoginTest, TheThirdFailureIsShownAndEndsTheProcess) {
   });
   EXPECT_EQ(result, std::nullopt);
   ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_TRUE(dialogs.texts()[0].startsWith(u"#28000Access denied for user 'O'B\\\"É;--'@"_s)) << dialogs.texts()[0].toStdString();
+  EXPECT_TRUE(dialogs.texts[0].startsWith(u"#28000Access denied for user 'O'B\\\"É;--'@"_s)) << dialogs.texts[0].toStdString();
   EXPECT_EQ(ended, 0);
   EXPECT_FALSE(data.MySQL.Connected());
   EXPECT_EQ(log().count(u"Bağlantı kurulamadı: "_s), 3);
@@ -178,8 +179,8 @@ TEST_F(LoginTest, ACharacterOfThePasswordIsNeitherShownNorLogged) {
     for (int i = 0; i < 3; ++i) attempt(login, u"quend"_s, u"日本"_s);
   });
   ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_TRUE(dialogs.texts()[0].contains(u"Kullanıcı Parolası"_s));
-  EXPECT_FALSE((dialogs.texts()[0] + log()).contains(u"日"_s));
+  EXPECT_TRUE(dialogs.texts[0].contains(u"Kullanıcı Parolası"_s));
+  EXPECT_FALSE((dialogs.texts[0] + log()).contains(u"日"_s));
 }
 
 TEST_F(LoginTest, WithoutAServerTheFormStaysAndNoAttemptIsCounted) {
@@ -189,8 +190,8 @@ TEST_F(LoginTest, WithoutAServerTheFormStaysAndNoAttemptIsCounted) {
     login.eSunucu->setText(u"127.0.0.250"_s);
     for (int i = 0; i < 3; ++i) attempt(login, u"quend"_s, u"quend"_s);
     ASSERT_EQ(dialogs.shown.size(), 3U);
-    EXPECT_TRUE(dialogs.texts()[0].startsWith(u"Kurulum işlemi doğru olarak tamamlanamadı.\r\nYardım için iletişime geçebilirsiniz.\r\n"_s));
-    EXPECT_EQ(dialogs.texts()[0].count(u'\n'), 2);
+    EXPECT_TRUE(dialogs.texts[0].startsWith(u"Kurulum işlemi doğru olarak tamamlanamadı.\r\nYardım için iletişime geçebilirsiniz.\r\n"_s));
+    EXPECT_EQ(dialogs.texts[0].count(u'\n'), 2);
     EXPECT_EQ(login.Tag, 0);
     EXPECT_FALSE(ended.has_value());
     login.eSunucu->setText(u"LOCALHOST"_s);
@@ -224,7 +225,7 @@ TEST_F(LoginTest, UnhandledErrorsAreLoggedAndShownByTheirSender) {
   login.hide();
   login.ApplicationEvents1Exception(nullptr, refusal);
   ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_TRUE(dialogs.texts()[0].contains(refusal.message()));
+  EXPECT_TRUE(dialogs.texts[0].contains(refusal.message()));
 
   // A log that cannot be written: the error itself is still shown, with a word on the log.
   QFile::remove(logFileName());
@@ -233,7 +234,7 @@ TEST_F(LoginTest, UnhandledErrorsAreLoggedAndShownByTheirSender) {
   login.Log(u"kimse görmez"_s);
   QFile::remove(logFileName());
   ASSERT_EQ(dialogs.shown.size(), 2U);
-  EXPECT_TRUE(dialogs.texts()[1].startsWith(u"asıl hata"_s) && dialogs.texts()[1].contains(logFileName())) << dialogs.texts()[1].toStdString();
+  EXPECT_TRUE(dialogs.texts[1].startsWith(u"asıl hata"_s) && dialogs.texts[1].contains(logFileName())) << dialogs.texts[1].toStdString();
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "app/parameter_models.h"
 #include "app/parameters.h"
 #include "app/quendUtils.h"
+#include "tests/support/scripted_dialogs.h"
 #include "toolkit/edits/combo_edit.h"
-#include "toolkit/edits/task_dialog.h"
 
 #include <gtest/gtest.h>
 
@@ -148,29 +148,11 @@ TEST(ParameterFiles, ATruncatedFileTellsWhatIsLeftOfIt) {
   }
 }
 
-/// Keeps the texts of the messages shown, and answers each.
-class Messages : public DialogDriver {
- public:
-  explicit Messages(QStringList& texts) : texts_(texts) {}
-  int runTaskDialog(QWidget*, const TaskDialogRequest& request) override {
-    texts_.append(request.text);
-    return request.cancelResult;
-  }
-
- private:
-  QStringList& texts_;
-};
-
 /// The form with its files in a folder of their own.
 class ParametersTest : public testing::Test {
  protected:
-  ParametersTest() : utilities_(folder.filePath(u"kvtk"_s)), dialogs_(setDialogDriver(std::make_unique<Messages>(messages))) {
-    QuendUtil = &utilities_;
-  }
-  ~ParametersTest() override {
-    setDialogDriver(std::move(dialogs_));
-    QuendUtil = nullptr;
-  }
+  ParametersTest() : utilities_(folder.filePath(u"kvtk"_s)) { QuendUtil = &utilities_; }
+  ~ParametersTest() override { QuendUtil = nullptr; }
 
   QByteArray content(const QString& name) const {
     QFile file(folder.filePath(name));
@@ -186,11 +168,11 @@ class ParametersTest : public testing::Test {
   }
 
   QTemporaryDir folder;
-  QStringList messages;
+  ScriptedDialogs dialogs;
+  QStringList& messages = dialogs.texts;
 
  private:
   TQuendUtil utilities_;
-  std::unique_ptr<DialogDriver> dialogs_;
 };
 
 TEST_F(ParametersTest, WithoutFilesTheDefaultsStand) {

@@ -47,7 +47,7 @@ TEST_F(Utilities, Creation) {
 
 TEST_F(Utilities, Dialogs) {
   ScriptedDialogs dialogs;
-  dialogs.answers = {2, 2, 100, 2};
+  dialogs.answers = {TQuendUtil::Confirmed};
   EXPECT_EQ(utilities.ErrorMesaj(nullptr, u"bir"_s), 2);
   EXPECT_EQ(utilities.NormalMesaj(nullptr, u"iki"_s), 2);
   EXPECT_EQ(utilities.Mesaj(nullptr, u"üç"_s), TQuendUtil::Confirmed);

@@ -57,7 +57,7 @@ void CardsTest::enter(CardEditor& editor, const QString& column, const QString& 
   EditLine* line = editor.box(column)->line();
   line->setFocus();
   line->selectAll();
-  for (const QChar letter : text) QTest::sendKeyEvent(QTest::Click, line, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+  type(line, text);
   press(*line, Qt::Key_Return);
 }
 

@@ -16,6 +16,7 @@
 #include "reminders/fhatirlat_unit.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/support/test_database.h"
+#include "tests/support/typing.h"
 
 #include <gmock/gmock.h>
 

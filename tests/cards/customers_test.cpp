@@ -1,6 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
 #include "tests/cards/cards_fixture.h"
-#include "tests/faults/cutting_proxy.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
@@ -56,8 +55,7 @@ TEST_F(CustomersTest, CardIsTypedInItsOrderInTurkishCapitals) {
         QWidget* focused = QApplication::focusWidget();
         ASSERT_EQ(focused, customerEditor.box(column)->line()) << qPrintable(column);
         EXPECT_EQ(customerEditor.box(column)->width(), column == u"CA_AD"_s || column == u"CA_ADRES"_s || column == u"CA_UNVAN"_s ? 456 : 225);
-        for (const QChar letter : u"dilı"_s + column.last(2))
-          QTest::sendKeyEvent(QTest::Click, focused, Qt::Key_unknown, QString(letter).toLower(), Qt::NoModifier);
+        type(focused, u"dilı"_s + column.last(2).toLower());
         press(*focused, Qt::Key_Return);
       }
       EXPECT_EQ(customerEditor.box(u"CA_UNVAN"_s)->width(), 225);
@@ -116,7 +114,7 @@ TEST_F(CustomersTest, EmptyNameAndUnstorableLetter) {
     within([this] { EXPECT_TRUE(runCommand(customers, u"aEkle"_s)); }, customerEditor, [this] {
       enter(customerEditor, u"CA_NO"_s, u"9"_s);
       customerEditor.box(u"CA_UNVAN"_s)->line()->setFocus();
-      QTest::sendKeyEvent(QTest::Click, customerEditor.box(u"CA_UNVAN"_s)->line(), Qt::Key_unknown, u"日"_s, Qt::NoModifier);
+      type(customerEditor.box(u"CA_UNVAN"_s)->line(), u"日"_s);
       const auto isTold = [this] { return balloon()->text().contains(u"日"_s) && balloon()->text().contains(u"\"CARİ ÜNVAN\""_s); };
       save();
       EXPECT_TRUE(customerEditor.isVisible());
@@ -140,7 +138,7 @@ TEST_F(CustomersTest, CardDeletedMeanwhile) {
       run(u"DELETE FROM cari WHERE CA_AD = 'AYŞE IŞIK'");
       enter(customerEditor, u"CA_NO"_s, u"1"_s);
       save();
-      EXPECT_THAT(dialogs.texts(), ElementsAre(deletedText));
+      EXPECT_THAT(dialogs.texts, ElementsAre(deletedText));
       ASSERT_TRUE(customerEditor.isVisible());
       // With another customer's name in the box the card counts as changed: meant.
       enter(customerEditor, u"CA_AD"_s, u"cem ince"_s);
@@ -296,7 +294,7 @@ TEST_F(CustomersTest, FilterByDeviceIsAskedOfTheServer) {
     EXPECT_THAT(shown(customers.qCari, u"CA_AD"_s), ElementsAre(u"CEM İNCE"_s));
     EXPECT_TRUE(runCommand(customers, u"aDuzelt"_s));
     EXPECT_FALSE(customerEditor.isVisible()) << "the rows of two tables have no key to be saved by";
-    EXPECT_TRUE(dialogs.texts().last().startsWith(u"Cihaz modeline göre daraltılmış"_s));
+    EXPECT_TRUE(dialogs.texts.last().startsWith(u"Cihaz modeline göre daraltılmış"_s));
   });
   inList([this] { EXPECT_EQ(customers.qCari.RecordCount(), 3); });
 }
@@ -317,7 +315,7 @@ TEST_F(CustomersTest, ServerGoneInMidCommand) {
 
     dialogs.answers = {confirm};
     EXPECT_TRUE(runCommand(customers, u"aFisSil"_s));
-    EXPECT_EQ(dialogs.texts().back(), u"Seçilen cari kart silinemedi!"_s);
+    EXPECT_EQ(dialogs.texts.back(), u"Seçilen cari kart silinemedi!"_s);
     EXPECT_EQ(customers.qCari.RecordCount(), 3);
 
     for (const QString& command : {u"aGuncelle"_s, u"aCihaz"_s}) {
@@ -339,40 +337,6 @@ TEST_F(CustomersTest, ServerGoneInMidCommand) {
   EXPECT_EQ(std::exchange(unhandled, {}).size(), 1);
 }
 
-// Cut at every packet of a delete: the card is there and told about, or it is gone; nothing stays open.
-TEST_F(CustomersTest, ConnectionCutWithinADelete) {
-  CuttingProxy proxy(qEnvironmentVariable("KVTK_TEST_SERVER"), 3313);
-  DM->MySQL.Close();
-  DM->MySQL.Server = u"127.0.0.1"_s;
-  DM->MySQL.Port = proxy.port();
-  int packets = 0;
-  const auto deletedThroughProxy = [&](int packet) {
-    run(u"REPLACE INTO cari (CA_ID, CA_AD) VALUES (1, 'AYŞE IŞIK')");
-    DM->MySQL.Connect();
-    inList([&] {
-      const QStringList names = shown(customers.qCari, u"CA_AD"_s);
-      customers.grid()->setCurrentRow(int(names.indexOf(u"AYŞE IŞIK"_s)));
-      proxy.arm(packet, Cut::BeforePacket);
-      dialogs.answers = {confirm};
-      EXPECT_TRUE(runCommand(customers, u"aFisSil"_s));
-      if (packet == 0) packets = proxy.packets();
-    });
-    EXPECT_FALSE(DM->MySQL.InTransaction());
-    DM->MySQL.Close();
-    return dialogs.shown.back().text != u"Seçilen cari kart silinemedi!"_s;
-  };
-  run(u"DELETE FROM cari WHERE CA_AD = 'AYŞE IŞIK'");
-  ASSERT_TRUE(deletedThroughProxy(0));
-  ASSERT_GE(packets, 6);  // begin, delete, commit, each with its answer
-  for (int packet = 1; packet <= packets; ++packet) {
-    SCOPED_TRACE(packet);
-    EXPECT_FALSE(deletedThroughProxy(packet));
-    ASSERT_TRUE(proxy.hasCut());
-    // Without the answer to its commit nobody knows; the server has done it.
-    const QString left = packet == packets ? u"0"_s : u"1"_s;
-    EXPECT_TRUE(QTest::qWaitFor([&] { return rows(u"select count(*) from cari where CA_ID = 1"_s) == left; }));
-  }
-}
 // Commands in any order, under any order, grouping and search: the editor always gets the row under the cursor, and in the end
 // the list shows what is stored.
 TEST_F(CustomersTest, RandomCommandsKeepCursorAndRowsTogether) {

@@ -30,8 +30,7 @@ class ListsTest : public CardsTest {
   static void typeRow(InPlaceList& list, const QStringList& texts) {
     QTest::keyClick(list.grid()->view(), Qt::Key_Insert);
     for (const QString& text : texts) {
-      for (const QChar letter : text)
-        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
+      for (const QChar letter : text) type(QApplication::focusWidget(), letter);
       press(*QApplication::focusWidget(), Qt::Key_Return);
     }
   }
@@ -82,7 +81,7 @@ TEST_F(ListsTest, CellThatWasRefusedKeepsTheListOpen) {
   serviceTypes.qServisTip.Open();
   inTypes([this] {
     QTest::keyClick(serviceTypes.grid()->view(), Qt::Key_Insert);
-    QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, u"日"_s, Qt::NoModifier);
+    type(QApplication::focusWidget(), u"日"_s);
     serviceTypes.done(0);
     EXPECT_TRUE(serviceTypes.isVisible());
     EXPECT_TRUE(serviceTypes.findChild<Balloon*>()->text().contains(u"\"SERVİS ADI\""_s));
@@ -138,7 +137,7 @@ TEST_F(ListsTest, ServiceTypesStayOpenAndRefuseAWordTwice) {
     EXPECT_TRUE(serviceTypes.grid()->postEdits());
     typeRow(serviceTypes, {u"atölye"_s});
     EXPECT_FALSE(serviceTypes.grid()->postEdits());
-    EXPECT_EQ(dialogs.texts().back(), u"\"SERVİS ADI\" alanı mükerrer değer kabul etmiyor."_s);
+    EXPECT_EQ(dialogs.texts.back(), u"\"SERVİS ADI\" alanı mükerrer değer kabul etmiyor."_s);
     EXPECT_EQ(serviceTypes.qServisTip.state(), QueryState::Insert);
     serviceTypes.qServisTip.Cancel();
   });
@@ -154,12 +153,12 @@ TEST_F(ListsTest, CatalogueIsDeletedFromButNotAddedTo) {
     press(*devices.grid()->view(), Qt::Key_Return);
     dialogs.answers = {confirm};
     EXPECT_TRUE(runCommand(devices, u"aFisSil"_s));
-    EXPECT_EQ(dialogs.texts().back(), u"Seçilen cihaz kartı silinecek onaylıyor musunuz?"_s);
+    EXPECT_EQ(dialogs.texts.back(), u"Seçilen cihaz kartı silinecek onaylıyor musunuz?"_s);
     EXPECT_THAT(shown(devices.qCihaz, u"C_AD"_s), ElementsAre(u"FIRIN"_s));
     const FailureAtRemoval failure(devices.qCihaz);
     dialogs.answers = {confirm};
     EXPECT_TRUE(runCommand(devices, u"aFisSil"_s));
-    EXPECT_EQ(dialogs.texts().back(), u"Seçilen cihaz kartı silinemedi!"_s);
+    EXPECT_EQ(dialogs.texts.back(), u"Seçilen cihaz kartı silinemedi!"_s);
     EXPECT_THAT(shown(devices.qCihaz, u"C_AD"_s), ElementsAre(u"FIRIN"_s)) << "read anew";
   });
   EXPECT_EQ(rows(u"select C_AD from cihaz"_s), u"FIRIN"_s);
@@ -184,7 +183,7 @@ TEST_F(ListsTest, FirmsAreAddedAndChanged) {
     EXPECT_EQ(firms.qDisServis.state(), QueryState::Browse);
     dialogs.answers = {confirm};
     EXPECT_TRUE(runCommand(firms, u"aFisSil"_s));
-    EXPECT_EQ(dialogs.texts().back(), u"Seçilen dış servis kartı silinecek onaylıyor musunuz?"_s);
+    EXPECT_EQ(dialogs.texts.back(), u"Seçilen dış servis kartı silinecek onaylıyor musunuz?"_s);
   });
   EXPECT_EQ(rows(u"select DS_AD, DS_ADRES from disservis"_s), u"ESKİ|~"_s);
 }

@@ -185,8 +185,8 @@ TEST_F(ContractsTest, AfterOneConflictVersionsAreCheckedWithoutFalseAlarms) {
       });
   });
   ASSERT_EQ(dialogs.shown.size(), 3);
-  EXPECT_TRUE(dialogs.texts()[0].contains(u"silinmiştir"_s));
-  EXPECT_TRUE(dialogs.texts()[1].contains(u"değiştirilmiştir"_s));
+  EXPECT_TRUE(dialogs.texts[0].contains(u"silinmiştir"_s));
+  EXPECT_TRUE(dialogs.texts[1].contains(u"değiştirilmiştir"_s));
   EXPECT_EQ(stored(u"select SOZ_AD from sozlesme"_s), "İKİ");
 }
 
@@ -258,7 +258,7 @@ TEST_F(ContractsTest, DeletingAsksAndALostServerIsToldByTheApplication) {
     EXPECT_EQ(stored(u"select count(*) from sozlesme"_s), "2");
     press(contracts, Qt::Key_F6);
     EXPECT_EQ(stored(u"select SOZ_NO from sozlesme"_s), "200");
-    EXPECT_EQ(dialogs.texts().back(), u"Seçilen bakım sözleşmesi silinecek onaylıyor musunuz"_s);
+    EXPECT_EQ(dialogs.texts.back(), u"Seçilen bakım sözleşmesi silinecek onaylıyor musunuz"_s);
     cutConnection();
     dialogs.answers = {100};
     press(contracts, Qt::Key_F6);

@@ -97,6 +97,11 @@ TEST_F(QueryTest, OnlyChangedColumnsAreSentAndNothingWhenNoneChanged) {
 
 TEST_F(QueryTest, OfTwoWritersWithinOneSecondOneLoses) {
   const qint64 id = insertRow(u"1"_s, u"x"_s);
+  run("UPDATE deneme SET AD = 'theirs'");
+  query.Edit();
+  query.FieldByName(u"AD"_s).set(u"mine"_s);
+  raised<EDatabaseError>([&] { query.Post(); });  // an inserted row has its version as well
+  query.Cancel();
   TMyConnection& second = database.secondConnection();
   TMyQuery other(second, u"qOther"_s);
   other.Options.CheckRowVersion = true;

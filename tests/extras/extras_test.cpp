@@ -11,7 +11,7 @@
 #include "simulator/simulator.h"
 #include "tests/support/fixed_environment.h"
 #include "tests/support/test_database.h"
-#include "tests/toolkit/typing.h"
+#include "tests/support/typing.h"
 
 #include <gmock/gmock.h>
 

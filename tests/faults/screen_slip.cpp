@@ -83,41 +83,12 @@ void ScreenSlip::takeIn(const SlipContent& content) {
   for (int line = 0; line < content.parts.size(); ++line) addLine(line + 1, content.parts[line]);
 }
 
-void ScreenSlip::open(const QString& number) {
-  pGetQ_.SQL.setText(u"select TS_ID from teknikservis where TS_NO = :TS_NO"_s);
-  pGetQ_.ParamByName(u"TS_NO"_s) = number;
-  pGetQ_.Open();
-  store_.open(pGetQ_.FieldByName(u"TS_ID"_s).asInteger());
-  isNew_ = false;
-}
-
-void ScreenSlip::change(const SlipContent& content) {
-  typed_ = content;
-  qMalzeme_.First();
-  qMalzeme_.Edit();
-  qMalzeme_.FieldByName(u"MZ_PARCA_ADI"_s).set(content.parts.first());
-  qMalzeme_.Post();
-  qMalzeme_.Next();
-  qMalzeme_.Delete();
-  for (int line = 1; line < content.parts.size(); ++line) addLine(line + 1, content.parts[line]);
-}
-
 std::optional<SaveFailure> ScreenSlip::save() {
   const auto fillRow = [this] {
     qServis_.FieldByName(u"TS_NO"_s).set(typed_.number);
     qServis_.FieldByName(u"TS_MUSTERI"_s).set(typed_.customer);
   };
-  const SlipExtras extras{u"QUEND"_s, {}, typed_.picture, typed_.note};
-  if (isNew_) return store_.saveNew(fillRow, extras);
-  store_.refreshRow();
-  return store_.saveExisting(fillRow, extras);
-}
-
-QStringList ScreenSlip::shownParts() {
-  const int part = qMalzeme_.fieldIndex(u"MZ_PARCA_ADI"_s);
-  QStringList parts;
-  for (int row = 0; row < qMalzeme_.RecordCount(); ++row) parts += qMalzeme_.valueAt(row, part).toText();
-  return parts;
+  return store_.saveNew(fillRow, {u"QUEND"_s, {}, typed_.picture, typed_.note});
 }
 
 void ScreenSlip::addLine(int line, const QString& part) {

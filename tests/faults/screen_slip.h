@@ -26,22 +26,15 @@ qint64 connectionId(TMyConnection& connection);
 /// Waits until the server has ended that connection and taken back what it had open; false after ten seconds.
 bool waitForEnd(TMyConnection& observer, qint64 connectionId);
 
-/// A slip as it stands on a screen: its queries and what was typed.
+/// A new slip as it stands on a screen: its queries and what was typed.
 class ScreenSlip {
  public:
   explicit ScreenSlip(TMyConnection& connection);
 
   /// Types a new slip.
   void takeIn(const SlipContent& content);
-  /// Opens the slip with that number.
-  void open(const QString& number);
-  /// Types over the open slip: the first line becomes the first part, the second is deleted, the others are added.
-  void change(const SlipContent& content);
   /// Writes what was typed; runs what the slip editor runs. Throws EMyError.
   std::optional<SaveFailure> save();
-
-  QStringList shownParts();
-  bool linesArePending() const { return qMalzeme_.UpdatesPending(); }
 
  private:
   void addLine(int line, const QString& part);
@@ -51,5 +44,4 @@ class ScreenSlip {
   TMyQuery pGetQ_;
   SlipStore store_;
   SlipContent typed_;
-  bool isNew_ = true;
 };

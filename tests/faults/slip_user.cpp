@@ -16,14 +16,12 @@
 #include "tests/support/test_database.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/edit_box.h"
-#include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/edits/text_edit.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QPainter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -48,20 +46,6 @@ void tell(QString text) {
   std::cout << text.toStdString() << std::endl;
 }
 
-/// All windows that are up, as they lie on the screen.
-void keepPicture(QWidget& workspace, const QString& name) {
-  const QString folder = qEnvironmentVariable("KVTK_SHOTS");
-  if (folder.isEmpty()) return;
-  QDir().mkpath(folder);
-  QPixmap picture(workspace.size());
-  QPainter painter(&picture);
-  painter.drawPixmap(0, 0, workspace.grab());
-  for (QWidget* window : QApplication::topLevelWidgets())
-    if (window->isVisible() && window != &workspace) painter.drawPixmap(window->mapToGlobal(QPoint()) - workspace.mapToGlobal(QPoint()), window->grab());
-  painter.end();
-  picture.save(QDir(folder).filePath(name + u".png"_s));
-}
-
 class Workstation : public DialogDriver {
  public:
   explicit Workstation(TfKvb& workspace) : workspace_(workspace) {}
@@ -79,7 +63,6 @@ class Workstation : public DialogDriver {
     const QString answer = request.buttons.size() == 1 ? request.buttons.front().caption : answer_;
     postGuarded(&workspace_, [this, answer] {
       QTest::qWait(20);
-      if (!picture_.isEmpty()) keepPicture(workspace_, picture_);
       for (auto* button : QApplication::activeModalWidget()->findChildren<QPushButton*>())
         if (button->text() == answer) return button->click();
     });
@@ -105,41 +88,21 @@ class Workstation : public DialogDriver {
     action->trigger();
     QStringList told = said_;
     if (fServisFis != nullptr && balloon().isUp()) told.append(balloon().text());
-    if (!picture_.isEmpty() && said_.isEmpty()) keepPicture(workspace_, picture_);
-    picture_.clear();
     return told.join(u'|');
-  }
-
-  /// The next write of the slip waits, after the slip was read anew, until "go" comes.
-  void hold() {
-    slip().qServis.BeforePost = [this, isDone = false]() mutable {
-      if (std::exchange(isDone, true)) return;
-      tell(u"held"_s);
-      readCommand();
-    };
   }
 
   TfKvb& workspace_;
   QStringList said_;
   QString answer_ = u"Vazgeç"_s;
-  QString picture_;
   const std::map<QString, std::function<QString(const QStringList&)>> commands_{
       {u"new"_s, [this](const QStringList&) { ports().newSlip(); return box(u"TS_NO"_s).text(); }},
       {u"open"_s, [this](const QStringList& words) { return open(words[1]); }},
       {u"close"_s, [this](const QStringList&) { slip().parentWidget()->close(); return QString(); }},
       {u"set"_s, [this](const QStringList& words) { box(words[1]).setText(words[2]); return QString(); }},
-      {u"get"_s, [this](const QStringList& words) { return box(words[1]).text(); }},
-      {u"note"_s, [this](const QStringList& words) { slip().findChild<MemoEdit*>(u"SF_NOT"_s)->setText(words[1]); return QString(); }},
-      {u"number"_s, [this](const QStringList&) { box(u"TS_NO"_s).pressButton(1); return box(u"TS_NO"_s).text(); }},
       {u"answer"_s, [this](const QStringList& words) { answer_ = words[1]; return QString(); }},
-      {u"picture"_s, [this](const QStringList& words) { picture_ = words[1]; return QString(); }},
-      {u"hold"_s, [this](const QStringList&) { hold(); return QString(); }},
       {u"save"_s, [this](const QStringList&) { return trigger(slip().aKaydet); }},
       {u"delete"_s, [this](const QStringList&) { return trigger(slip().aSil); }},
-      {u"state"_s, [this](const QStringList&) {
-         if (fServisFis == nullptr) return u"none"_s;
-         return slip().EditorMode == TfServisFis::Mode::Insert ? u"insert"_s : u"edit"_s;
-       }},
+      {u"isOpen"_s, [](const QStringList&) { return fServisFis != nullptr ? u"yes"_s : u"no"_s; }},
   };
 };
 

@@ -37,11 +37,6 @@ QString UserProgram::run(const QStringList& words) {
   return answer();
 }
 
-QString UserProgram::save(const QString& picture) {
-  if (!picture.isEmpty()) run({u"picture"_s, picture});
-  return run({u"save"_s});
-}
-
 QString UserProgram::takeIn(const QString& customer) {
   const QString number = run({u"new"_s});
   set(u"TS_MUSTERI"_s, customer);

@@ -20,14 +20,13 @@ class UserProgram {
   void begin(const QStringList& words);
   QString answer();
   QString run(const QStringList& words);
-  /// What dialogs and balloon said, joined by "|"; picture: name of one to keep.
-  QString save(const QString& picture = {});
+  /// What dialogs and balloon said, joined by "|".
+  QString save() { return run({QStringLiteral("save")}); }
   /// Opens a new slip that may be saved; gives the number that it proposes.
   QString takeIn(const QString& customer);
   void set(const QString& column, const QString& text) { run({QStringLiteral("set"), column, text}); }
-  QString get(const QString& column) { return run({QStringLiteral("get"), column}); }
-  /// "insert", "edit" or, without a slip window, "none".
-  QString state() { return run({QStringLiteral("state")}); }
+  /// Whether a slip window is open.
+  bool isOpen() { return run({QStringLiteral("isOpen")}) == QStringLiteral("yes"); }
 
  private:
   QProcess process_;

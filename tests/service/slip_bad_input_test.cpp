@@ -4,18 +4,12 @@
 #include "tests/service/slip_form_fixture.h"
 
 #include <QBuffer>
-#include <QClipboard>
 #include <QCryptographicHash>
 #include <QImage>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-void paste(QWidget* target, const QString& text) {
-  QApplication::clipboard()->setText(text);
-  QTest::keyClick(target, Qt::Key_V, Qt::ControlModifier);
-}
 
 QByteArray pictureBytes(const char* format) {
   QByteArray bytes;
@@ -107,9 +101,9 @@ TEST_F(SlipBadInput, HostileTextsAreStoredAsTheyStandOrRefusedAtTheirBox) {
   EXPECT_EQ(text(again, u"TS_ACIKLAMA"_s), hostile);
   EXPECT_EQ(again->windowTitle(), u"('\\%_) Servis Fişi"_s);
 
-  for (const QString& column : {u"TS_ACIKLAMA"_s, u"TS_C_SIKAYET"_s}) {
+  for (const QString& column : {u"TS_ACIKLAMA"_s, u"TS_C_SIKAYET"_s, u"SF_NOT"_s}) {
     TfServisFis* other = filledSlip(u"200"_s);
-    paste(other->control(column)->focusProxy(), u"iyi \U0001F600 ж"_s);
+    paste(column == u"SF_NOT"_s ? note(other)->editor() : other->control(column)->focusProxy(), u"iyi \U0001F600 ж"_s);
     save(other);
     EXPECT_TRUE(balloon(other)->text().contains(u"\"\U0001F600\" (U+1F600) karakteri kaydedilemez"_s)) << qPrintable(balloon(other)->text());
     EXPECT_EQ(rows(u"select count(*) from teknikservis"_s), u"1"_s);

@@ -63,6 +63,9 @@ TEST_F(SlipDialogsTest, ReminderStandsInOneDialogForAllSlips) {
     press(Qt::Key_Return);
     press(Qt::Key_Up);
     EXPECT_EQ(reminder.TS_HATIRLATMA_SAAT->text(), u"01:00"_s);
+    reminder.TS_HATIRLATMA_SAAT->line()->end(false);
+    press(Qt::Key_Down);
+    EXPECT_EQ(reminder.TS_HATIRLATMA_SAAT->text(), u"00:59"_s) << "minutes behind the colon";
     reminder.TS_HATIRLATMA_SAAT->line()->selectAll();
     type(u"0930"_s);
     reminder.TS_HATIRLATMA_NOTU->setFocus();

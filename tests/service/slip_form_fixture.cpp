@@ -53,8 +53,7 @@ EditBox* SlipFormTest::box(TfServisFis* slip, const QString& column) {
 }
 
 void SlipFormTest::type(const QString& characters) {
-  for (const QChar character : characters)
-    QTest::sendKeyEvent(QTest::Click, keyTarget(), Qt::Key_unknown, QString(character), Qt::NoModifier);
+  for (const QChar character : characters) ::type(keyTarget(), character);
 }
 
 void SlipFormTest::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {

@@ -10,11 +10,12 @@
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfis_unit.h"
+#include "tests/support/scripted_dialogs.h"
 #include "tests/support/test_database.h"
+#include "tests/support/typing.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/edit_box.h"
 #include "toolkit/edits/memo_edit.h"
-#include "toolkit/edits/task_dialog.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_model.h"
@@ -33,14 +34,6 @@
 /// Failures show texts as texts.
 inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
 
-/// What the scripted dialogs were asked, and what they answer.
-struct DialogScript {
-  QStringList texts;
-  int answer = 2;
-  QString file;
-  std::function<void()> onShown = [] {};
-};
-
 /// The real workspace with slip windows on the real database, dialogs answered by a script.
 class SlipFormTest : public testing::Test {
  protected:
@@ -56,7 +49,6 @@ class SlipFormTest : public testing::Test {
     database.emptyTables();
     run(u"INSERT INTO servistip (SERVIS_AD) VALUES ('ATÖLYE'), ('YERİNDE')");
     setUnhandledHandler([this](QObject*, const std::exception& error) { unhandled.append(QString::fromUtf8(error.what())); });
-    setDialogDriver(std::make_unique<ScriptedDialogs>(dialogs));
     workspace.show();
     workspace.Timer1->stop();
     workspace.resize(1366, 768);
@@ -66,7 +58,6 @@ class SlipFormTest : public testing::Test {
   void TearDown() override {
     workspace.close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    setDialogDriver(nullptr);
     setUnhandledHandler({});
     EXPECT_TRUE(unhandled.isEmpty()) << qPrintable(unhandled.join(u'\n'));
   }
@@ -106,7 +97,7 @@ class SlipFormTest : public testing::Test {
   }
 
   QTemporaryDir folder;
-  DialogScript dialogs;
+  ScriptedDialogs dialogs;
   QStringList unhandled;
   TestDatabase database;
   TfKvb workspace;
@@ -117,20 +108,5 @@ class SlipFormTest : public testing::Test {
   TLogin_Form login;
 
  private:
-  class ScriptedDialogs : public DialogDriver {
-   public:
-    explicit ScriptedDialogs(DialogScript& script) : script_(script) {}
-    int runTaskDialog(QWidget*, const TaskDialogRequest& request) override {
-      script_.texts.append(request.text);
-      script_.onShown();
-      return request.buttons.size() == 1 ? request.buttons.front().id : script_.answer;
-    }
-    QString askOpenFile(QWidget*, const QString&, const QString&, const QString&) override { return script_.file; }
-    QString askSaveFile(QWidget*, const QString&, const QString&, const QString&) override { return script_.file; }
-
-   private:
-    DialogScript& script_;
-  };
-
   QString before_;
 };

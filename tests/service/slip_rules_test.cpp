@@ -77,14 +77,19 @@ TEST(SlipRules, GeneratedSerialHasNoLetterLikeADigit) {
 }
 
 TEST(SlipRules, ListsKeepTheirPlacesAndTheirTwoSpellings) {
-  ASSERT_EQ(SlipLists::statuses().size(), 16);
-  EXPECT_EQ(SlipLists::statuses().indexOf(SlipLists::intakeStatus()), 0);
+  // Stored as they are spelled, and a status's place names its receipt.
+  EXPECT_EQ(SlipLists::statuses().join(u'|'),
+            u"ARIZA KABUL|SIRA BEKLİYOR|PARÇA BEKLİYOR|İŞLEM YAPILMADI|İADE EDİLDİ|SERVİSE ALINDI|ONARILIYOR|DIŞ SERVİSTE|"
+            u"FABRİKA İADESİ BEKLENİYOR|FABRİKA DEĞİŞİM BEKLENİYOR|MÜŞTERİ ONAYI BEKLENİYOR|MÜŞTERİ ONAY VERDİ|MÜŞTERİ ONAYLAMADI|"
+            u"TAMAMLANDI|FATURALANDI|TESLİM EDİLDİ"_s);
+  EXPECT_EQ(SlipLists::intakeStatus(), u"ARIZA KABUL"_s);
   EXPECT_EQ(SlipLists::outsideServiceStatus(), u"DIŞ SERVİSTE"_s);
   EXPECT_EQ(SlipLists::completedStatus(), u"TAMAMLANDI"_s);
-  EXPECT_EQ(SlipLists::statuses().last(), u"TESLİM EDİLDİ"_s);
   EXPECT_EQ(SlipLists::historyStatuses().at(4), u"İPTAL EDİLDİ"_s);
   EXPECT_EQ(SlipLists::historyStatuses().at(15), u"TESLİME HAZIR"_s);
-  EXPECT_NE(SlipLists::warrantyStates().last(), SlipLists::browserWarrantyStates().last());
+  EXPECT_EQ(SlipLists::warrantyStates().join(u'|'), u"|VAR|YOK|BELİRSİZ|ONARIM GRANTİLİ"_s);
+  EXPECT_EQ(SlipLists::browserWarrantyStates().last(), u"ONARIM GARANTİLİ"_s);
+  EXPECT_EQ(SlipLists::paymentWays().join(u'|'), u"|Nakit|Kredi Kartı|Cari Hesap"_s);
 }
 
 TEST(SlipRules, OutsideServiceHintHasFiveLines) {

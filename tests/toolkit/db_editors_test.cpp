@@ -1,7 +1,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "base/guard.h"
 #include "tests/data/query_fixture.h"
-#include "tests/toolkit/typing.h"
+#include "tests/support/typing.h"
 
 #include <QVBoxLayout>
 

@@ -1,6 +1,6 @@
 // An open list, look-up or calendar and what a user does beside it. Keys and clicks go to the window, as the system sends
 // them: what reaches a widget is the windows' business.
-#include "tests/toolkit/typing.h"
+#include "tests/support/typing.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/drop_down.h"

@@ -1,7 +1,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "base/data/value.h"
 #include "base/exceptions.h"
-#include "tests/toolkit/typing.h"
+#include "tests/support/typing.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/memo_edit.h"
 

@@ -1,7 +1,7 @@
 #include "base/data/value.h"
 #include "base/exceptions.h"
 #include "tests/support/fixed_environment.h"
-#include "tests/toolkit/typing.h"
+#include "tests/support/typing.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/date_edit.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tests/data/query_fixture.h"
+#include "tests/support/typing.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
@@ -26,7 +27,7 @@ class GridTest : public QueryTest {
   /// Texts of a column from top to bottom; groups in brackets, group footers as "=…", the line for new rows as "+".
   QStringList lines(const QString& field = QStringLiteral("AD")) const;
   void type(const QString& text) const {
-    for (const QChar letter : text) QTest::sendKeyEvent(QTest::Click, target(), Qt::Key_unknown, QString(letter), Qt::NoModifier);
+    for (const QChar letter : text) ::type(target(), letter);  // the first one may open an editor
   }
   void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
     QTest::keyClick(target(), Qt::Key(key), modifiers);

@@ -1,4 +1,4 @@
-#include "tests/toolkit/typing.h"
+#include "tests/support/typing.h"
 #include "toolkit/edits/drop_down.h"
 #include "toolkit/edits/lookup_edit.h"
 #include "toolkit/edits/lookup_model.h"
