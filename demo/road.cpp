@@ -5,6 +5,7 @@
 #include "app/kvbankUnit.h"
 #include "demo/cards_road.h"
 #include "demo/contracts_road.h"
+#include "demo/extras_road.h"
 #include "demo/messages_road.h"
 #include "demo/paper_road.h"
 #include "demo/screen_hands.h"
@@ -213,6 +214,7 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.press({u"Escape"_s});
   hands.waitFor(u"list closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
   walkTheCards(hands);
+  walkTheExtras(hands);
   ContractsRoad::addContract(hands);
   PaperRoad::lookAtLetter(hands);
   ContractsRoad::lookAtReminders(hands);
