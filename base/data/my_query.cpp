@@ -4,6 +4,7 @@
 #include "base/data/my_query_rows.h"
 #include "base/data/sql_text.h"
 #include "base/exceptions.h"
+#include "base/parallel.h"
 
 #include <QSet>
 
@@ -15,6 +16,10 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// Of rows that lie scattered the pointers are asked of the memory first, then the bytes that they lead to.
+constexpr size_t farAhead = 16;
+constexpr size_t nearAhead = 8;
 
 QString folded(const QString& name) { return name.toCaseFolded(); }
 
@@ -257,26 +262,41 @@ void TMyQuery::setFilter(std::optional<FilterExpression> filter) {
 
 void TMyQuery::applyFilter() {
   const FilterExpression::RowTest test = filter_->compiled(fields_);
-  Row row = nullptr;
-  const FilterExpression::CellReader reader = [this, &row](int field) -> std::optional<QByteArrayView> {
-    if (row[field] == nullptr) return std::nullopt;
-    return cell(row, field);
-  };
-  rows_.clear();
-  for (const Row each : allRows_) {
-    row = each;
-    if (test(reader)) rows_.push_back(each);
-  }
+  std::vector<std::vector<Row>> passed(Parallel::partsOf(allRows_.size()));
+  Parallel::run(allRows_.size(), [&](size_t part, size_t begin, size_t end) {
+    std::vector<Row> own;
+    Row row = nullptr;
+    int asked = 0;  // what one row was asked for, the next ones will be
+    const FilterExpression::CellReader reader = [this, &row, &asked](int field) -> std::optional<QByteArrayView> {
+      asked = field;
+      if (row[field] == nullptr) return std::nullopt;
+      return cell(row, field);
+    };
+    for (size_t i = begin; i < end; ++i) {
+      fetchAhead(std::span(allRows_).subspan(i), asked);
+      row = allRows_[i];
+      if (test(reader)) own.push_back(row);
+    }
+    passed[part] = std::move(own);
+  });
+  rows_ = std::move(passed.front());
+  for (size_t part = 1; part < passed.size(); ++part) rows_.insert(rows_.end(), passed[part].begin(), passed[part].end());
+}
+
+void TMyQuery::fetchAhead(std::span<const Row> next, int field) {
+  if (next.size() > farAhead) __builtin_prefetch(next[farAhead] + field);
+  if (next.size() > nearAhead) __builtin_prefetch(next[nearAhead][field]);
+}
+
+void TMyQuery::prepareCells(std::span<const int> next, int field) const {
+  if (next.size() > farAhead) __builtin_prefetch(rows_[size_t(next[farAhead])] + field);
+  if (next.size() > nearAhead) __builtin_prefetch(rows_[size_t(next[nearAhead])][field]);
 }
 
 double TMyQuery::sumOf(int field) const {
-  // Rows lie scattered: their pointers, then their bytes are asked for a few rows ahead.
-  constexpr size_t farAhead = 16;
-  constexpr size_t nearAhead = 8;
   double sum = 0;
   for (size_t i = 0; i < rows_.size(); ++i) {
-    if (i + farAhead < rows_.size()) __builtin_prefetch(rows_[i + farAhead] + field);
-    if (i + nearAhead < rows_.size()) __builtin_prefetch(rows_[i + nearAhead][field]);
+    fetchAhead(std::span(rows_).subspan(i), field);
     const QByteArrayView digits = cell(rows_[i], field);
     double number = 0;
     std::from_chars(digits.begin(), digits.end(), number);

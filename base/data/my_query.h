@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 
 class Exception;
 class TMyQuery;
@@ -166,6 +167,8 @@ class TMyQuery {
   Value valueAt(int row, int field) const;
   /// A shown row's cell as the server delivered it; nothing is NULL. The view lives until the row changes.
   std::optional<QByteArrayView> rawCell(int row, int field) const;
+  /// Makes the cells of a field come quickly in a long walk over rows that lie scattered; next: those from the walk's place on.
+  void prepareCells(std::span<const int> next, int field) const;
   /// The different values of a column, NULL left out, over all rows that were read, also those that the filter hides.
   std::vector<Value> distinctValues(int field) const;
   const std::vector<FieldInfo>& fields() const { return fields_; }
@@ -226,6 +229,7 @@ class TMyQuery {
   void removeShownRow(int row);
   void replaceRow(Row before, Row after);
   void applyFilter();
+  static void fetchAhead(std::span<const Row> next, int field);
   void leaveEditing();
   template <class Call>
   void notify(Call call);

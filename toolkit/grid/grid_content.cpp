@@ -6,9 +6,8 @@
 GridContent::GridContent(const GridModel& model, std::vector<int> columns, const std::function<int(int)>& widthOf, bool expanded)
     : hold_(model.query()), model_(model), columns_(std::move(columns)), rows_(model.rows()), skipped_(rows_.hasNewItemRow() ? 1 : 0) {
   for (const int column : columns_) widths_.push_back(widthOf(column));
-  if (!expanded || !rows_.isGrouped()) return;
-  rows_.setAllExpanded(true);
-  rows_.rebuild();
+  if (expanded && rows_.isGrouped()) rows_.setAllExpanded(true);
+  rows_.layOut();
 }
 
 ContentColumn GridContent::column(int column) const {

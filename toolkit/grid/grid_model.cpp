@@ -29,10 +29,7 @@ QString summaryText(GridSummary kind, const QString& format, const Value& value)
 
 GridModel::GridModel(TMyQuery& query, std::vector<GridColumn> columns, QObject* parent)
     : QAbstractTableModel(parent), query_(&query), columns_(std::move(columns)), rows_(query) {
-  QStringList sums;
-  for (const GridColumn& column : columns_)
-    if (column.groupSummary == GridSummary::Sum) sums += column.field;
-  rows_.setGroupSums(sums, hasGroupFooter());
+  rows_.setGroupFooters(hasGroupFooter());
   std::vector<GridRows::ShownText> shownTexts;
   for (int column = 0; column < columnCount(); ++column)
     if (const GridColumn& about = columns_[size_t(column)]; about.showsOtherTexts())
@@ -81,6 +78,12 @@ void GridModel::rebuildLines() {
   endResetModel();
 }
 
+void GridModel::layOutGroups() {
+  beginResetModel();
+  rows_.layOut();
+  endResetModel();
+}
+
 void GridModel::setOrder(std::vector<GridSort> order) {
   rows_.setOrder(std::move(order));
   rebuildLines();
@@ -93,16 +96,16 @@ void GridModel::setGrouping(std::vector<GridSort> levels, bool asText) {
 
 void GridModel::setExpanded(int group, bool expanded) {
   rows_.setExpanded(group, expanded);
-  rebuildLines();
+  layOutGroups();
 }
 
 void GridModel::setAllExpanded(bool expanded) {
   rows_.setAllExpanded(expanded);
-  rebuildLines();
+  layOutGroups();
 }
 
 void GridModel::openGroupsOf(int queryRow) {
-  if (rows_.openGroupsOf(queryRow)) rebuildLines();
+  if (rows_.openGroupsOf(queryRow)) layOutGroups();
 }
 
 Value GridModel::valueAt(int queryRow, int column) const {

@@ -90,6 +90,7 @@ class GridModel : public QAbstractTableModel, private QueryListener {
 
   void learnFields();
   void rebuildLines();
+  void layOutGroups();
   Value storedValue(int column, const QString& text) const;
   QString editText(int queryRow, int column) const;
 

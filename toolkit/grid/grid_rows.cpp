@@ -1,25 +1,64 @@
 #include "toolkit/grid/grid_rows.h"
 
 #include "base/data/my_query.h"
+#include "base/parallel.h"
 #include "toolkit/grid/cell_order.h"
 
 #include <algorithm>
 #include <charconv>
 #include <numeric>
+#include <span>
 #include <utility>
 
 namespace {
 
 double sumOf(const TMyQuery& query, const std::vector<int>& rows, int field) {
-  double sum = 0;
-  for (const int row : rows) {
-    const auto digits = query.rawCell(row, field);
-    double number = 0;
-    if (digits) std::from_chars(digits->begin(), digits->end(), number);
-    sum += number;
-  }
-  return sum;
+  std::vector<double> sums(Parallel::partsOf(rows.size()), 0);
+  Parallel::run(rows.size(), [&](size_t part, size_t begin, size_t end) {
+    double sum = 0;
+    for (size_t i = begin; i < end; ++i) {
+      query.prepareCells(std::span(rows).subspan(i), field);
+      const auto digits = query.rawCell(rows[i], field);
+      double number = 0;
+      if (digits) std::from_chars(digits->begin(), digits->end(), number);
+      sum += number;
+    }
+    sums[part] = sum;
+  });
+  return std::accumulate(sums.begin(), sums.end(), 0.0);
 }
+
+/// Rows parted by their keys, both in the order in which they came.
+class Parting {
+ public:
+  void add(QByteArrayView key, int row) {
+    const auto place = known_.constFind(key);
+    if (place != known_.constEnd()) return members_[size_t(*place)].push_back(row);
+    known_.insert(key, int(members_.size()));
+    keys_.push_back(key);
+    members_.push_back({row});
+  }
+  /// Adds what another one has behind what is here.
+  void add(const Parting& other) {
+    for (size_t i = 0; i < other.members_.size(); ++i) {
+      const auto place = known_.constFind(other.keys_[i]);
+      if (place == known_.constEnd()) {
+        known_.insert(other.keys_[i], int(members_.size()));
+        keys_.push_back(other.keys_[i]);
+        members_.push_back(other.members_[i]);
+      } else {
+        std::vector<int>& all = members_[size_t(*place)];
+        all.insert(all.end(), other.members_[i].begin(), other.members_[i].end());
+      }
+    }
+  }
+  std::vector<std::vector<int>> taken() { return std::move(members_); }
+
+ private:
+  QHash<QByteArrayView, int> known_;
+  std::vector<QByteArrayView> keys_;
+  std::vector<std::vector<int>> members_;
+};
 
 }  // namespace
 
@@ -30,14 +69,10 @@ void GridRows::setGrouping(std::vector<GridSort> levels, bool asText) {
   allExpanded_ = false;
 }
 
-void GridRows::setGroupSums(QStringList fields, bool withFooters) {
-  sumFields_ = std::move(fields);
-  footers_ = withFooters;
-}
-
 void GridRows::rebuild() {
   lines_.clear();
   groups_.clear();
+  outermost_.clear();
   plainRows_ = query_->Active() ? query_->RecordCount() : 0;
   plain_ = order_.empty() && levels_.empty();
   if (plain_) {
@@ -49,8 +84,21 @@ void GridRows::rebuild() {
   std::erase(rows, hiddenRow_);
   std::erase(rows, rowBehindGroups_);
   sortRows(rows);
+  if (const size_t level = usableLevel(0); level < levels_.size()) {
+    outermost_ = divided(rows, level, {});
+    return layOut();
+  }
   if (newItemRow_) lines_.push_back({GridRowKind::NewItem, 0, -1});
-  addLevel(rows, 0, {});
+  for (const int row : rows) lines_.push_back({GridRowKind::Data, quint8(levels_.size()), row});
+  if (rowBehindGroups_ >= 0) lines_.push_back({GridRowKind::Data, 0, rowBehindGroups_});
+}
+
+void GridRows::layOut() {
+  if (plain_ || usableLevel(0) == levels_.size()) return;
+  lines_.clear();
+  groups_.clear();
+  if (newItemRow_) lines_.push_back({GridRowKind::NewItem, 0, -1});
+  for (GridGroup& group : outermost_) addLines(group);
   if (rowBehindGroups_ >= 0) lines_.push_back({GridRowKind::Data, 0, rowBehindGroups_});
 }
 
@@ -150,67 +198,81 @@ void GridRows::sortRows(std::vector<int>& rows) const {
   });
 }
 
-void GridRows::addLevel(std::vector<int>& rows, size_t level, const QByteArray& path) {
-  if (level == levels_.size()) {
-    for (const int row : rows) lines_.push_back({GridRowKind::Data, quint8(level), row});
-    return;
+/// The first level from that one on whose field the query has; their number when there is none.
+size_t GridRows::usableLevel(size_t level) const {
+  while (level < levels_.size() && query_->fieldIndex(levels_[level].field) < 0) ++level;
+  return level;
+}
+
+/// NULL and the empty text read alike and make one group, and so do values that are shown as one text.
+std::vector<std::vector<int>> GridRows::partsOf(const std::vector<int>& rows, int field) const {
+  const auto cellOf = [&](int row) { return query_->rawCell(row, field).value_or(QByteArrayView("")); };
+  if (shownTextOf(field) != nullptr) {
+    QHash<QByteArrayView, QByteArray> shown;
+    Parting all;
+    for (const int row : rows) {
+      auto text = shown.constFind(cellOf(row));
+      if (text == shown.constEnd()) text = shown.insert(cellOf(row), shownAt(row, field).toUtf8());
+      all.add(*text, row);
+    }
+    return all.taken();
   }
+  std::vector<Parting> parts(Parallel::partsOf(rows.size()));
+  Parallel::run(rows.size(), [&](size_t part, size_t begin, size_t end) {
+    Parting own;
+    for (size_t i = begin; i < end; ++i) {
+      query_->prepareCells(std::span(rows).subspan(i), field);
+      own.add(cellOf(rows[i]), rows[i]);
+    }
+    parts[part] = std::move(own);
+  });
+  for (size_t part = 1; part < parts.size(); ++part) parts.front().add(parts[part]);
+  return parts.front().taken();
+}
+
+std::vector<GridGroup> GridRows::divided(const std::vector<int>& rows, size_t level, const QByteArray& path) const {
   const int field = query_->fieldIndex(levels_[level].field);
-  if (field < 0) {
-    addLevel(rows, level + 1, path);
-    return;
-  }
-  // NULL and the empty text read alike and make one group, and so do values that are shown as one text.
   const bool byShownText = shownTextOf(field) != nullptr;
-  QHash<QByteArrayView, QByteArray> shown;
-  QHash<QByteArrayView, int> known;
-  std::vector<std::vector<int>> members;
-  for (const int row : rows) {
-    QByteArrayView cell = query_->rawCell(row, field).value_or(QByteArrayView(""));
-    if (byShownText) {
-      auto text = shown.constFind(cell);
-      if (text == shown.constEnd()) text = shown.insert(cell, shownAt(row, field).toUtf8());
-      cell = *text;
-    }
-    const auto place = known.constFind(cell);
-    if (place != known.constEnd()) {
-      members[size_t(*place)].push_back(row);
-    } else {
-      known.insert(cell, int(members.size()));
-      members.push_back({row});
-    }
-  }
   const FieldInfo& info = query_->fieldInfo(field);
   const bool descending = levels_[level].descending;
+  std::vector<std::vector<int>> members = partsOf(rows, field);
   std::stable_sort(members.begin(), members.end(), [&](const std::vector<int>& left, const std::vector<int>& right) {
     const auto order = groupsAsText_ || byShownText
                            ? compareTexts(shownAt(left.front(), field), shownAt(right.front(), field))
                            : compareCells(info, query_->rawCell(left.front(), field), query_->rawCell(right.front(), field));
     return descending ? order > 0 : order < 0;
   });
-  for (std::vector<int>& member : members) {
-    const QByteArray ownPath = path + keyOf(member.front(), field);
-    const int number = int(groups_.size());
-    groups_.push_back({int(level), field, member.front(), int(member.size()), isExpanded(ownPath), ownPath});
-    lines_.push_back({GridRowKind::Group, quint8(level), number});
-    if (!groups_.back().expanded) {
-      groups_.back().rows = std::move(member);
-      continue;
-    }
-    sumUp(groups_.back(), member);
-    addLevel(member, level + 1, ownPath);
-    if (footers_) lines_.push_back({GridRowKind::GroupFooter, quint8(level), number});
-  }
+  std::vector<GridGroup> groups;
+  for (std::vector<int>& member : members)
+    groups.push_back({.level = int(level), .field = field, .sampleRow = member.front(), .count = int(member.size()),
+                      .path = path + keyOf(member.front(), field), .rows = std::move(member)});
+  return groups;
 }
 
-void GridRows::sumUp(const GridGroup& group, const std::vector<int>& rows) const {
-  for (const QString& summed : sumFields_)
-    if (const int field = query_->fieldIndex(summed); field >= 0) group.sums.insert(field, sumOf(*query_, rows, field));
+void GridRows::addLines(GridGroup& group) {
+  const int number = int(groups_.size());
+  groups_.push_back(&group);
+  lines_.push_back({GridRowKind::Group, quint8(group.level), number});
+  group.expanded = isExpanded(group.path);
+  if (!group.expanded) return;
+  const size_t next = usableLevel(size_t(group.level) + 1);
+  if (next == levels_.size()) {
+    for (const int row : group.rows) lines_.push_back({GridRowKind::Data, quint8(levels_.size()), row});
+  } else {
+    if (group.parts.empty()) group.parts = divided(std::exchange(group.rows, {}), next, group.path);
+    for (GridGroup& part : group.parts) addLines(part);
+  }
+  if (footers_) lines_.push_back({GridRowKind::GroupFooter, quint8(group.level), number});
 }
 
 double GridRows::groupSum(const GridGroup& group, int field) const {
-  if (!group.rows.empty()) sumUp(group, std::exchange(group.rows, {}));
-  return group.sums.value(field);
+  if (field < 0) return 0;
+  const auto known = group.sums.constFind(field);
+  if (known != group.sums.constEnd()) return *known;
+  double sum = sumOf(*query_, group.rows, field);
+  for (const GridGroup& part : group.parts) sum += groupSum(part, field);
+  group.sums.insert(field, sum);
+  return sum;
 }
 
 QByteArray GridRows::keyOf(int queryRow, int field) const {
@@ -247,7 +309,7 @@ int GridRows::lineOf(int queryRow) const {
   return line == lines_.end() ? -1 : int(line - lines_.begin());
 }
 
-void GridRows::setExpanded(int group, bool expanded) { expanded_.insert(groups_[size_t(group)].path, expanded); }
+void GridRows::setExpanded(int group, bool expanded) { expanded_.insert(groups_[size_t(group)]->path, expanded); }
 
 void GridRows::setAllExpanded(bool expanded) {
   expanded_.clear();

@@ -24,12 +24,13 @@ struct GridGroup {
   int count = 0;       ///< rows in it
   bool expanded = false;
   QByteArray path;     ///< tells it from all other groups, also after the rows were read again
-  mutable QHash<int, double> sums = {};  ///< per summed field; see GridRows::groupSum
-  mutable std::vector<int> rows = {};    ///< of a closed group whose sums were not asked for yet
+  std::vector<int> rows = {};            ///< in their order; none once it is divided
+  std::vector<GridGroup> parts = {};     ///< groups of the next level; made when it is first open
+  mutable QHash<int, double> sums = {};  ///< per summed field, as far as they were asked for; see GridRows::groupSum
 };
 
 /// Which lines a grid shows over a query's rows: sorted in memory, in groups, with a line for a new row. Without sorting and
-/// grouping nothing is kept per row.
+/// grouping nothing is kept per row. A copy is laid out before it is asked.
 class GridRows {
  public:
   /// The query must outlive it, or be replaced by another one and the lines worked out anew.
@@ -41,8 +42,8 @@ class GridRows {
   /// Levels of grouping from the outside in; asText orders the groups by what is shown, not by value.
   void setGrouping(std::vector<GridSort> levels, bool asText);
   const std::vector<GridSort>& grouping() const { return levels_; }
-  /// Fields whose sums stand in a footer of each group; withFooters shows the footers.
-  void setGroupSums(QStringList fields, bool withFooters);
+  /// Whether each open group ends with a footer.
+  void setGroupFooters(bool shown) { footers_ = shown; }
   /// A column whose rows are ordered and grouped by the text that a value is shown as.
   struct ShownText {
     QString field;
@@ -56,6 +57,8 @@ class GridRows {
 
   /// Works the lines out anew.
   void rebuild();
+  /// Works the lines out anew after groups were opened or closed, all else being as it was.
+  void layOut();
   // How the lines follow single rows while nothing is grouped. New rows come at the end, also of sorted ones, and stay there
   // until the lines are worked out anew.
   /// The query's last row is new; hidden: it is written in the line for a new row.
@@ -76,10 +79,11 @@ class GridRows {
   int lineOf(int queryRow) const;
   bool hasNewItemRow() const { return newItemRow_; }
   bool isGrouped() const { return !levels_.empty(); }
-  const GridGroup& group(int number) const { return groups_[size_t(number)]; }
-  /// Sum of a field of the query over a group's rows; 0 for one that is not summed.
+  const GridGroup& group(int number) const { return *groups_[size_t(number)]; }
+  /// Sum of a field of the query over a group's rows; 0 for a field that it lacks (-1).
   double groupSum(const GridGroup& group, int field) const;
 
+  // Take effect with layOut.
   void setExpanded(int group, bool expanded);
   void setAllExpanded(bool expanded);
   /// Opens the groups that a row of the query stands in; true when one was closed.
@@ -88,18 +92,19 @@ class GridRows {
  private:
   QByteArray keyOf(int queryRow, int field) const;
   const ShownText* shownTextOf(int field) const;
-  void sumUp(const GridGroup& group, const std::vector<int>& rows) const;
   QString shownAt(int queryRow, int field) const;
   std::vector<int> ranksOf(const std::vector<int>& rows, int field) const;
   void sortRows(std::vector<int>& rows) const;
-  void addLevel(std::vector<int>& rows, size_t level, const QByteArray& path);
+  size_t usableLevel(size_t level) const;
+  std::vector<std::vector<int>> partsOf(const std::vector<int>& rows, int field) const;
+  std::vector<GridGroup> divided(const std::vector<int>& rows, size_t level, const QByteArray& path) const;
+  void addLines(GridGroup& group);
   bool isExpanded(const QByteArray& path) const { return expanded_.value(path, allExpanded_); }
 
   const TMyQuery* query_;
   std::vector<GridSort> order_;
   std::vector<GridSort> levels_;
   bool groupsAsText_ = false;
-  QStringList sumFields_;
   bool footers_ = false;
   bool newItemRow_ = false;
   int hiddenRow_ = -1;
@@ -111,5 +116,6 @@ class GridRows {
   int plainRows_ = 0;           ///< rows of the query when no line is kept per row
   bool plain_ = true;
   std::vector<GridRow> lines_;  ///< otherwise
-  std::vector<GridGroup> groups_;
+  std::vector<GridGroup> outermost_;
+  std::vector<GridGroup*> groups_;  ///< that have lines, by their numbers
 };
