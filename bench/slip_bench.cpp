@@ -19,6 +19,7 @@
 #include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"
+#include "bench/sample_picture.h"
 #include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfis_unit.h"
@@ -27,8 +28,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QBuffer>
-#include <QImage>
 #include <QTest>
 
 #include <mysql.h>
@@ -42,25 +41,6 @@ using Measuring::milliseconds;
 namespace {
 
 constexpr int rounds = 7;
-constexpr int pictureBytes = 2 * 1024 * 1024;
-
-/// A picture as a telephone makes it: twelve million points, two megabytes.
-QByteArray picture() {
-  QImage image(4000, 3000, QImage::Format_RGB32);
-  quint32 state = 1;
-  for (int y = 0; y < image.height(); ++y) {
-    auto* line = reinterpret_cast<QRgb*>(image.scanLine(y));
-    for (int x = 0; x < image.width(); ++x) {
-      const int noise = int((state = state * 1664525 + 1013904223) >> 29);
-      line[x] = qRgb(x / 18 + noise, y / 14 + noise, (x + y) / 32 + noise);
-    }
-  }
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  image.save(&buffer, "JPG", 80);
-  if (bytes.size() > pictureBytes) qFatal("the picture has %s bytes", qPrintable(QString::number(bytes.size())));
-  return bytes.leftJustified(pictureBytes, '\0');
-}
 
 void fill() {
   for (const char* statement :
@@ -78,7 +58,7 @@ void fill() {
     DM->MySQL.execute(statement);
   TMyQuery& query = DM->pGetQ;
   query.SQL.setText(u"INSERT INTO foto (FT_TS_ID, FT_RESIM) SELECT TS_ID, :FT_RESIM FROM teknikservis"_s);
-  query.ParamByName(u"FT_RESIM"_s) = picture();
+  query.ParamByName(u"FT_RESIM"_s) = samplePicture();
   query.Execute();
 }
 
@@ -116,7 +96,7 @@ double openTime(const std::function<void()>& open) {
 /// What the save of an existing slip sends, by hand.
 class BareSave {
  public:
-  explicit BareSave(qint64 id) : handle_(Measuring::bareConnection()), id_(QByteArray::number(id)), picture_(picture()) {
+  explicit BareSave(qint64 id) : handle_(Measuring::bareConnection()), id_(QByteArray::number(id)), picture_(samplePicture()) {
     mysql_set_server_option(handle_, MYSQL_OPTION_MULTI_STATEMENTS_ON);
     mysql_query(handle_, "SET SESSION TRANSACTION ISOLATION LEVEL READ COMMITTED");
   }

@@ -96,7 +96,7 @@ void CardList::showList() {
 }
 
 void CardList::Giris() {
-  cards_.Open();
+  openCards();
   showList();
   cards_.Close();
   grid_->clearFilter();

@@ -59,6 +59,8 @@ class CardList : public QDialog {
   QAction* command(const QString& name) const;
 
  protected:
+  /// Reads the rows as the list comes up.
+  virtual void openCards() { cards_.Open(); }
   /// Works on DM's connection.
   CardList(const CardListDescription& description, QWidget* parent);
 

@@ -45,6 +45,20 @@ void CardStore::setUpServiceTypes(TMyQuery& qServisTip) {
   qServisTip.Options.SetEmptyStrToNull = true;
 }
 
+CardStore::Versions CardStore::versions(TMyQuery& query) {
+  // Number and newest stamp alone would miss a row that was written before the newest one and committed after it.
+  const auto ofStamped = [](const QString& table, const QString& key, const QString& stamp) {
+    return u"(select concat_ws(' ', count(*), max(%3), bit_xor(crc32(concat(%2, ' ', %3)))) from %1)"_s.arg(table, key, stamp);
+  };
+  query.SQL.setText(u"select "_s + ofStamped(u"cari"_s, u"CA_ID"_s, u"CA_STAMP"_s) + u", "_s +
+                    ofStamped(u"cihaz"_s, u"C_ID"_s, u"C_STAMP"_s) +
+                    u", (select concat_ws(' ', count(*), bit_xor(crc32(SERVIS_AD))) from servistip)"_s);
+  query.Open();
+  const Versions versions{query.field(0).asBytes(), query.field(1).asBytes(), query.field(2).asBytes()};
+  query.Close();
+  return versions;
+}
+
 void CardStore::openDevicesOf(TMyQuery& qmCihaz, qint64 customer) {
   qmCihaz.ParamByName(u"ID"_s) = customer;
   qmCihaz.Open();

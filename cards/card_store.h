@@ -15,6 +15,15 @@ void setUpDevices(TMyQuery& qCihaz);
 void setUpFirms(TMyQuery& qDisServis);
 void setUpServiceTypes(TMyQuery& qServisTip);
 
+/// By what TMyQuery::OpenShared knows that the rows of a table are still the same.
+struct Versions {
+  QByteArray customers;
+  QByteArray devices;
+  QByteArray serviceTypes;
+};
+/// All three, in one question. query: any that is free.
+Versions versions(TMyQuery& query);
+
 /// Opens the devices of the customer with that CA_ID.
 void openDevicesOf(TMyQuery& qmCihaz, qint64 customer);
 

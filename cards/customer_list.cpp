@@ -1,5 +1,6 @@
 #include "cards/customer_list.h"
 
+#include "app/dmUnit.h"
 #include "app/ports.h"
 #include "app/quendUtils.h"
 #include "base/guard.h"
@@ -106,6 +107,8 @@ bool Tfmusteriler::takeFilter(const std::optional<FilterExpression>& filter) {
   }
   return false;
 }
+
+void Tfmusteriler::openCards() { qCari.OpenShared(CardStore::versions(DM->pGetQ).customers); }
 
 bool Tfmusteriler::hasNamedRow() { return grid()->currentRow() >= 0 && !qCari.FieldByName(u"CA_AD"_s).asText().isEmpty(); }
 

@@ -12,6 +12,9 @@ class Tfmusteriler : public CardList {
   /// The open cards, which the editor works on as well.
   TMyQuery& qCari;
 
+ protected:
+  void openCards() override;
+
  private:
   bool takeFilter(const std::optional<FilterExpression>& filter);
   bool hasNamedRow();

@@ -3,6 +3,7 @@
 #include "app/dmUnit.h"
 #include "app/quendUtils.h"
 #include "cards/card_columns.h"
+#include "cards/card_store.h"
 #include "contracts/contract_letter.h"
 #include "contracts/contract_rules.h"
 #include "contracts/contract_store.h"
@@ -102,7 +103,7 @@ TfSozlesme::~TfSozlesme() {
 }
 
 void TfSozlesme::Giris() {
-  qCari.Open();
+  qCari.OpenShared(CardStore::versions(DM->pGetQ).customers);
   qSozlesme.Open();
   showList();
 }

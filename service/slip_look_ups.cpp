@@ -1,7 +1,9 @@
 #include "service/slip_look_ups.h"
 
+#include "app/dmUnit.h"
 #include "base/data/my_query.h"
 #include "base/guard.h"
+#include "cards/card_store.h"
 #include "service/slip_fields_page.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/lookup_edit.h"
@@ -48,9 +50,10 @@ void SlipLookUps::connectLookUp(const QString& column, const QueryLookup& source
 
 void SlipLookUps::open() {
   if (qServisTip_.Active()) return;
-  qCari_.Open();
-  qCihaz_.Open();
-  qServisTip_.Open();
+  const CardStore::Versions versions = CardStore::versions(DM->pGetQ);
+  qCari_.OpenShared(versions.customers);
+  qCihaz_.OpenShared(versions.devices);
+  qServisTip_.OpenShared(versions.serviceTypes);
   page_.edit<LookupEdit>(u"TS_MUSTERI"_s)->sourceChanged();
   page_.edit<LookupEdit>(u"TS_C_AD"_s)->sourceChanged();
 
@@ -61,8 +64,9 @@ void SlipLookUps::open() {
 }
 
 void SlipLookUps::refresh() {
-  qCari_.Refresh();
-  qCihaz_.Refresh();
+  const CardStore::Versions versions = CardStore::versions(DM->pGetQ);
+  qCari_.OpenShared(versions.customers);
+  qCihaz_.OpenShared(versions.devices);
   page_.edit<LookupEdit>(u"TS_MUSTERI"_s)->sourceChanged();
   page_.edit<LookupEdit>(u"TS_C_AD"_s)->sourceChanged();
 }

@@ -13,9 +13,10 @@ class SlipLookUps : public QObject {
   /// Page and queries must outlive this object.
   SlipLookUps(SlipFieldsPage& page, TMyQuery& qCari, TMyQuery& qCihaz, TMyQuery& qServisTip);
 
-  /// Reads all three lists, unless they are open. Throws EDatabaseError.
+  /// Reads all three lists, unless they are open; those that have not changed since a slip last read them are taken from it.
+  /// Throws EDatabaseError.
   void open();
-  /// Reads customers and devices anew. Throws EDatabaseError.
+  /// The same for customers and devices, open or not. Throws EDatabaseError.
   void refresh();
   void close();
   /// Copies the customer and the model of a device found by its serial; values by column name.

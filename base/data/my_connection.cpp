@@ -88,6 +88,7 @@ void TMyConnection::Connect() {
 void TMyConnection::Close() {
   if (handle_ != nullptr) mysql_close(handle_);
   handle_ = nullptr;
+  sharedRows_.clear();
   lost_ = false;
   packetLimit_ = 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -54,6 +55,14 @@ class TMyConnection {
   /// the given query name and text, EUnstorableValue when it is longer than the server's packet limit.
   ExecutionResult execute(const QByteArray& statements, const QString& queryName = {}, const QString& queryText = {});
 
+  /// Rows that several queries look at, and by what it is told that they are still the same; see TMyQuery::OpenShared.
+  struct SharedRows {
+    QByteArray version;
+    std::shared_ptr<st_mysql_res> rows;
+  };
+  /// Those of a statement, to be filled by who asks for them. They go with the connection.
+  SharedRows& sharedRows(const QByteArray& statement) { return sharedRows_[statement]; }
+
   /// Bytes between quotes, escaped for this connection. Needs no round trip. Throws EDatabaseError when it is not open.
   QByteArray quoted(const QByteArray& bytes) const;
 
@@ -71,6 +80,7 @@ class TMyConnection {
   [[noreturn]] void raise(const QString& queryName, const QString& queryText);
 
   st_mysql* handle_ = nullptr;
+  QHash<QByteArray, SharedRows> sharedRows_;
   quint64 roundTrips_ = 0;
   quint64 packetLimit_ = 0;
   bool lost_ = false;

@@ -107,20 +107,30 @@ ExecutionResult TMyQuery::run(const QByteArray& statements) {
 
 void TMyQuery::Open() { openAt(0); }
 
-ResultPtr TMyQuery::fetched() {
-  ExecutionResult result = run(rendered(SQL.text()));
+ResultPtr TMyQuery::fetched(const QByteArray& statement) {
+  ExecutionResult result = run(statement);
   if (!result.rows) throw EDatabaseError(u"SQL statement doesn't return rows"_s, name_, SQL.text());
   return std::move(result.rows);
 }
 
 void TMyQuery::openAt(int row) { takeRows(fetched(), row); }
 
+void TMyQuery::OpenShared(const QByteArray& version) {
+  const QByteArray statement = rendered(SQL.text());
+  TMyConnection::SharedRows& shared = connection_.sharedRows(statement);
+  if (shared.rows == nullptr || shared.version != version) {
+    shared.rows = fetched(statement);
+    shared.version = version;
+  }
+  if (result_ != shared.rows || !ownRows_.empty() || !changes_.empty()) takeRows(shared.rows, std::max(current_, 0));
+}
+
 void TMyQuery::Execute() {
   if (Active()) Close();
   run(rendered(SQL.text()));
 }
 
-void TMyQuery::takeRows(ResultPtr rows, int current, const std::optional<QByteArray>& key) {
+void TMyQuery::takeRows(std::shared_ptr<st_mysql_res> rows, int current, const std::optional<QByteArray>& key) {
   const MYSQL_FIELD* columns = mysql_fetch_fields(rows.get());
   const unsigned count = mysql_num_fields(rows.get());
   fields_.clear();

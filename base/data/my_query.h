@@ -105,6 +105,10 @@ class TMyQuery {
 
   /// Runs the statement and stands on the first row. Throws EMyError, EUnstorableValue.
   void Open();
+  /// As Open, with the rows that any query of this connection has read by the same statement, as long as version is the same: a
+  /// text that changes with them. What is written by this query stays its own. Nothing happens, nobody is told, where they stand
+  /// in this query already; otherwise the row number stays, as far as there is one.
+  void OpenShared(const QByteArray& version);
   /// Runs a statement that gives no rows (or several of them). The found rows and the last insert id are kept.
   void Execute();
   void Close();
@@ -197,10 +201,11 @@ class TMyQuery {
   QString withMacros(const QString& text) const;
   QByteArray rendered(const QString& text) const;
   ExecutionResult run(const QByteArray& statements);
-  ResultPtr fetched();
+  ResultPtr fetched() { return fetched(rendered(SQL.text())); }
+  ResultPtr fetched(const QByteArray& statement);
   void openAt(int row);
   /// current: number of the row to stand on; key, when there is one, goes before it.
-  void takeRows(ResultPtr rows, int current, const std::optional<QByteArray>& key = {});
+  void takeRows(std::shared_ptr<st_mysql_res> rows, int current, const std::optional<QByteArray>& key = {});
   bool holdsRows(st_mysql_res* rows) const;
   std::optional<QByteArray> keyOf(Row row) const;
   void requireActive() const;
@@ -242,7 +247,7 @@ class TMyQuery {
   std::vector<FieldInfo> fields_;
   QHash<QString, int> fieldByName_;
   int tableField_ = -1;  ///< a field of the table that Post writes to
-  ResultPtr result_;
+  std::shared_ptr<st_mysql_res> result_;
   std::vector<std::unique_ptr<OwnRow>> ownRows_;
   std::vector<Row> rows_;     ///< shown
   std::vector<Row> allRows_;  ///< with those that the filter hides; empty when there is no filter
