@@ -148,8 +148,8 @@ void TfServisFis::Edit(qint64 TS_ID) {
   setTitle(fServisFis, SlipRules::slipTitle(fields_->text(u"TS_NO"_s)));
 
   std::exception_ptr unreadablePicture;
+  const QByteArray picture = store_.picture(TS_ID, picture_->bytes());
   picture_->clear();
-  const QByteArray picture = store_.picture(TS_ID);
   try {
     picture_->setBytes(picture);
   } catch (...) {

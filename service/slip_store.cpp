@@ -4,6 +4,8 @@
 #include "base/environment.h"
 #include "base/exceptions.h"
 
+#include <QCryptographicHash>
+
 using namespace Qt::StringLiterals;
 
 SlipStore::SlipStore(TMyConnection& connection, TMyQuery& qServis, TMyQuery& qMalzeme, TMyQuery& pGetQ)
@@ -161,11 +163,13 @@ void SlipStore::deleteSlip() {
   qServis_.Delete();
 }
 
-QByteArray SlipStore::picture(qint64 id) {
-  pGetQ_.SQL.setText(u"select FT_RESIM from foto where FT_TS_ID = :TS_ID"_s);
+QByteArray SlipStore::picture(qint64 id, const QByteArray& known) {
+  pGetQ_.SQL.setText(u"select sha1(FT_RESIM) = :KNOWN as SAME, if(sha1(FT_RESIM) = :KNOWN, NULL, FT_RESIM) as FT_RESIM from foto where FT_TS_ID = :TS_ID"_s);
   pGetQ_.ParamByName(u"TS_ID"_s) = id;
+  pGetQ_.ParamByName(u"KNOWN"_s) = QString::fromLatin1(QCryptographicHash::hash(known, QCryptographicHash::Sha1).toHex());
   pGetQ_.Open();
-  const QByteArray bytes = pGetQ_.IsEmpty() ? QByteArray() : pGetQ_.FieldByName(u"FT_RESIM"_s).asBytes();
+  const bool isKnown = !pGetQ_.IsEmpty() && pGetQ_.FieldByName(u"SAME"_s).asInteger() != 0;
+  const QByteArray bytes = isKnown ? known : pGetQ_.IsEmpty() ? QByteArray() : pGetQ_.FieldByName(u"FT_RESIM"_s).asBytes();
   pGetQ_.Close();
   return bytes;
 }

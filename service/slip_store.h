@@ -54,8 +54,8 @@ class SlipStore {
   /// Deletes the slip's picture, its note and itself, each by itself.
   void deleteSlip();
 
-  /// Bytes of the slip's picture; empty when it has none.
-  QByteArray picture(qint64 id);
+  /// Bytes of the slip's picture; empty when it has none. Those that are known already do not come over the line again.
+  QByteArray picture(qint64 id, const QByteArray& known);
   /// Nothing when the slip has no note row.
   std::optional<QString> note(qint64 id);
   OutsideService outsideService();

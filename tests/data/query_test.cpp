@@ -401,6 +401,45 @@ TEST_F(QueryTest, RowsThatAreTheSameAreToldToNobodyAndOthersLeaveTheCursorOnItsR
   query.removeListener(&listener);
 }
 
+TEST_F(QueryTest, SharedRowsAreReadOnceAVersionAndWhatAQueryWritesStaysItsOwn) {
+  insertRow(u"1"_s, u"first"_s);
+  insertRow(u"2"_s, u"second"_s);
+  TMyQuery other(connection, u"other"_s);
+  const auto names = [](TMyQuery& of) {
+    QStringList all;
+    for (int row = 0; row < of.RecordCount(); ++row) all += of.valueAt(row, of.fieldIndex(u"AD"_s)).toText();
+    return all.join(u'|');
+  };
+  for (TMyQuery* each : {&query, &other}) each->SQL.setText(u"select * from deneme order by NO"_s);
+  query.OpenShared("1");
+  const quint64 before = connection.roundTrips();
+  other.OpenShared("1");
+  EXPECT_EQ(connection.roundTrips(), before);
+  EXPECT_EQ(names(other), u"first|second"_s);
+
+  other.setRecNo(1);
+  other.Edit();
+  other.FieldByName(u"AD"_s).set(u"own"_s);
+  other.Post();
+  EXPECT_EQ(names(other) + u' ' + names(query), u"first|own first|second"_s);
+  other.OpenShared("2");
+  EXPECT_EQ(other.RecNo(), 1);
+  query.Close();
+  query.OpenShared("2");
+  EXPECT_EQ(names(other) + u' ' + names(query), u"first|own first|own"_s);
+  other.Delete();
+  other.OpenShared("3");
+  query.OpenShared("3");
+  EXPECT_EQ(names(other) + u' ' + names(query), u"first first"_s);
+
+  // Another connection's rows are no longer what this one may show.
+  connection.Close();
+  TestDatabase::open(connection);
+  run("UPDATE deneme SET AD = 'new'");
+  query.OpenShared("3");
+  EXPECT_EQ(names(query), u"new"_s);
+}
+
 TEST_F(QueryTest, TheVersionIsReadBackEvenWhileItIsNotChecked) {
   query.Options.CheckRowVersion = false;
   openRow(query, insertRow(u"1"_s, u"first"_s));

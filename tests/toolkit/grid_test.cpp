@@ -249,6 +249,32 @@ TEST_F(GridTest, GroupsWithFootersOverSeveralLevels) {
   EXPECT_EQ(lines(), allNamesWith({}));
 }
 
+TEST_F(GridTest, ManyRowsAreFilteredAndGroupedInTheirOrder) {
+  constexpr int count = 100'000;
+  query.SQL.setText(u"select seq as ID, concat('AD', seq mod 7) as AD, cast(seq as char) as NO, 1.5 as TUTAR, 0 as KISA from seq_1_to_%1"_s.arg(count));
+  query.Open();
+  grid = std::make_unique<DataGrid>(query, columns(), u"Deneme"_s);
+  const auto isRising = [&](int first, int last) {
+    int wrong = 0;
+    for (int line = first + 1; line <= last; ++line) {
+      const auto at = [&](int row) { return query.valueAt(grid->model()->row(row).index, 0).toInteger(); };
+      wrong += at(line) > at(line - 1) ? 0 : 1;
+    }
+    return wrong == 0;
+  };
+  grid->setColumnFilter(u"NO"_s, FilterOperator::Contains, u"7"_s);
+  EXPECT_EQ(query.RecordCount(), count - 59049);  // five places without a seven, and the last number has none
+  EXPECT_TRUE(isRising(0, query.RecordCount() - 1));
+  grid->clearFilter();
+  grid->setGrouping({u"AD"_s});
+  ASSERT_EQ(grid->model()->rowCount(), 7);
+  const GridGroup& group = grid->model()->rows().group(3);
+  EXPECT_EQ(grid->model()->rows().groupSum(group, query.fieldIndex(u"TUTAR"_s)), 1.5 * group.count);
+  grid->setAllExpanded(true);
+  EXPECT_EQ(grid->model()->rowCount(), 7 + count + 7);
+  EXPECT_TRUE(isRising(1, grid->model()->rows().group(0).count));
+}
+
 TEST_F(GridTest, DraggingACaptionIntoTheAreaGroups) {
   fill();
   show();
