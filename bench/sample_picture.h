@@ -18,6 +18,6 @@ inline QByteArray samplePicture() {
   QByteArray bytes;
   QBuffer buffer(&bytes);
   image.save(&buffer, "JPG", 80);
-  if (bytes.size() > pictureBytes) qFatal("the picture has %lld bytes", qint64(bytes.size()));
+  if (bytes.size() > pictureBytes) qFatal("the picture has %lld bytes", bytes.size());
   return bytes.leftJustified(pictureBytes, '\0');
 }

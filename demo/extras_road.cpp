@@ -1,14 +1,13 @@
 #include "demo/extras_road.h"
 
 #include "app/dmUnit.h"
+#include "app/editors/qcx_editors.h"
 #include "app/kvbankUnit.h"
 #include "base/data/my_query.h"
 #include "cards/customer_list.h"
 #include "demo/screen_hands.h"
 #include "extras/statistics.h"
 #include "service/fservisfis_unit.h"
-#include "toolkit/edits/button_edit.h"
-#include "toolkit/edits/text_edit.h"
 
 #include <QApplication>
 
