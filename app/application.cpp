@@ -25,6 +25,7 @@
 #include "comm/smsGonderUnit.h"
 #include "comm/smsUnit.h"
 #include "extras/exchange_rates.h"
+#include "extras/report_design.h"
 #include "extras/statistics.h"
 #include "reminders/fhatirlat_unit.h"
 #include "reminders/reminder_window.h"
@@ -117,6 +118,11 @@ void fillPorts() {
     return box != nullptr ? box->text() : QString();
   };
   all.report = [] { return fKvb != nullptr ? fKvb->frxReport1.get() : nullptr; };
+  all.designReport = [](const QString& file, const DesignSample& sample) {
+    if (fRaporTasarla == nullptr) return;
+    TfRaporTasarla::forgetState();
+    fRaporTasarla->Giris(file, sample);
+  };
   all.loadMessageSettings = [] {
     if (fSMS != nullptr) fSMS->LoadParams();
     if (fEPOSTA != nullptr) fEPOSTA->LoadParams();
@@ -142,6 +148,8 @@ void fillPorts() {
   SlipHooks& hooks = slipHooks();
   hooks.printReceipt = SlipPrinting::printReceipt;
   hooks.printLabel = SlipPrinting::printLabel;
+  hooks.designReceipt = SlipPrinting::designReceipt;
+  hooks.designLabel = SlipPrinting::designLabel;
   hooks.sendIntakeSms = SlipNotices::sendIntakeSms;
   hooks.sendCompletionSms = SlipNotices::sendCompletionSms;
   hooks.sendCompletionMail = SlipNotices::sendCompletionMail;
@@ -172,6 +180,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   TfDoviz rates;
   TfParametreler parameters;
   TfservisfisSec browser;
+  TfRaporTasarla designer;
   TfSirket company;
   TfHatirlat reminder;
   TfHatirlaForm reminderWindow(&workspace);

@@ -9,6 +9,7 @@
 class CheckTree;
 class QWidget;
 class Report;
+struct DesignSample;
 
 template <class Signature>
 class Port;
@@ -55,6 +56,9 @@ struct Ports {
   Port<void(const std::function<void()>& work)> inSlipFrame;
   /// The one report that all papers are made of; null while there is no workspace.
   Port<Report*()> report;
+  /// Opens a template in the designer, with the data that it is shown with; what was kept of how the designer was left is
+  /// forgotten first.
+  Port<void(const QString& file, const DesignSample& sample)> designReport;
   /// The status bar's first panel.
   Port<void(const QString& text)> setStatusText;
 

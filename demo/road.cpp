@@ -5,6 +5,7 @@
 #include "app/kvbankUnit.h"
 #include "demo/cards_road.h"
 #include "demo/contracts_road.h"
+#include "demo/designer_road.h"
 #include "demo/extras_road.h"
 #include "demo/messages_road.h"
 #include "demo/paper_road.h"
@@ -181,6 +182,7 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.waitFor(u"balloon gone"_s, [] { return !showsText(u"Servis fiş kaydı tamamlandı."_s); });
   lookAtHistory(hands);
   PaperRoad::lookAtReceipt(hands);
+  DesignerRoad::changeReceipt(hands);
   hands.press({u"F3"_s});
   hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
   hands.picture(u"fis-kapandi"_s);

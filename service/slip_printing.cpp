@@ -8,6 +8,7 @@
 #include "base/number_text.h"
 #include "service/slip_hooks.h"
 #include "toolkit/edits/combo_edit.h"
+#include "toolkit/report/designer/design_sample.h"
 #include "toolkit/report/report_output.h"
 
 #include <QFileInfo>
@@ -152,6 +153,27 @@ void setVariables(ReportData& data, const SlipScreen& slip, Paper paper) {
   }
 }
 
+/// The receipt of the slip's status.
+QString receiptFile(const SlipScreen& slip) {
+  const int number = fParametreler->isChecked(ParameterFiles::ReceiptPerStatus) ? slip.statusIndex() : 0;
+  return u"%1rapor/%2.fr3"_s.arg(QuendUtil->programFolder).arg(number);
+}
+
+/// What a designed paper is shown with: what it would print now.
+DesignSample sampleOf(const SlipScreen& slip, Paper paper) {
+  DesignSample sample;
+  declareNames(sample.data);
+  for (const Barcode& each : Barcodes)
+    if (each.papers & paper) sample.barcodes.insert(each.object.toString(), slip.text(each.column.toString()));
+  try {
+    setVariables(sample.data, slip, paper);
+  } catch (const EConvertError& error) {
+    logMessage(u"Tasarım verileri"_s, &error);  // an amount that is no number keeps nobody from designing
+  }
+  if (paper == Receipt) sample.data.addRows(u"Malzeme"_s, std::make_shared<PrintedLines>(slip.lines()), u"Fişin malzemeleri"_s);
+  return sample;
+}
+
 void choosePrinter(Report& report, const ComboEdit* printer, const ComboEdit* copies) {
   bool isNumber = false;
   const int count = copies->text().toInt(&isNumber);
@@ -167,8 +189,7 @@ void print(const Report& report, const QString& paper) {
 }  // namespace
 
 void SlipPrinting::printReceipt(SlipScreen& slip) {
-  const int number = fParametreler->isChecked(ParameterFiles::ReceiptPerStatus) ? slip.statusIndex() : 0;
-  const QString file = u"%1rapor/%2.fr3"_s.arg(QuendUtil->programFolder).arg(number);
+  const QString file = receiptFile(slip);
   if (!QFileInfo::exists(file)) {
     QuendUtil->ErrorMesaj(slip.dialogOwner(), u"Rapor dosyası bulunamadı."_s);
     return;
@@ -197,4 +218,10 @@ void SlipPrinting::printLabel(SlipScreen& slip) {
   setVariables(report.data(), slip, Label);
   choosePrinter(report, fParametreler->yBarkodPrinter, fParametreler->yBarkodPrinterCopyNum);
   print(report, u"Barkod etiket"_s);
+}
+
+void SlipPrinting::designReceipt(SlipScreen& slip) { ports().designReport(receiptFile(slip), sampleOf(slip, Receipt)); }
+
+void SlipPrinting::designLabel(SlipScreen& slip) {
+  ports().designReport(QuendUtil->programFolder + u"rapor/barkod/etiket.fr3"_s, sampleOf(slip, Label));
 }

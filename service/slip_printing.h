@@ -10,4 +10,8 @@ void printReceipt(SlipScreen& slip);
 /// The label for the device, always printed. Throws EReportFile, and EConvertError for an amount that is no number.
 void printLabel(SlipScreen& slip);
 
+/// The templates of the two, in the designer, shown with what stands on the screen.
+void designReceipt(SlipScreen& slip);
+void designLabel(SlipScreen& slip);
+
 }  // namespace SlipPrinting

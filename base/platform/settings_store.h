@@ -10,5 +10,7 @@ namespace SettingsStore {
 QString read(const QString& path, const QString& section, const QString& key, const QString& fallback = {});
 /// Any text comes back as it was written. Throws EInOutError.
 void write(const QString& path, const QString& section, const QString& key, const QString& value);
+/// Takes away all that is kept under a path. Throws EInOutError.
+void remove(const QString& path);
 
 }  // namespace SettingsStore

@@ -67,3 +67,10 @@ void SettingsStore::write(const QString& path, const QString& section, const QSt
   // The new file takes the mode of the one that it replaces.
   IniFile::write(file, sectionName(path, section), key, quoted(value));
 }
+
+void SettingsStore::remove(const QString& path) {
+  const QList<IniFile::Entry> all = IniFile::entries(storeFile());
+  QList<IniFile::Entry> left = all;
+  left.removeIf([&](const IniFile::Entry& each) { return each.section.startsWith(path + u'\\'); });
+  if (left.size() != all.size()) IniFile::replace(storeFile(), left);
+}

@@ -6,10 +6,12 @@
 #include "base/platform/settings_store.h"
 #include "base/whole_file.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/scripted_dialogs.h"
 #include "tests/toolkit/listed_content.h"
 #include "toolkit/grid/grid_layout.h"
 #include "toolkit/grid/grid_preview.h"
 #include "toolkit/grid/xls_export.h"
+#include "toolkit/report/designer/report_designer.h"
 
 #include <gtest/gtest.h>
 
@@ -53,6 +55,25 @@ TEST(FullDiskTest, AFileOfAnyLengthIsWholeOrTheOneBefore) {
     WholeFile::replace(file, {});
     EXPECT_EQ(content(file), QByteArray()) << "an empty file needs no room";
   }
+}
+
+TEST(FullDiskTest, ATemplateStaysAndSoDoesTheWorkOnIt) {
+  FullDisk disk;
+  const ScriptedDialogs dialogs;
+  const QString file = disk.path(u"0.fr3"_s);
+  const QByteArray before = "<report version=\"1\"><page name=\"S\"><band name=\"B\"/></page></report>";
+  WholeFile::replace(file, before);
+  ReportDesigner designer;
+  designer.open(file, {});
+  designer.editor().change(u"x"_s, *designer.editor().page(), u"name"_s, QString(20 * FullDisk::blockSize, u'n'));
+  disk.leave(3);
+  EXPECT_FALSE(designer.save());
+  EXPECT_EQ(content(file), before);
+  EXPECT_TRUE(designer.editor().isChanged());
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  disk.leavePlenty();
+  EXPECT_TRUE(designer.save());
+  EXPECT_EQ(dialogs.shown.size(), 1U);
 }
 
 std::unique_ptr<ListedContent> table(int rows) {

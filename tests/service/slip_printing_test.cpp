@@ -1,7 +1,11 @@
 #include "app/company_card.h"
 #include "app/quendUtils.h"
+#include "base/platform/settings_store.h"
+#include "extras/report_design.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/edits/combo_edit.h"
+#include "toolkit/report/designer/fault_list.h"
+#include "toolkit/report/designer/report_designer.h"
 #include "toolkit/report/paged_document.h"
 #include "toolkit/report/report.h"
 
@@ -76,4 +80,45 @@ TEST_F(SlipPrintingTest, TheLabelHasItsOwnFileAndTakesTheServiceAmountAsLabour) 
   slip->findChild<QAction*>(u"BarkodYazdr1"_s)->trigger();
   EXPECT_TRUE(shows(u"A701B30CD"_s));
   EXPECT_TRUE(dialogs.texts.isEmpty());
+}
+
+TEST_F(SlipPrintingTest, TheDesignCommandsOpenTheirTemplatesAndTheNextPrintTakesWhatWasSaved) {
+  const QString statePath = u"Software\\FastReport"_s;
+  const auto kept = [&] { return SettingsStore::read(statePath, u"Other"_s, u"a"_s); };
+  TfRaporTasarla designer;
+  TfServisFis* slip = filledSlip(u"702"_s);
+  save(slip);
+  SettingsStore::write(statePath, u"Other"_s, u"a"_s, u"1"_s);
+  slip->MakbuzDzenle1->trigger();
+  EXPECT_EQ(dialogs.texts, QStringList{u"Rapor dosyası bulunamadı."_s});
+  EXPECT_FALSE(designer.isVisible());
+  EXPECT_EQ(kept(), QString()) << "forgotten before anything else";
+  EXPECT_EQ(designer.openFolder(), QFileInfo(folder.filePath(u"rapor"_s)).absoluteFilePath());
+
+  writeTemplate(u"0.fr3"_s, line(u"A[FIS_NO]B"_s));
+  writeTemplate(u"barkod/etiket.fr3"_s, line(u"E[FIS_NO]F"_s));
+  QStringList titles;
+  /// What a user does once the form is up: writes another text, saves and leaves.
+  const auto whileShown = [&](const QString& text) {
+    QTimer::singleShot(0, &designer, [&, text] {
+      titles += designer.windowTitle();
+      ReportDesigner& inside = *designer.frxDesigner1;
+      ReportNode& object = *inside.editor().page()->children().front()->children().front();
+      EXPECT_TRUE(inside.faults().faults().empty()) << "the slip's names are known";
+      inside.editor().change(u"x"_s, object, u"text"_s, text);
+      inside.actions().action(u"save"_s)->trigger();
+      designer.close();
+    });
+  };
+  whileShown(u"C[FIS_NO]D"_s);
+  slip->MakbuzDzenle1->trigger();
+  EXPECT_FALSE(designer.isVisible());
+  slip->MakbuzBask1->trigger();
+  EXPECT_TRUE(shows(u"C702D"_s));
+  whileShown(u"G[FIS_NO]H"_s);
+  slip->findChild<QAction*>(u"BarkodDzenle1"_s)->trigger();
+  EXPECT_EQ(titles, (QStringList{u"Rapor Tasarım - 0.fr3"_s, u"Rapor Tasarım - etiket.fr3"_s}));
+  slip->findChild<QAction*>(u"BarkodYazdr1"_s)->trigger();
+  EXPECT_TRUE(shows(u"G702H"_s));
+  EXPECT_EQ(dialogs.texts.size(), 1);
 }

@@ -50,13 +50,38 @@ void ReportEditor::push(QUndoCommand* step) {
   steps_.push(step);
 }
 
-ReportEditor::ReportEditor(QObject* parent) : QObject(parent) {}
+ReportEditor::ReportEditor(QObject* parent) : QObject(parent) { open(ReportDocument()); }
 
 void ReportEditor::open(ReportDocument document) {
   select(std::vector<ReportNode*>());
   steps_.clear();
   document_ = std::move(document);
+  if (pages().empty()) root().append(std::make_unique<ReportNode>(NodeKind::Page));
+  page_ = nullptr;
+  findPage({});
   Q_EMIT replaced();
+}
+
+std::vector<ReportNode*> ReportEditor::pages() {
+  std::vector<ReportNode*> all;
+  for (const auto& child : root().children())
+    if (child->kind() == NodeKind::Page) all.push_back(child.get());
+  return all;
+}
+
+void ReportEditor::showPage(ReportNode& page) {
+  if (page_ == &page) return;
+  page_ = &page;
+  if (!selection_.empty() && pageOf(selection_.front()) != page_) select(std::vector<ReportNode*>());
+  Q_EMIT pageShown();
+}
+
+void ReportEditor::findPage(const std::vector<ReportNode*>& nodes) {
+  const std::vector<ReportNode*> all = pages();
+  for (ReportNode* node : nodes)
+    if (ReportNode* page = pageOf(node); page && std::find(all.begin(), all.end(), page) != all.end()) return showPage(*page);
+  if (all.empty()) return;
+  if (std::find(all.begin(), all.end(), page_) == all.end()) showPage(*all.front());
 }
 
 void ReportEditor::change(const QString& name, PropertyChanges changes, bool joins) {
@@ -96,6 +121,7 @@ void ReportEditor::move(const QString& name, ReportNode& node, ReportNode& paren
 }
 
 void ReportEditor::replace(const QString& name, ReportDocument document) {
+  if (pageCount(document) == 0) document.root().append(std::make_unique<ReportNode>(NodeKind::Page));
   push(new ReplaceStep(*this, name, std::move(document)));
 }
 

@@ -33,7 +33,7 @@ class ReportEditor : public QObject {
   // Steps. Each has the name under which it is undone.
 
   /// Sets values; those that are set already are left out, and without any left nothing is a step. What joins goes into the
-  /// step before when that one changed the same properties and joins as well: keys held down.
+  /// step before when that one has its name and changed the same properties: a key held down.
   void change(const QString& name, PropertyChanges changes, bool joins = false);
   void change(const QString& name, ReportNode& node, const QString& property, PropertyValue value) {
     change(name, {{&node, property, std::move(value)}});
@@ -48,7 +48,12 @@ class ReportEditor : public QObject {
   /// Puts another report in place of the whole one: an earlier version, the delivered template.
   void replace(const QString& name, ReportDocument document);
 
-  // Selection
+  // Page and selection
+
+  /// The page that is worked on; null while the report has none.
+  ReportNode* page() const { return page_; }
+  void showPage(ReportNode& page);
+  std::vector<ReportNode*> pages();
 
   const std::vector<ReportNode*>& selection() const { return selection_; }
   /// The selected objects; none while something else is selected.
@@ -65,17 +70,24 @@ class ReportEditor : public QObject {
   void removed(const std::vector<ReportNode*>& nodes);
   /// Another document: no node from before is part of it.
   void replaced();
+  /// Pages came, went, or changed their order or names.
+  void pagesChanged();
   void selectionChanged();
+  /// Another page, or the same one anew after everything was replaced.
+  void pageShown();
 
  private:
   friend class ReportStep;
   friend class Gesture;
   void push(QUndoCommand* step);
   void leaveOut(const std::vector<ReportNode*>& nodes);
+  /// Shows a page that the report has: the one of these nodes, or the first one when the page is gone.
+  void findPage(const std::vector<ReportNode*>& nodes);
 
   ReportDocument document_;
   QUndoStack steps_;
   std::vector<ReportNode*> selection_;
+  ReportNode* page_ = nullptr;
   Gesture* gesture_ = nullptr;
 };
 

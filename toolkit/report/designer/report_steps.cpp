@@ -4,17 +4,25 @@
 
 void ReportStep::tellRemoved(const std::vector<ReportNode*>& nodes) {
   editor_.leaveOut(nodes);
+  editor_.findPage({});
   Q_EMIT editor_.removed(nodes);
+  if (nodes.front()->kind() == NodeKind::Page) Q_EMIT editor_.pagesChanged();
 }
 
-void ReportStep::tellInserted(const std::vector<ReportNode*>& nodes) { Q_EMIT editor_.inserted(nodes); }
+void ReportStep::showPageOf(const std::vector<ReportNode*>& nodes) { editor_.findPage(nodes); }
+
+void ReportStep::tellInserted(const std::vector<ReportNode*>& nodes) {
+  Q_EMIT editor_.inserted(nodes);
+  if (nodes.front()->kind() == NodeKind::Page) Q_EMIT editor_.pagesChanged();
+  editor_.findPage(nodes);
+}
 
 ChangeStep::ChangeStep(ReportEditor& editor, const QString& name, PropertyChanges changes, bool joins)
     : ReportStep(editor, name), changes_(std::move(changes)), joins_(joins) {}
 
 bool ChangeStep::mergeWith(const QUndoCommand* other) {
   const auto& next = static_cast<const ChangeStep&>(*other);
-  if (!joins_ || !next.joins_ || text() != next.text()) return false;
+  if (!next.joins_ || text() != next.text()) return false;
   // What this step holds is what stood before it: that is what goes back.
   return std::equal(changes_.begin(), changes_.end(), next.changes_.begin(), next.changes_.end(),
                     [](const PropertyChange& one, const PropertyChange& two) { return one.node == two.node && one.property == two.property; });
@@ -29,6 +37,9 @@ void ChangeStep::swap() {
   std::sort(nodes.begin(), nodes.end());
   nodes.erase(std::unique(nodes.begin(), nodes.end()), nodes.end());
   Q_EMIT editor_.changed(nodes);
+  showPageOf(nodes);
+  for (const ReportNode* node : nodes)
+    if (node->kind() == NodeKind::Page) return editor_.pagesChanged();
 }
 
 PlaceStep::PlaceStep(ReportEditor& editor, const QString& name, std::vector<NodePlace> places, bool putsIn)
@@ -73,5 +84,7 @@ ReplaceStep::ReplaceStep(ReportEditor& editor, const QString& name, ReportDocume
 void ReplaceStep::swap() {
   editor_.select(std::vector<ReportNode*>());
   std::swap(document(), other_);
+  showPageOf({});
   Q_EMIT editor_.replaced();
+  Q_EMIT editor_.pagesChanged();
 }

@@ -14,6 +14,8 @@ class ReportStep : public QUndoCommand {
   /// No longer in the document: not selected either.
   void tellRemoved(const std::vector<ReportNode*>& nodes);
   void tellInserted(const std::vector<ReportNode*>& nodes);
+  /// Undone or redone, a step is seen.
+  void showPageOf(const std::vector<ReportNode*>& nodes);
 
   ReportEditor& editor_;
 };

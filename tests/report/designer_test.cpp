@@ -1,0 +1,343 @@
+#include "tests/report/listed_rows.h"
+#include "tests/support/scripted_dialogs.h"
+#include "toolkit/report/designer/data_list.h"
+#include "toolkit/report/designer/fault_list.h"
+#include "toolkit/report/designer/inspector.h"
+#include "toolkit/report/designer/label_wizard.h"
+#include "toolkit/report/designer/page_setup_dialog.h"
+#include "toolkit/report/designer/report_designer.h"
+#include "toolkit/report/report_file.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+DesignSample sampleData() {
+  DesignSample sample;
+  sample.data.declareVariable(u"FIS_NO"_s, u"Fiş numarası"_s);
+  sample.data.setExpression(u"FIS_NO"_s, u"'10482'"_s);
+  sample.data.declareVariable(u"MUSTERI_ADI"_s, u"Müşterinin adı"_s);
+  sample.data.addRows(u"Malzeme"_s, std::make_shared<ListedRows>(QStringList{u"AD"_s}, std::vector<std::vector<ReportValue>>{{u"Kayış"_s}}), u"Parçalar"_s);
+  sample.barcodes.insert(u"FIS_NO_BARKOD"_s, u"10482"_s);
+  return sample;
+}
+
+/// A designer on a file of its own, worked by mouse and keys. Places are millimetres on the paper, which is 100 by 100 mm
+/// with margins of 10 mm.
+class DesignerTest : public testing::Test {
+ protected:
+  void open(const QByteArray& inside) {
+    write("<report version=\"1\"><page name=\"S\" paper=\"own\" width=\"100\" height=\"100\">" + inside + "</page></report>");
+    openFile();
+  }
+  void write(const QByteArray& content) {
+    QFile out(file);
+    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(content);
+  }
+  void openFile() {
+    designer.resize(1300, 800);
+    designer.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&designer));
+    designer.open(file, sampleData());
+    canvas().zoomTo(1.5);
+    canvas().centerOn(50, 50);
+    canvas().snap(false);
+  }
+  QByteArray stored() const {
+    QFile in(file);
+    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+  }
+  DesignCanvas& canvas() { return designer.canvas(); }
+  ReportEditor& editor() { return designer.editor(); }
+  QByteArray bytes() { return ReportFile::write(editor().document()); }
+  ReportNode* node(const QString& name) {
+    ReportNode* found = nullptr;
+    const auto visit = [&](const auto& self, ReportNode& each) -> void {
+      if (each.kind() != NodeKind::Foreign && each.name() == name) found = &each;
+      for (const auto& child : each.children()) self(self, *child);
+    };
+    visit(visit, editor().root());
+    return found;
+  }
+  QRectF rect(const QString& name) { return canvas().places().rectOf(*node(name)); }
+  QPoint at(double x, double y) { return canvas().mapFromScene(QPointF(x, y)); }
+  void click(double x, double y, Qt::KeyboardModifiers modifiers = {}) { QTest::mouseClick(canvas().viewport(), Qt::LeftButton, modifiers, at(x, y)); }
+  void drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::mousePress(canvas().viewport(), Qt::LeftButton, modifiers, from);
+    for (const double share : {0.3, 0.7, 1.0}) {
+      const QPointF place = QPointF(from) + QPointF(to - from) * share;
+      QMouseEvent moved(QEvent::MouseMove, place, canvas().viewport()->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, modifiers);
+      QApplication::sendEvent(canvas().viewport(), &moved);
+    }
+    QTest::mouseRelease(canvas().viewport(), Qt::LeftButton, modifiers, to);
+  }
+  void key(Qt::Key pressed, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&canvas(), pressed, modifiers); }
+  /// What was done is one step of that name; undone and done again it leaves the document byte for byte as it was.
+  void expectStep(const QString& name, const std::function<void()>& work) {
+    const QByteArray before = bytes();
+    const int count = editor().steps().index();
+    work();
+    const QByteArray after = bytes();
+    EXPECT_NE(after, before) << name.toStdString();
+    EXPECT_EQ(editor().steps().index(), count + 1) << name.toStdString();
+    EXPECT_EQ(editor().steps().undoText(), name);
+    designer.findChild<QAction*>(u"undo"_s)->trigger();
+    EXPECT_EQ(bytes(), before) << name.toStdString();
+    designer.findChild<QAction*>(u"redo"_s)->trigger();
+    EXPECT_EQ(bytes(), after) << name.toStdString();
+  }
+
+  ScriptedDialogs dialogs;
+  QTemporaryDir folder;
+  QString file = folder.filePath(u"0.fr3"_s);
+  ReportDesigner designer;
+};
+
+TEST_F(DesignerTest, MouseGesturesAreOneStepEach) {
+  open(R"(<band name="B" height="40"><text name="a" left="10" top="5">A</text><text name="b" left="40" top="5">B</text></band><band name="C" height="20"/>)");
+  expectStep(u"Taşı"_s, [&] { drag(at(25, 17), at(35, 22)); });
+  EXPECT_NEAR(rect(u"a"_s).left(), 30, 0.3);
+  EXPECT_NEAR(rect(u"a"_s).top(), 20, 0.3);
+  expectStep(u"Taşı"_s, [&] { drag(at(35, 22), at(35, 60)); });
+  EXPECT_EQ(node(u"a"_s)->parent()->name(), u"C") << "it went over to the band below";
+  expectStep(u"Boyutlandır"_s, [&] { drag(canvas().toView().map(rect(u"a"_s).bottomRight()).toPoint(), at(70, 70)); });
+  EXPECT_NEAR(rect(u"a"_s).right(), 70, 0.3);
+  expectStep(u"Kopyasını taşı"_s, [&] { drag(at(55, 17), at(55, 30), Qt::ControlModifier); });
+  EXPECT_NEAR(rect(u"b"_s).top(), 15, 0.01) << "the model stayed";
+  EXPECT_NEAR(rect(u"b1"_s).top(), 28, 0.3);
+  expectStep(u"Bant yüksekliği"_s, [&] { drag(at(15, 50), at(15, 56)); });
+  EXPECT_NEAR(node(u"B"_s)->millimetres(u"height"), 46, 0.3);
+  drag(at(12, 12), at(80, 35));
+  EXPECT_EQ(editor().selectedObjects().size(), 2U) << "rubber band";
+  click(15, 70);
+  EXPECT_EQ(editor().selection(), std::vector{node(u"C"_s)}) << "a click beside all objects selects the band";
+  QTest::mousePress(canvas().viewport(), Qt::LeftButton, {}, at(55, 17));
+  QMouseEvent moved(QEvent::MouseMove, at(65, 27), canvas().viewport()->mapToGlobal(at(65, 27)), Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(canvas().viewport(), &moved);
+  const QByteArray before = bytes();
+  key(Qt::Key_Escape);
+  QTest::mouseRelease(canvas().viewport(), Qt::LeftButton, {}, at(65, 27));
+  EXPECT_EQ(bytes(), before) << "Escape takes a gesture back";
+}
+
+TEST_F(DesignerTest, EdgesAreCaughtByOtherObjectsAndByTheGrid) {
+  open(R"(<band height="60"><text name="a" left="10" top="5">A</text><text name="b" left="43.37" top="30">B</text></band>)");
+  canvas().snap(true);
+  drag(at(25, 17), at(58, 30));
+  EXPECT_DOUBLE_EQ(rect(u"a"_s).left(), 53.37) << "lined up with the other one";
+  EXPECT_DOUBLE_EQ(rect(u"a"_s).top(), std::round(rect(u"a"_s).top())) << "on the grid";
+  drag(at(58, 30), at(58.2, 34), Qt::AltModifier);
+  EXPECT_NE(rect(u"a"_s).left(), 53.37);
+}
+
+TEST_F(DesignerTest, EverythingHasAKey) {
+  open(R"(<band name="B" height="40"><text name="a" left="10" top="5">A</text><line name="l" left="2" top="20" width="30" height="0"/></band><band name="C"/>)");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(editor().selection(), std::vector{node(u"a"_s)});
+  expectStep(u"Taşı"_s, [&] { key(Qt::Key_Right); });
+  expectStep(u"Taşı"_s, [&] { key(Qt::Key_Down, Qt::ControlModifier); });
+  EXPECT_EQ(rect(u"a"_s).topLeft(), QPointF(21, 15.1));
+  expectStep(u"Boyutlandır"_s, [&] { key(Qt::Key_Left, Qt::ShiftModifier); });
+  expectStep(u"Boyutlandır"_s, [&] { key(Qt::Key_Up, Qt::ShiftModifier | Qt::ControlModifier); });
+  EXPECT_EQ(rect(u"a"_s).size(), QSizeF(19, 4.9));
+  key(Qt::Key_Tab);
+  EXPECT_EQ(editor().selection(), std::vector{node(u"l"_s)});
+  expectStep(u"Çoğalt"_s, [&] { key(Qt::Key_D, Qt::ControlModifier); });
+  expectStep(u"Sil"_s, [&] { key(Qt::Key_Delete); });
+  key(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(editor().selection().size(), 2U);
+  expectStep(u"Kes"_s, [&] { key(Qt::Key_X, Qt::ControlModifier); });
+  expectStep(u"Yapıştır"_s, [&] { key(Qt::Key_V, Qt::ControlModifier); });
+  EXPECT_EQ(node(u"a"_s)->parent(), node(u"B"_s)) << "what is pasted goes to a band";
+  key(Qt::Key_Escape);
+  EXPECT_EQ(editor().selection(), std::vector{node(u"B"_s)});
+  expectStep(u"Bant yüksekliği"_s, [&] { key(Qt::Key_Down, Qt::ShiftModifier); });
+  expectStep(u"Bandı taşı"_s, [&] { key(Qt::Key_Down, Qt::AltModifier); });
+  EXPECT_LT(node(u"C"_s)->index(), node(u"B"_s)->index());
+  key(Qt::Key_M);
+  EXPECT_EQ(canvas().tool(), NodeKind::Text);
+  expectStep(u"Metin ekle"_s, [&] { key(Qt::Key_Return); });
+  EXPECT_EQ(node(u"Metin1"_s)->font(u"font"), (ReportFont{.family = u"Arial"_s, .points = 13}));
+  EXPECT_FALSE(canvas().findChild<QPlainTextEdit*>(u"textInPlace"_s)->isVisible()) << "undone with its object";
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  key(Qt::Key_F2);
+  auto* writing = canvas().findChild<QPlainTextEdit*>(u"textInPlace"_s);
+  ASSERT_NE(writing, nullptr);
+  writing->setPlainText(u"Teslim alan:\n[FIS_NO]"_s);
+  expectStep(u"Metni yaz"_s, [&] { QTest::keyClick(writing, Qt::Key_Return, Qt::ControlModifier); });
+  EXPECT_EQ(node(u"Metin1"_s)->text(u"text"), u"Teslim alan:\n[FIS_NO]");
+}
+
+TEST_F(DesignerTest, ObjectsAreDrawnWithTheirToolsAndDroppedFromTheData) {
+  open(R"(<band name="B" height="60"/>)");
+  const std::pair<QString, QString> tools[] = {{u"toolBarcode"_s, u"Barkod ekle"_s}, {u"toolLine"_s, u"Çizgi ekle"_s}, {u"toolRectangle"_s, u"Dikdörtgen ekle"_s}};
+  double y = 15;
+  for (const auto& [tool, step] : tools) {
+    designer.actions().action(tool)->trigger();
+    expectStep(step, [&] { drag(at(20, y), at(50, y + 12)); });
+    const QRectF drawn = canvas().places().rectOf(*editor().selection().front());
+    EXPECT_NEAR(drawn.width(), 30, 0.3);
+    EXPECT_NEAR(drawn.height(), 12, 0.3);
+    EXPECT_FALSE(canvas().tool()) << "one object, then the mouse selects again";
+    y += 14;
+  }
+  QMimeData data;
+  data.setData(QString::fromLatin1(dataNameMimeType), "FIS_NO");
+  for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::AltModifier}) {
+    expectStep(held ? u"Barkod ekle"_s : u"Metin ekle"_s, [&] {
+      QDropEvent drop(at(55, 20), Qt::CopyAction, &data, Qt::LeftButton, held);
+      QDragEnterEvent enter(at(55, 20), Qt::CopyAction, &data, Qt::LeftButton, held);
+      QApplication::sendEvent(canvas().viewport(), &enter);
+      QApplication::sendEvent(canvas().viewport(), &drop);
+    });
+    EXPECT_EQ(editor().selection().front()->text(u"text"), u"[FIS_NO]");
+  }
+}
+
+TEST_F(DesignerTest, TheInspectorShowsWhatAllHaveAndWhereTheyDiffer) {
+  open(R"(<band height="40"><text name="a" left="10">A</text><barcode name="b" left="20">B</barcode></band>)");
+  PropertyModel& model = designer.inspector().model();
+  const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+  editor().select({node(u"a"_s), node(u"b"_s)});
+  EXPECT_EQ(model.rowOf(u"name"), -1);
+  EXPECT_EQ(model.rowOf(u"symbology"), -1);
+  const auto shown = [&](QStringView property) { return model.index(model.rowOf(property), 1).data().toString(); };
+  EXPECT_EQ(shown(u"left"), u"farklı");
+  EXPECT_EQ(shown(u"top"), u"0 mm");
+  const auto write = [&](QStringView property, const QString& text) {
+    designer.inspector().edit(property);
+    auto* line = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    ASSERT_NE(line, nullptr);
+    line->selectAll();
+    QTest::keyClicks(line, text);
+    QTest::keyClick(line, Qt::Key_Return);
+    QCoreApplication::processEvents();
+    canvas().setFocus();
+  };
+  expectStep(u"Sol"_s, [&] { write(u"left", u"12,5"_s); });
+  EXPECT_EQ(node(u"b"_s)->millimetres(u"left"), 12.5);
+  const QByteArray before = bytes();
+  write(u"left", u"abc"_s);
+  EXPECT_EQ(bytes(), before);
+  EXPECT_TRUE(designer.findChild<QLabel*>(u"designerMessage"_s)->text().contains(u"sayı değil"_s));
+  expectStep(u"Kilitli"_s, [&] { model.setData(model.index(model.rowOf(u"locked"), 1), Qt::Checked, Qt::CheckStateRole); });
+  designer.findChild<QLineEdit*>(u"propertySearch"_s)->setText(u"YÜKSEK"_s);
+  EXPECT_EQ(model.rowCount(), 1);
+}
+
+TEST_F(DesignerTest, FaultsLeadToTheirObjects) {
+  open(R"(<band height="40"><text name="a">[YOK]</text><text name="b" top="8">[FIS_NO]</text></band>)");
+  ASSERT_EQ(designer.faults().count(), 1);
+  QTest::mouseClick(designer.faults().viewport(), Qt::LeftButton, {}, designer.faults().visualItemRect(designer.faults().item(0)).center());
+  EXPECT_EQ(editor().selection(), std::vector{node(u"a"_s)});
+  editor().change(u"x"_s, *node(u"a"_s), u"text"_s, u"[FIS_NO]"_s);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return designer.faults().count() == 0; }, 3000));
+}
+
+TEST_F(DesignerTest, OnlyAChangeIsWrittenAndTheStatesBeforeAreKept) {
+  open(R"(<!-- kept --><band x="1" height="40"><text name="a">A</text></band>)");
+  const QByteArray first = stored();
+  EXPECT_TRUE(designer.save());
+  EXPECT_EQ(stored(), first) << "without a change the file stays as it is, in its own hand";
+  for (int time = 0; time < 13; ++time) {
+    editor().change(u"x"_s, *node(u"a"_s), u"left"_s, 1.0 + time);
+    EXPECT_TRUE(designer.save());
+    EXPECT_FALSE(editor().isChanged());
+  }
+  EXPECT_TRUE(stored().contains("left=\"13\""));
+  EXPECT_TRUE(stored().contains("<!-- kept -->"));
+  const TemplateFile kept(file);
+  ASSERT_EQ(kept.versions().size(), size_t(TemplateFile::mostVersions));
+  EXPECT_EQ(ReportFile::load(kept.versions().front().file).find(u"a", NodeKind::Text)->millimetres(u"left"), 12);
+}
+
+TEST_F(DesignerTest, LeavingAsksAndTheSecondOfTwoDesignersToo) {
+  open(R"(<band height="40"><text name="a">A</text></band>)");
+  EXPECT_TRUE(designer.mayLeave());
+  EXPECT_TRUE(dialogs.shown.empty());
+  ReportDesigner other;
+  other.open(file, sampleData());
+  other.editor().change(u"x"_s, *other.editor().page()->children().front(), u"height"_s, 33.0);
+  EXPECT_TRUE(other.save());
+  editor().change(u"x"_s, *node(u"a"_s), u"left"_s, 7.0);
+  EXPECT_FALSE(designer.mayLeave()) << "stays";
+  dialogs.answers = {10, 2};
+  EXPECT_FALSE(designer.mayLeave()) << "wanted to save, but not over the other one's";
+  EXPECT_TRUE(stored().contains("height=\"33\""));
+  EXPECT_TRUE(editor().isChanged());
+  dialogs.answers = {10};
+  EXPECT_TRUE(designer.save());
+  EXPECT_TRUE(stored().contains("left=\"7\""));
+  EXPECT_TRUE(QString::fromUtf8(ReportFile::write(ReportFile::load(TemplateFile(file).versions().front().file))).contains(u"height=\"33\""_s));
+  dialogs.answers = {11};
+  editor().change(u"x"_s, *node(u"a"_s), u"left"_s, 8.0);
+  EXPECT_TRUE(designer.mayLeave()) << "discarded";
+}
+
+TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
+  open(R"(<band height="40"><text name="a">A</text></band>)");
+  const pid_t child = fork();
+  if (child == 0) {
+    TemplateFile own(file);
+    ReportDocument document = own.load();
+    document.find(u"a", NodeKind::Text)->setValue(u"left", 21.0);
+    own.keepDraft(document);
+    kill(getpid(), SIGKILL);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+  dialogs.answers = {10};
+  designer.open(file, sampleData());
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(node(u"a"_s)->millimetres(u"left"), 21);
+  EXPECT_TRUE(editor().isChanged());
+  EXPECT_FALSE(stored().contains("left=\"21\"")) << "the file is written by saving alone";
+  ReportDesigner second;
+  second.open(file, sampleData());
+  EXPECT_EQ(dialogs.shown.size(), 1U) << "the draft belongs to the first one, which lives";
+  designer.setDraftPause(20);
+  QTest::qWait(60);
+  EXPECT_TRUE(designer.save());
+  designer.close();
+  designer.open(file, sampleData());
+  EXPECT_EQ(dialogs.shown.size(), 1U) << "what was saved is no work under way";
+}
+
+TEST_F(DesignerTest, ALabelIsMadeByTheWizardAndAPageBySetUp) {
+  open(R"(<band height="40"><text name="a">A</text></band>)");
+  for (const LabelSheet& sheet : usualLabelSheets()) {
+    const DesignSample sample = sampleData();
+    const ReportDocument label = makeLabel(sheet, {u"FIS_NO"_s, u"MUSTERI_ADI"_s}, u"FIS_NO_BARKOD"_s, sample);
+    EXPECT_TRUE(findFaults(label, sample).empty()) << sheet.caption.toStdString();
+  }
+  PageSetupDialog dialog(nullptr, *editor().page());
+  auto* preset = dialog.findChild<QComboBox*>(u"preset"_s);
+  preset->setCurrentIndex(9);
+  Q_EMIT preset->activated(9);
+  PropertyChanges changes;
+  for (const auto& [property, value] : dialog.values()) changes.push_back({editor().page(), property, value});
+  expectStep(u"Sayfa düzeni"_s, [&] { editor().change(u"Sayfa düzeni"_s, changes); });
+  EXPECT_EQ(canvas().places().sheet().cell, QSizeF(70, 37));
+}
+
+}  // namespace

@@ -1,0 +1,9 @@
+#pragma once
+
+/// Makes the objects and bands of every canvas known to assistive software: as children with names, roles and places. Called
+/// once, by the first canvas.
+void describeCanvases();
+
+class DesignCanvas;
+/// Tells which object has the keyboard now.
+void tellFocus(DesignCanvas& canvas);

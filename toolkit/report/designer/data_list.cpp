@@ -1,0 +1,140 @@
+#include "toolkit/report/designer/data_list.h"
+
+#include "base/guard.h"
+#include "base/turkish_text.h"
+#include "toolkit/report/designer/design_canvas.h"
+#include "toolkit/report/expression_functions.h"
+
+#include <QApplication>
+#include <QBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QTreeWidget>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int expressionRole = Qt::UserRole;
+
+/// Drags an entry's expression.
+class NameTree : public QTreeWidget {
+ public:
+  using QTreeWidget::QTreeWidget;
+
+ protected:
+  QMimeData* mimeData(const QList<QTreeWidgetItem*>& items) const override {
+    if (items.isEmpty() || items.front()->data(0, expressionRole).toString().isEmpty()) return nullptr;
+    auto* dragged = new QMimeData;
+    dragged->setData(QString::fromLatin1(dataNameMimeType), items.front()->data(0, expressionRole).toString().toUtf8());
+    return dragged;
+  }
+};
+
+QTreeWidgetItem* addGroup(QTreeWidget& list, const QString& caption) {
+  auto* group = new QTreeWidgetItem(&list, {caption});
+  group->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+  QFont bold = group->font(0);
+  bold.setBold(true);
+  group->setFont(0, bold);
+  group->setFirstColumnSpanned(true);
+  return group;
+}
+
+void addEntry(QTreeWidgetItem& group, const QString& shown, const QString& explanation, const QString& expression) {
+  auto* entry = new QTreeWidgetItem(&group, {shown, explanation});
+  entry->setData(0, expressionRole, expression);
+  entry->setToolTip(0, explanation.isEmpty() ? shown : u"%1 — %2"_s.arg(shown, explanation));
+  entry->setToolTip(1, entry->toolTip(0));
+  entry->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
+}
+
+/// A field as expressions write it: names that are no words stand in quotes.
+QString fieldExpression(const QString& set, const QString& field) {
+  const bool isWord = std::all_of(field.begin(), field.end(), [](QChar letter) { return letter.isLetterOrNumber() || letter == u'_'; });
+  return set + u'.' + (isWord ? field : ReportData::quoted(field));
+}
+
+}  // namespace
+
+DataList::DataList(QWidget* parent) : QWidget(parent), search_(new QLineEdit(this)), list_(new NameTree(this)) {
+  search_->setPlaceholderText(u"Veride ara"_s);
+  search_->setAccessibleName(u"Veride ara"_s);
+  search_->setClearButtonEnabled(true);
+  list_->setObjectName(u"dataNames"_s);
+  list_->setAccessibleName(u"Veri listesi"_s);
+  list_->setColumnCount(2);
+  list_->setHeaderLabels({u"Ad"_s, u"Anlamı"_s});
+  list_->setRootIsDecorated(true);
+  list_->setIndentation(12);
+  list_->setUniformRowHeights(true);
+  list_->setDragEnabled(true);
+  list_->setDragDropMode(QAbstractItemView::DragOnly);
+  list_->setFrameShape(QFrame::NoFrame);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 4, 0, 0);
+  column->setSpacing(4);
+  column->addWidget(search_);
+  column->addWidget(list_, 1);
+  list_->installEventFilter(this);
+  connectGuarded(search_, &QLineEdit::textChanged, this, [this](const QString& text) { filter(text); });
+  connectGuarded(list_, &QTreeWidget::itemDoubleClicked, this, [this](const QTreeWidgetItem* item, int) {
+    choose(item, QApplication::keyboardModifiers() & Qt::AltModifier);
+  });
+}
+
+void DataList::show(const ReportData& known, bool withFunctions) {
+  list_->clear();
+  QTreeWidgetItem* variables = addGroup(*list_, u"Değişkenler"_s);
+  for (const ReportVariable& each : known.variables()) addEntry(*variables, each.name, each.explanation, each.name);
+  for (const ReportDataSet& set : known.dataSets()) {
+    QTreeWidgetItem* group = addGroup(*list_, set.explanation.isEmpty() ? set.name : u"%1 (%2)"_s.arg(set.explanation, set.name));
+    for (const QString& field : set.rows->fields()) addEntry(*group, field, {}, fieldExpression(set.name, field));
+  }
+  QTreeWidgetItem* own = addGroup(*list_, u"Raporun kendisi"_s);
+  const std::pair<QString, QString> names[] = {{u"SAYFA"_s, u"Sayfa numarası"_s},        {u"SAYFA_SAYISI"_s, u"Toplam sayfa"_s},
+                                               {u"SIRA"_s, u"Satırın sıra numarası"_s}, {u"BUGÜN"_s, u"Bugünün tarihi"_s},
+                                               {u"SAAT"_s, u"Şu anki saat"_s},          {u"ŞİMDİ"_s, u"Tarih ve saat"_s}};
+  for (const auto& [name, explanation] : names) addEntry(*own, name, explanation, name);
+  if (withFunctions) {
+    QTreeWidgetItem* functions = addGroup(*list_, u"İşlevler"_s);
+    for (const ExpressionFunctions::FunctionInfo& each : ExpressionFunctions::all())
+      addEntry(*functions, each.signature, {}, each.signature.left(each.signature.indexOf(u'(') + 1) + u')');
+  }
+  list_->expandAll();
+  list_->resizeColumnToContents(0);
+  list_->setColumnWidth(0, std::min(list_->columnWidth(0), 190));
+}
+
+void DataList::filter(const QString& text) {
+  for (int group = 0; group < list_->topLevelItemCount(); ++group) {
+    QTreeWidgetItem* top = list_->topLevelItem(group);
+    bool isShown = false;
+    for (int entry = 0; entry < top->childCount(); ++entry) {
+      QTreeWidgetItem* item = top->child(entry);
+      const bool fits = text.isEmpty() || TurkishText::contains(item->text(0), text) || TurkishText::contains(item->text(1), text);
+      item->setHidden(!fits);
+      isShown |= fits;
+    }
+    top->setHidden(!isShown);
+  }
+}
+
+void DataList::choose(const QTreeWidgetItem* item, bool isBarcode) {
+  const QString name = item ? item->data(0, expressionRole).toString() : QString();
+  if (!name.isEmpty()) Q_EMIT nameChosen(name, isBarcode);
+}
+
+bool DataList::eventFilter(QObject* watched, QEvent* event) {
+  bool isUsed = false;
+  guarded(this, [&] {
+    if (event->type() != QEvent::KeyPress) return;
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return;
+    isUsed = true;
+    choose(list_->currentItem(), key->modifiers() & Qt::AltModifier);
+  });
+  return isUsed || QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,118 @@
+#include "toolkit/report/designer/inspector.h"
+
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "toolkit/report/designer/property_editors.h"
+
+#include <QBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Opens the box of a property's type in its cell.
+class PropertyDelegate : public QStyledItemDelegate {
+ public:
+  PropertyDelegate(Inspector& inspector, const DesignSample& sample) : QStyledItemDelegate(&inspector), inspector_(inspector), sample_(sample) {}
+
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
+    const PropertyInfo& property = inspector_.model().property(index.row());
+    PropertyEdit* box = makePropertyEdit(property, sample_, parent);
+    box->setAccessibleName(property.caption);
+    if (box->focusProxy()) box->focusProxy()->setAccessibleName(property.caption);
+    connectGuarded(box, &PropertyEdit::chosen, box, [this, box] {
+      auto* self = const_cast<PropertyDelegate*>(this);
+      Q_EMIT self->commitData(box);
+      Q_EMIT self->closeEditor(box);
+    });
+    return box;
+  }
+  void setEditorData(QWidget* editor, const QModelIndex& index) const override {
+    auto* box = static_cast<PropertyEdit*>(editor);
+    box->setValue(inspector_.model().value(index.row()));
+  }
+  void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
+    guarded(editor, [&] {
+      try {
+        const std::optional<PropertyValue> value = static_cast<PropertyEdit*>(editor)->value();
+        if (value) inspector_.model().setValue(index.row(), *value);
+        Q_EMIT inspector_.refused({});
+      } catch (const EConvertError& error) {
+        Q_EMIT inspector_.refused(u"%1: %2"_s.arg(inspector_.model().property(index.row()).caption, error.message()));
+      }
+    });
+  }
+  void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const override {
+    editor->setGeometry(option.rect);
+  }
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    return QStyledItemDelegate::sizeHint(option, index).expandedTo(QSize(0, option.fontMetrics.height() + 8));
+  }
+
+ private:
+  Inspector& inspector_;
+  const DesignSample& sample_;
+};
+
+}  // namespace
+
+Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* parent)
+    : QWidget(parent), model_(new PropertyModel(editor, this)), heading_(new QLabel(this)), search_(new QLineEdit(this)), table_(new QTableView(this)) {
+  QFont bold = font();
+  bold.setBold(true);
+  heading_->setFont(bold);
+  heading_->setObjectName(u"inspectorHeading"_s);
+  heading_->setTextFormat(Qt::PlainText);
+  heading_->setMinimumWidth(10);
+  search_->setPlaceholderText(u"Özellik ara"_s);
+  search_->setAccessibleName(u"Özellik ara"_s);
+  search_->setObjectName(u"propertySearch"_s);
+  search_->setClearButtonEnabled(true);
+  table_->setObjectName(u"properties"_s);
+  table_->setAccessibleName(u"Özellikler"_s);
+  table_->setModel(model_);
+  table_->setItemDelegate(new PropertyDelegate(*this, sample));
+  table_->setFrameShape(QFrame::NoFrame);
+  table_->setShowGrid(false);
+  table_->setAlternatingRowColors(true);
+  table_->setSelectionMode(QAbstractItemView::SingleSelection);
+  table_->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::AnyKeyPressed);
+  table_->setTabKeyNavigation(false);
+  table_->setWordWrap(false);
+  table_->horizontalHeader()->hide();
+  table_->verticalHeader()->hide();
+  table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
+  table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Interactive);
+  table_->horizontalHeader()->setStretchLastSection(true);
+  table_->setColumnWidth(0, fontMetrics().horizontalAdvance(u"Bandın altına kadar uz"_s));
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(6, 6, 6, 0);
+  column->setSpacing(4);
+  column->addWidget(heading_);
+  column->addWidget(search_);
+  column->addWidget(table_, 1);
+  connectGuarded(search_, &QLineEdit::textChanged, this, [this](const QString& text) { model_->setFilter(text); });
+  const auto open = [this](const QModelIndex& index) {
+    const QModelIndex cell = index.siblingAtColumn(1);
+    if ((cell.flags() & Qt::ItemIsEditable) && !table_->indexWidget(cell)) table_->edit(cell);
+  };
+  connectGuarded(table_, &QTableView::clicked, this, open);
+  connectGuarded(table_, &QTableView::activated, this, open);
+  const auto showHeading = [this] { heading_->setText(model_->heading()); };
+  connectGuarded(model_, &PropertyModel::headingChanged, this, showHeading);
+  showHeading();
+}
+
+void Inspector::edit(QStringView property) {
+  const int row = model_->rowOf(property);
+  if (row < 0) return;
+  table_->setCurrentIndex(model_->index(row, 1));
+  table_->edit(model_->index(row, 1));
+}

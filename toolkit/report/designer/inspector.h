@@ -1,0 +1,33 @@
+#pragma once
+
+#include "toolkit/report/designer/property_model.h"
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QTableView;
+struct DesignSample;
+
+/// Shows and changes the properties of what is selected: one box per type of value, a search above. A value that is
+/// refused changes nothing and is told with its reason.
+class Inspector : public QWidget {
+  Q_OBJECT
+ public:
+  Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* parent = nullptr);
+
+  PropertyModel& model() { return *model_; }
+  QTableView* table() const { return table_; }
+  /// Opens the box of a property, when it is shown.
+  void edit(QStringView property);
+
+ Q_SIGNALS:
+  /// Why a value was not taken; empty when one was.
+  void refused(const QString& reason);
+
+ private:
+  PropertyModel* model_;
+  QLabel* heading_;
+  QLineEdit* search_;
+  QTableView* table_;
+};

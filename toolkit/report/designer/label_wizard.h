@@ -1,0 +1,31 @@
+#pragma once
+
+#include "toolkit/report/designer/design_sample.h"
+
+#include <QDialog>
+
+class QComboBox;
+class QLabel;
+class QListWidget;
+struct LabelSheet;
+
+/// A new label in one go: its size, what it shows, done. A picture shows what comes out.
+class LabelWizard : public QDialog {
+  Q_OBJECT
+ public:
+  LabelWizard(QWidget* owner, const DesignSample& sample);
+  ReportDocument document() const;
+
+ private:
+  void showLabel();
+
+  const DesignSample& sample_;
+  QComboBox* size_;
+  QComboBox* barcode_;
+  QListWidget* names_;
+  QLabel* picture_;
+};
+
+/// What a label shows: texts of variables one below the other, the first one large, and a barcode at the bottom whose text is
+/// an expression, or is put in by the program when it is a name of the sample's barcodes. Empty for none.
+ReportDocument makeLabel(const LabelSheet& sheet, const QStringList& names, const QString& barcode, const DesignSample& sample);

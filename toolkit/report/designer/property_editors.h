@@ -1,0 +1,26 @@
+#pragma once
+
+#include "toolkit/report/designer/design_sample.h"
+
+#include <QWidget>
+
+#include <optional>
+
+/// Writes one value of a property: what the inspector opens in its cell. There is one per type.
+class PropertyEdit : public QWidget {
+  Q_OBJECT
+ public:
+  using QWidget::QWidget;
+
+  /// Nothing: the nodes differ, and the box is empty.
+  virtual void setValue(const std::optional<PropertyValue>& value) = 0;
+  /// Nothing when nothing was written. Throws EConvertError with a Turkish reason for what is no value.
+  virtual std::optional<PropertyValue> value() const = 0;
+
+ Q_SIGNALS:
+  /// The value was chosen, and the box is not needed any more.
+  void chosen();
+};
+
+/// Makes the box for a property; the sample's names are offered where expressions are written.
+PropertyEdit* makePropertyEdit(const PropertyInfo& property, const DesignSample& sample, QWidget* parent);

@@ -1,0 +1,282 @@
+#include "toolkit/report/designer/report_designer.h"
+
+#include "base/environment.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "toolkit/edits/task_dialog.h"
+#include "toolkit/report/designer/data_list.h"
+#include "toolkit/report/designer/fault_list.h"
+#include "toolkit/report/designer/format_bar.h"
+#include "toolkit/report/designer/inspector.h"
+#include "toolkit/report/designer/object_tree.h"
+#include "toolkit/report/designer/ruler.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int draftPauseMs = 60'000;
+constexpr int leftWidth = 300;
+constexpr int rightWidth = 290;
+
+}  // namespace
+
+ReportDesigner::ReportDesigner(QWidget* parent)
+    : QWidget(parent), editor_(this), commands_(editor_), actions_(new DesignerActions(this)), draftTimer_(new QTimer(this)) {
+  setObjectName(u"frxDesigner1"_s);
+  setAccessibleName(u"Rapor tasarımı"_s);
+  canvas_ = new DesignCanvas(editor_, sample_, this);
+  inspector_ = new Inspector(editor_, sample_, this);
+  addFileCommands();
+  addEditCommands();
+  addArrangeCommands();
+  addInsertCommands();
+  addViewCommands();
+  build();
+  const auto update = [this] { actions_->update(); };
+  connectGuarded(&editor_, &ReportEditor::selectionChanged, this, update);
+  connectGuarded(&editor_.steps(), &QUndoStack::indexChanged, this, update);
+  connectGuarded(canvas_, &DesignCanvas::toolChanged, this, update);
+  connectGuarded(&editor_.steps(), &QUndoStack::cleanChanged, this, [this] { showTitle(); });
+  connectGuarded(&editor_, &ReportEditor::pagesChanged, this, [this] { showPages(); });
+  connectGuarded(&editor_, &ReportEditor::pageShown, this, [this] { showPages(); });
+  connectGuarded(canvas_, &DesignCanvas::menuAsked, this, [this](QPoint global) { menuAt(global); });
+  connectGuarded(canvas_, &DesignCanvas::told, this, [this](const QString& text) { tell(text); });
+  connectGuarded(inspector_, &Inspector::refused, this, [this](const QString& reason) { tell(reason); });
+  draftTimer_->setInterval(draftPauseMs);
+  connectGuarded(draftTimer_, &QTimer::timeout, this, [this] { keepDraft(); });
+  actions_->update();
+}
+
+ReportDesigner::~ReportDesigner() {
+  // What looks at the document goes before it.
+  editor_.steps().disconnect(this);
+  for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) delete part;
+}
+
+// Building
+
+void ReportDesigner::build() {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(buildBars());
+  parts_ = new QSplitter(this);
+  parts_->addWidget(buildLeft());
+  parts_->addWidget(buildMiddle());
+  parts_->addWidget(inspector_);
+  parts_->setStretchFactor(1, 1);
+  parts_->setSizes({leftWidth, 700, rightWidth});
+  parts_->setChildrenCollapsible(false);
+  column->addWidget(parts_, 1);
+  column->addWidget(buildStatus());
+  showPages();
+}
+
+QWidget* ReportDesigner::buildBars() {
+  auto* bars = new QWidget(this);
+  auto* column = new QVBoxLayout(bars);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* menus = new QMenuBar(bars);
+  const auto addMenu = [&](const QString& caption, const QStringList& names) {
+    auto* menu = menus->addMenu(caption);
+    actions_->fill(*menu, names);
+    return menu;
+  };
+  addMenu(u"&Dosya"_s, {u"save"_s, {}, u"pageSetup"_s, u"preview"_s, u"testPrint"_s, {}, u"wizard"_s, u"versions"_s, u"delivered"_s, {}, u"close"_s});
+  QAction* undo = editor_.steps().createUndoAction(this, u"Geri al:"_s);
+  undo->setObjectName(u"undo"_s);
+  undo->setIcon(QIcon::fromTheme(u"edit-undo"_s));
+  undo->setShortcut(QKeySequence::Undo);
+  QAction* redo = editor_.steps().createRedoAction(this, u"Yinele:"_s);
+  redo->setObjectName(u"redo"_s);
+  redo->setIcon(QIcon::fromTheme(u"edit-redo"_s));
+  redo->setShortcuts({QKeySequence(u"Ctrl+Y"_s), QKeySequence(u"Ctrl+Shift+Z"_s)});
+  for (QAction* action : {undo, redo}) {
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(action);
+  }
+  auto* edit = menus->addMenu(u"D&üzen"_s);
+  edit->addActions({undo, redo});
+  edit->addSeparator();
+  actions_->fill(*edit, {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"remove"_s, {}, u"selectAll"_s, u"editText"_s, u"inspect"_s});
+  QStringList bands;
+  for (const PropertyChoice& kind : propertiesOf(NodeKind::Band)[*findProperty(NodeKind::Band, u"kind")].choices) bands += u"band_"_s + kind.word;
+  QMenu* insert = addMenu(u"&Ekle"_s, {u"toolText"_s, u"toolBarcode"_s, u"toolLine"_s, u"toolRectangle"_s, u"toolPicture"_s, u"toolCheckMark"_s,
+                                       u"toolRichText"_s, {}});
+  actions_->fill(*insert->addMenu(QIcon::fromTheme(u"view-list-text"_s), u"Bant"_s), bands);
+  actions_->fill(*insert, {u"addPage"_s, u"removePage"_s});
+  const QStringList arranging = {u"alignLeft"_s, u"alignCenter"_s, u"alignRight"_s, u"alignTop"_s, u"alignMiddle"_s, u"alignBottom"_s};
+  QMenu* arrange = addMenu(u"&Yerleşim"_s, arranging);
+  actions_->fill(*arrange, {{}, u"distributeAcross"_s, u"distributeDown"_s, {}, u"sameWidth"_s, u"sameHeight"_s, u"sameSize"_s, {}, u"front"_s,
+                            u"forward"_s, u"backward"_s, u"back"_s, {}, u"lock"_s});
+  addMenu(u"&Görünüm"_s, {u"zoomIn"_s, u"zoomOut"_s, u"zoomPage"_s, u"zoomWidth"_s, u"zoomFull"_s, {}, u"grid"_s, u"snap"_s, {}, u"data"_s,
+                          u"example"_s, {}, u"nextPane"_s, u"previousPane"_s});
+  column->addWidget(menus);
+  auto* row = new QHBoxLayout;
+  row->setContentsMargins(0, 0, 0, 0);
+  auto* bar = new QToolBar(bars);
+  bar->setIconSize(QSize(18, 18));
+  actions_->fill(*bar, {u"save"_s, u"preview"_s, {}});
+  for (QAction* action : {undo, redo}) {
+    bar->addAction(action);
+    auto* button = static_cast<QToolButton*>(bar->widgetForAction(action));
+    button->setObjectName(action->objectName() + u"Button"_s);
+    button->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    button->setFocusPolicy(Qt::TabFocus);
+  }
+  actions_->fill(*bar, {{}, u"cut"_s, u"copy"_s, u"paste"_s, {}});
+  for (const QString& name : {u"save"_s, u"preview"_s})
+    static_cast<QToolButton*>(bar->widgetForAction(actions_->action(name)))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  row->addWidget(bar);
+  row->addWidget(new FormatBar(editor_, bars));
+  auto* places = new QToolBar(bars);
+  places->setIconSize(QSize(18, 18));
+  actions_->fill(*places, arranging);
+  actions_->fill(*places, {{}, u"distributeAcross"_s, u"distributeDown"_s, u"sameSize"_s, {}, u"front"_s, u"back"_s, u"lock"_s, {}, u"grid"_s, u"snap"_s,
+                           u"data"_s});
+  row->addWidget(places, 1);
+  column->addLayout(row);
+  return bars;
+}
+
+QWidget* ReportDesigner::buildLeft() {
+  auto* left = new QWidget(this);
+  auto* row = new QHBoxLayout(left);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->setSpacing(0);
+  auto* tools = new QToolBar(left);
+  tools->setOrientation(Qt::Vertical);
+  tools->setIconSize(QSize(22, 22));
+  actions_->fill(*tools, {u"toolSelect"_s, {}, u"toolText"_s, u"toolBarcode"_s, u"toolLine"_s, u"toolRectangle"_s, u"toolPicture"_s, u"toolCheckMark"_s,
+                          u"toolRichText"_s});
+  row->addWidget(tools);
+  lists_ = new QTabWidget(left);
+  lists_->setDocumentMode(true);
+  data_ = new DataList(left);
+  faults_ = new FaultList(*canvas_, sample_, left);
+  lists_->addTab(data_, u"Veri"_s);
+  lists_->addTab(new ObjectTree(*canvas_, left), u"Nesneler"_s);
+  lists_->addTab(faults_, u"Hatalar"_s);
+  row->addWidget(lists_, 1);
+  connectGuarded(data_, &DataList::nameChosen, this, [this](const QString& name, bool isBarcode) {
+    const NodeKind kind = isBarcode ? NodeKind::Barcode : NodeKind::Text;
+    ReportNode* made = commands_.addObject(kind, commands_.freePlace(kind), u'[' + name + u']');
+    canvas_->ensureSeen(*made);
+  });
+  connectGuarded(faults_, &FaultList::searched, this, [this](int count) {
+    lists_->setTabText(2, count == 0 ? u"Hatalar"_s : u"Hatalar (%1)"_s.arg(count));
+  });
+  return left;
+}
+
+QWidget* ReportDesigner::buildMiddle() {
+  auto* middle = new QWidget(this);
+  auto* grid = new QGridLayout(middle);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(0);
+  grid->addWidget(new Ruler(*canvas_, Qt::Horizontal, middle), 0, 1);
+  grid->addWidget(new Ruler(*canvas_, Qt::Vertical, middle), 1, 0);
+  grid->addWidget(canvas_, 1, 1);
+  pages_ = new QTabBar(middle);
+  pages_->setObjectName(u"pages"_s);
+  pages_->setAccessibleName(u"Sayfalar"_s);
+  pages_->setShape(QTabBar::RoundedSouth);
+  pages_->setExpanding(false);
+  auto* add = new QToolButton(middle);
+  add->setDefaultAction(actions_->action(u"addPage"_s));
+  add->setAutoRaise(true);
+  auto* below = new QHBoxLayout;
+  below->setContentsMargins(0, 0, 0, 0);
+  below->addWidget(pages_);
+  below->addWidget(add);
+  below->addStretch(1);
+  grid->addLayout(below, 2, 1);
+  connectGuarded(pages_, &QTabBar::currentChanged, this, [this](int place) {
+    const std::vector<ReportNode*> all = editor_.pages();
+    if (place >= 0 && size_t(place) < all.size()) editor_.showPage(*all[size_t(place)]);
+  });
+  return middle;
+}
+
+QWidget* ReportDesigner::buildStatus() {
+  auto* line = new QWidget(this);
+  auto* row = new QHBoxLayout(line);
+  row->setContentsMargins(8, 2, 8, 2);
+  message_ = new QLabel(line);
+  message_->setObjectName(u"designerMessage"_s);
+  message_->setTextFormat(Qt::PlainText);
+  place_ = new QLabel(line);
+  zoomText_ = new QLabel(line);
+  zoomText_->setMinimumWidth(fontMetrics().horizontalAdvance(u"%0000"_s));
+  row->addWidget(message_, 1);
+  row->addWidget(place_);
+  row->addWidget(zoomText_);
+  const auto number = [](double millimetres) { return QLocale(QLocale::Turkish).toString(millimetres, 'f', 1); };
+  connectGuarded(canvas_, &DesignCanvas::pointed, this, [this, number](QPointF place) {
+    const QPointF inside = place - canvas_->places().cell().topLeft();
+    place_->setText(u"%1 × %2 mm"_s.arg(number(inside.x()), number(inside.y())));
+  });
+  connectGuarded(canvas_, &DesignCanvas::zoomChanged, this, [this] { zoomText_->setText(u"%%1"_s.arg(qRound(canvas_->zoom() * 100))); });
+  return line;
+}
+
+void ReportDesigner::showPages() {
+  const QSignalBlocker quiet(pages_);
+  while (pages_->count() > 0) pages_->removeTab(0);
+  int number = 0;
+  for (const ReportNode* page : editor_.pages()) {
+    pages_->addTab(page->name().isEmpty() ? u"Sayfa %1"_s.arg(++number) : page->name());
+    if (page == editor_.page()) pages_->setCurrentIndex(pages_->count() - 1);
+  }
+  actions_->update();
+}
+
+void ReportDesigner::showTitle() {
+  if (file_) Q_EMIT titleChanged(QFileInfo(file_->file()).fileName() + (editor_.isChanged() ? u" *"_s : QString()));
+  actions_->update();
+}
+
+void ReportDesigner::tell(const QString& text) const { message_->setText(text); }
+
+void ReportDesigner::menuAt(QPoint global) {
+  QMenu menu(this);
+  actions_->fill(menu, {u"editText"_s, u"inspect"_s, {}, u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"remove"_s, {}});
+  actions_->fill(*menu.addMenu(u"Hizala"_s), {u"alignLeft"_s, u"alignCenter"_s, u"alignRight"_s, u"alignTop"_s, u"alignMiddle"_s, u"alignBottom"_s, {},
+                                              u"distributeAcross"_s, u"distributeDown"_s});
+  actions_->fill(menu, {u"front"_s, u"back"_s, u"lock"_s, {}, u"pageSetup"_s});
+  menu.exec(global);
+}
+
+void ReportDesigner::focusNextPane(bool isBack) {
+  const std::vector<QWidget*> panes = {canvas_, inspector_->findChild<QWidget*>(u"properties"_s), lists_->currentWidget()};
+  size_t now = 0;
+  for (size_t pane = 0; pane < panes.size(); ++pane)
+    if (panes[pane]->hasFocus() || panes[pane]->isAncestorOf(focusWidget())) now = pane;
+  QWidget* next = panes[(now + (isBack ? panes.size() - 1 : 1)) % panes.size()];
+  if (next == data_) next = data_->findChild<QWidget*>(u"dataNames"_s);
+  next->setFocus(Qt::ShortcutFocusReason);
+}
+
+QByteArray ReportDesigner::state() const { return parts_->saveState(); }
+
+void ReportDesigner::restoreState(const QByteArray& state) {
+  if (!state.isEmpty()) parts_->restoreState(state);
+}
+
+void ReportDesigner::setDraftPause(int milliseconds) { draftTimer_->setInterval(milliseconds); }

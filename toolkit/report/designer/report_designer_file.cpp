@@ -1,0 +1,176 @@
+#include "base/environment.h"
+#include "base/exceptions.h"
+#include "base/guard.h"
+#include "base/log_file.h"
+#include "base/program_paths.h"
+#include "toolkit/edits/task_dialog.h"
+#include "toolkit/report/designer/data_list.h"
+#include "toolkit/report/designer/fault_list.h"
+#include "toolkit/report/designer/label_wizard.h"
+#include "toolkit/report/designer/page_setup_dialog.h"
+#include "toolkit/report/designer/report_designer.h"
+#include "toolkit/report/designer/test_sheet.h"
+#include "toolkit/report/designer/versions_dialog.h"
+#include "toolkit/report/preview/preview_window.h"
+#include "toolkit/report/report_file.h"
+
+#include <QFileInfo>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+/// The designer and its file: opening, saving, leaving, earlier versions, work under way; and what goes on paper.
+
+namespace {
+
+enum Answer { Cancelled = 2, Yes = 10, No = 11 };
+
+int ask(QWidget* owner, const QString& instruction, const QString& text, const std::vector<TaskButton>& buttons) {
+  return runTaskDialog(owner, {.title = u"Rapor Tasarım"_s,
+                               .instruction = instruction,
+                               .text = text,
+                               .icon = TaskIcon::Question,
+                               .buttons = buttons,
+                               .cancelResult = Cancelled});
+}
+
+void showFailure(QWidget* owner, const QString& instruction, const Exception& error) {
+  runTaskDialog(owner, {.title = u"Rapor Tasarım"_s,
+                        .instruction = instruction,
+                        .text = error.message(),
+                        .icon = TaskIcon::Error,
+                        .buttons = {{Yes, u"Kapat"_s}}});
+}
+
+}  // namespace
+
+void ReportDesigner::open(const QString& file, DesignSample sample) {
+  auto opened = std::make_unique<TemplateFile>(file);
+  ReportDocument document = opened->load();
+  file_ = std::move(opened);
+  given_ = std::move(sample);
+  showsExample_ = false;
+  sample_ = given_;
+  editor_.open(std::move(document));
+  data_->show(sample_.data);
+  faults_->search();
+  canvas_->setFocus();
+  showTitle();
+  draftTimer_->start();
+  offerDraft();
+}
+
+void ReportDesigner::close() {
+  draftTimer_->stop();
+  if (file_) file_->dropDraft();
+  file_.reset();
+  editor_.open(ReportDocument());
+}
+
+bool ReportDesigner::save() {
+  canvas_->setFocus();  // what is being written in its place belongs to it
+  if (!file_ || !editor_.isChanged()) return true;
+  try {
+    if (file_->isChangedByOthers()) {
+      const int answer = ask(window(), u"Şablon bu arada başka bir yerden kaydedilmiş"_s,
+                             u"Üzerine yazarsanız oradaki değişiklikler bu şablondan gider; “Önceki sürümler” içinde saklanır."_s,
+                             {{Yes, u"Üzerine yaz"_s}, {Cancelled, u"Vazgeç"_s}});
+      if (answer != Yes) return false;
+    }
+    file_->save(editor_.document());
+  } catch (const EInOutError& error) {
+    showFailure(window(), u"Şablon kaydedilemedi"_s, error);
+    return false;
+  }
+  editor_.steps().setClean();
+  tell(u"Kaydedildi: %1"_s.arg(QFileInfo(file_->file()).fileName()));
+  return true;
+}
+
+bool ReportDesigner::mayLeave() {
+  canvas_->setFocus();
+  if (!editor_.isChanged()) return true;
+  const int answer = ask(window(), u"Değişiklikler kaydedilsin mi?"_s, u"Kaydetmezseniz bu oturumda yaptıklarınız kaybolur."_s,
+                         {{Yes, u"Kaydet"_s}, {No, u"Kaydetme"_s}, {Cancelled, u"Tasarıma dön"_s}});
+  if (answer == Yes) return save();
+  return answer == No;
+}
+
+// Work under way
+
+void ReportDesigner::keepDraft() {
+  if (!file_ || !editor_.isChanged()) return;
+  try {
+    file_->keepDraft(editor_.document());
+  } catch (const EInOutError& error) {
+    tell(u"Ara kayıt yapılamadı: %1"_s.arg(error.message()));
+  }
+}
+
+void ReportDesigner::offerDraft() {
+  const QString draft = file_->orphanedDraft();
+  if (draft.isEmpty()) return;
+  const QString moment = QFileInfo(draft).lastModified().toString(u"dd.MM.yyyy HH:mm"_s);
+  const int answer = ask(window(), u"Kaydedilmemiş bir çalışma bulundu"_s,
+                         u"Bu şablon üzerindeki %1 tarihli çalışma kaydedilmeden kapanmış. Kaldığınız yerden sürdürebilirsiniz."_s.arg(moment),
+                         {{Yes, u"Sürdür"_s}, {No, u"Sil"_s}, {Cancelled, u"Sonra sor"_s}});
+  try {
+    if (answer == Yes) editor_.replace(u"Kaydedilmemiş çalışma"_s, ReportFile::load(draft));
+    if (answer == No) file_->dropDraft();
+    if (answer == Cancelled) file_->leaveDraft();
+  } catch (const EInOutError& error) {
+    file_->leaveDraft();
+    showFailure(window(), u"Çalışma okunamadı"_s, error);
+  }
+}
+
+// Earlier states
+
+void ReportDesigner::showVersions() {
+  VersionsDialog dialog(window(), file_->versions(), sample_);
+  if (dialog.exec() != QDialog::Accepted) return;
+  try {
+    editor_.replace(u"Önceki sürüm"_s, ReportFile::load(dialog.chosenFile()));
+    tell(u"Önceki sürüm geri getirildi; kaydedince geçerli olur."_s);
+  } catch (const EInOutError& error) {
+    showFailure(window(), u"Sürüm okunamadı"_s, error);
+  }
+}
+
+void ReportDesigner::bringBackDelivered() {
+  try {
+    editor_.replace(u"Teslim edilen şablon"_s, ReportFile::load(file_->deliveredFile()));
+    tell(u"Teslim edilen şablon geri getirildi; kaydedince geçerli olur."_s);
+  } catch (const EInOutError& error) {
+    showFailure(window(), u"Şablon okunamadı"_s, error);
+  }
+}
+
+// Paper
+
+void ReportDesigner::preview() {
+  canvas_->setFocus();
+  const ReportDocument filled = filledWith(editor_.document(), sample_);
+  auto pages = std::make_shared<const ReportPagedDocument>(layoutReport(filled, sample_.data, sample_.richTexts, environment().now()));
+  if (pages->pageCount() > 0) showPreview(window(), std::move(pages), {.documentName = u"Tasarım"_s});
+}
+
+void ReportDesigner::testPrint() {
+  showPreview(window(), std::make_shared<const TestSheet>(ReportSheet(*editor_.page())), {.caption = u"Deneme baskısı"_s, .documentName = u"Deneme baskısı"_s});
+}
+
+void ReportDesigner::setUpPage() {
+  PageSetupDialog dialog(window(), *editor_.page());
+  if (dialog.exec() != QDialog::Accepted) return;
+  PropertyChanges changes;
+  for (auto& [property, value] : dialog.values()) changes.push_back({editor_.page(), property, value});
+  editor_.change(u"Sayfa düzeni"_s, std::move(changes));
+  canvas_->fitPage();
+}
+
+void ReportDesigner::runWizard() {
+  LabelWizard wizard(window(), sample_);
+  if (wizard.exec() != QDialog::Accepted) return;
+  editor_.replace(u"Sihirbaz"_s, wizard.document());
+  canvas_->fitPage();
+}

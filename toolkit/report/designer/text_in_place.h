@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+class DesignCanvas;
+class ReportNode;
+
+/// Writes the text of an object where it stands. Leaving it, and Ctrl+Enter, keep what was written; Escape does not.
+class TextInPlace : public QPlainTextEdit {
+  Q_OBJECT
+ public:
+  TextInPlace(DesignCanvas& canvas, ReportNode& object);
+  ReportNode& object() const { return object_; }
+  /// Keeps the text, or leaves it as it was, and goes.
+  void end(bool keeps);
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  DesignCanvas& canvas_;
+  ReportNode& object_;
+  bool isEnded_ = false;
+};
