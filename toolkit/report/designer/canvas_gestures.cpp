@@ -48,7 +48,8 @@ class MoveGesture : public CanvasGesture {
   void cancel() override { canvas_.previewMove(objects_, {}); }
   void paint(QPainter& painter, const CanvasMarks& marks) const override { marks.paintGuides(painter, guides_); }
   QString told() const override {
-    return u"Sol %1 mm, üst %2 mm"_s.arg(millimetres(start_.left() + by_.x()), millimetres(start_.top() + by_.y()));
+    const QPointF place = start_.topLeft() + by_ - canvas_.places().cell().topLeft();
+    return u"Sol %1 mm, üst %2 mm"_s.arg(millimetres(place.x()), millimetres(place.y()));
   }
 
  private:

@@ -44,7 +44,7 @@ QTreeWidgetItem* addGroup(QTreeWidget& list, const QString& caption) {
 }
 
 void addEntry(QTreeWidgetItem& group, const QString& shown, const QString& explanation, const QString& expression) {
-  auto* entry = new QTreeWidgetItem(&group, {shown, explanation});
+  auto* entry = new QTreeWidgetItem(&group, {explanation.isEmpty() ? shown : explanation, explanation.isEmpty() ? QString() : shown});
   entry->setData(0, expressionRole, expression);
   entry->setToolTip(0, explanation.isEmpty() ? shown : u"%1 — %2"_s.arg(shown, explanation));
   entry->setToolTip(1, entry->toolTip(0));
@@ -66,7 +66,7 @@ DataList::DataList(QWidget* parent) : QWidget(parent), search_(new QLineEdit(thi
   list_->setObjectName(u"dataNames"_s);
   list_->setAccessibleName(u"Veri listesi"_s);
   list_->setColumnCount(2);
-  list_->setHeaderLabels({u"Ad"_s, u"Anlamı"_s});
+  list_->setHeaderLabels({u"Anlamı"_s, u"Ad"_s});
   list_->setRootIsDecorated(true);
   list_->setIndentation(12);
   list_->setUniformRowHeights(true);

@@ -176,6 +176,7 @@ void DesignCanvas::fitWidth() {
   const double tags = places_->bands().empty() ? gap : bandTagWidth + gap / 2;
   zoomTo((viewport()->width() - tags - gap) / places_->sheet().paper.width() / dotsPerMillimetreAtFull);
   horizontalScrollBar()->setValue(horizontalScrollBar()->minimum());
+  verticalScrollBar()->setValue(verticalScrollBar()->minimum());
 }
 
 void DesignCanvas::showGrid(bool isShown) {
