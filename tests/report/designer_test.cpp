@@ -11,6 +11,7 @@
 #include <gmock/gmock.h>
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDropEvent>
@@ -246,11 +247,11 @@ TEST_F(DesignerTest, TheInspectorShowsWhatAllHaveAndWhereTheyDiffer) {
 
 TEST_F(DesignerTest, FaultsLeadToTheirObjects) {
   open(R"(<band height="40"><text name="a">[YOK]</text><text name="b" top="8">[FIS_NO]</text></band>)");
-  ASSERT_EQ(designer.faults().count(), 1);
+  ASSERT_EQ(designer.faults().faults().size(), 1U);
   QTest::mouseClick(designer.faults().viewport(), Qt::LeftButton, {}, designer.faults().visualItemRect(designer.faults().item(0)).center());
   EXPECT_EQ(editor().selection(), std::vector{node(u"a"_s)});
   editor().change(u"x"_s, *node(u"a"_s), u"text"_s, u"[FIS_NO]"_s);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return designer.faults().count() == 0; }, 3000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return designer.faults().faults().empty(); }, 3000));
 }
 
 TEST_F(DesignerTest, OnlyAChangeIsWrittenAndTheStatesBeforeAreKept) {
@@ -321,6 +322,25 @@ TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
   designer.close();
   designer.open(file, sampleData());
   EXPECT_EQ(dialogs.shown.size(), 1U) << "what was saved is no work under way";
+}
+
+TEST_F(DesignerTest, ObjectsAreChildrenForAssistiveSoftware) {
+  open(R"(<band name="B" height="40"><text name="a" left="10" top="5">A</text><barcode name="b" left="40" top="5" height="10"/></band>)");
+  QAccessibleInterface* page = QAccessible::queryAccessibleInterface(&canvas());
+  ASSERT_NE(page, nullptr);
+  ASSERT_EQ(page->childCount(), 3);
+  QAccessibleInterface* text = page->child(1);
+  EXPECT_EQ(text->text(QAccessible::Name), u"a, Metin");
+  EXPECT_EQ(text->text(QAccessible::Value), u"A");
+  EXPECT_EQ(text->role(), QAccessible::StaticText);
+  EXPECT_EQ(page->child(2)->role(), QAccessible::Graphic);
+  EXPECT_EQ(page->childAt(text->rect().center().x(), text->rect().center().y()), text);
+  text->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+  EXPECT_EQ(editor().selection(), std::vector{node(u"a"_s)});
+  EXPECT_TRUE(text->state().selected);
+  editor().remove(u"Sil"_s, {node(u"a"_s)});
+  EXPECT_FALSE(text->isValid());
+  EXPECT_EQ(page->childCount(), 2);
 }
 
 TEST_F(DesignerTest, ALabelIsMadeByTheWizardAndAPageBySetUp) {

@@ -48,6 +48,10 @@ void FaultList::search() {
                                 u"%1: %2"_s.arg(shownName(*fault.node), fault.reason)));
     if (!fault.isNotice) marked.push_back(fault.node);
   }
+  if (faults_.empty()) {
+    addItem(u"Hata bulunmadı."_s);
+    item(0)->setFlags(Qt::NoItemFlags);
+  }
   canvas_.markFaults(marked);
   Q_EMIT searched(int(faults_.size()));
 }
