@@ -59,7 +59,10 @@ void TemplateFile::keepVersion(const QByteArray& bytes) {
     if (newest.open(QIODevice::ReadOnly) && newest.readAll() == bytes) return;
   }
   makeFolder(keptFolder());
-  WholeFile::replace(keptFolder() + environment().now().toString(stampFormat) + u".fr3"_s, bytes);
+  QDateTime moment = environment().now();
+  const auto name = [&] { return keptFolder() + moment.toString(stampFormat) + u".fr3"_s; };
+  while (QFile::exists(name())) moment = moment.addMSecs(1);
+  WholeFile::replace(name(), bytes);
   const std::vector<Version> all = versions();
   for (size_t oldest = mostVersions; oldest < all.size(); ++oldest) QFile::remove(all[oldest].file);
 }
