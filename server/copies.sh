@@ -204,13 +204,13 @@ keep() {
   cd /
   while [ "$(running)" = "$server" ]; do
     # Work at the screens goes before.
-    (renice -n 10 $BASHPID >/dev/null; daily) >"$folder/daily.log" 2>&1 8>&- || true
+    [ "${KVTK_DAILY:-}" = off ] || (renice -n 10 $BASHPID >/dev/null; daily) >"$folder/daily.log" 2>&1 8>&- || true
     timeout --foreground $pause tail -s 5 --pid="$server" -f /dev/null 8>&- || true
   done
 }
 
 start_keeper() {
-  [ "${KVTK_DAILY:-}" != off ] || return 0
+  [ "${KVTK_DAILY:-}" != off ] && [ -z "${serving:-}" ] || return 0
   setsid "$here/kvtk-server" keep </dev/null >/dev/null 2>&1 9>&- &
 }
 

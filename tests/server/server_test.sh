@@ -498,6 +498,40 @@ case_older_files_are_adopted() {
   refused "no file of the program" "$server" adopt-files "$old/RAPOR"
 }
 
+case_doctor() {
+  "$server" sql <<<"UPDATE backup_state SET SINCE = NOW(), LAST_COPY = NULL, FAILURE = NULL"
+  equal "$("$server" doctor)" "0 findings"
+  "$server" sql <<'SQL' || fail "dirt"
+ALTER TABLE teknikservis DROP INDEX TS_C_SERINO, DROP TS_OZELKOD;
+ALTER TABLE caricihaz DROP FOREIGN KEY caricihaz_cari;
+DROP TRIGGER teknikservis_disarida_degis;
+DROP TABLE callerid;
+CREATE TRIGGER foreign_one AFTER INSERT ON cihaz FOR EACH ROW SET @x = 1;
+INSERT INTO cari (CA_ID, CA_AD, CA_TEL) VALUES (1, 'A B', ''), (2, 'A  B', '1');
+INSERT INTO caricihaz (CH_CA_ID, CH_SERI) VALUES (77, 'S1');
+INSERT INTO teknikservis (TS_ID, TS_NO, TS_TURU, TS_TARIH) VALUES (1, '100', 'ARIZA KABUL', '2024-01-02'), (2, ' 100', 'NE', '2024-00-00'), (3, ' 101', 'TAMAMLANDI', '2024-01-02');
+INSERT INTO teknikservis (TS_ID, TS_NO, TS_TURU, TS_TARIH, TS_USER, TS_USER_TIME) VALUES (4, '104', 'ARIZA KABUL', '2024-01-02', 'ALİ', NOW() - INTERVAL 2 HOUR);
+INSERT INTO teknikservis (TS_ID, TS_NO, TS_TURU, TS_TARIH, TS_DISSERVIS_CIKIS) VALUES (5, '105', 'ARIZA KABUL', '2024-01-02', '2024-01-03');
+UPDATE teknikservis SET TS_DISSERVIS_GIRIS = NULL WHERE TS_ID = 5;
+DELETE FROM notlar WHERE SF_TS_ID = 4;
+INSERT INTO notlar VALUES (88, 'kimsenin'), (89, '');
+INSERT INTO malzeme (TS_NO_REF, MZ_PARCA_ADI) VALUES (90, 'FAN');
+DELETE FROM sirket;
+SQL
+  "$server" doctor >"$scratch/said" && fail "all well"
+  equal "$(tail -1 "$scratch/said")" "21 findings"
+  "$server" doctor --repair >"$scratch/said" 2>&1 && fail "nothing left"
+  local words
+  for words in "trigger foreign_one" "1 lines of slips" "1 notes of slips" "1 slips in a status" "1 slips without a date" '1 slips whose number is .*" 100"' \
+    "1 customers whose name" "1 saves of this week by ALİ .*-120 minutes"; do grep -q "$words" "$scratch/said" || fail "$words: $(cat "$scratch/said")"; done
+  equal "$(tail -2 "$scratch/said" | paste -sd,)" "13 repaired,8 findings"
+  equal "$(sql <<<"SELECT CONCAT_WS(' ', (SELECT GROUP_CONCAT(TS_NO ORDER BY TS_ID) FROM teknikservis), (SELECT COUNT(*) FROM notlar), (SELECT COUNT(*) FROM cari WHERE CA_TEL IS NULL),
+    (SELECT TS_DISSERVIS_GIRIS FROM teknikservis WHERE TS_ID = 5), (SELECT COUNT(*) FROM callerid), (SELECT COUNT(TS_OZELKOD) FROM teknikservis))")" "100, 100,101,104,105 6 1 0000-00-00 0 0"
+  "$server" sql <<<"DROP TRIGGER foreign_one; DELETE FROM malzeme; DELETE FROM notlar WHERE SF_TS_ID > 5; DELETE FROM teknikservis; DELETE FROM caricihaz; DELETE FROM cari"
+  equal "$("$server" doctor)" "0 findings"
+  refused "doctor [--repair]" "$server" doctor --all
+}
+
 case_eight_at_once() {
   local i
   for i in 1 2 3 4 5 6 7 8; do
@@ -518,7 +552,7 @@ failures=0
 for name in ${KVTK_ONLY:-create listens_on_its_addresses_only second_instance_is_refused accounts users accounts_follow_the_address network \
   slips_take_their_rows_along killed_in_mid_write backup_while_writing sample_is_repeatable_and_a_backup_whole \
   restore_asks_and_puts_back devices_are_imported customers_with_devices_or_contracts_stay \
-  older_tables_are_brought_up_to_date interrupted_or_failing_steps_are_taken_back copies_are_never_overwritten daily_copies older_shops_are_adopted older_files_are_adopted eight_at_once}; do
+  older_tables_are_brought_up_to_date interrupted_or_failing_steps_are_taken_back copies_are_never_overwritten daily_copies older_shops_are_adopted older_files_are_adopted doctor eight_at_once}; do
   tests=$((tests + 1))
   if ("case_$name"); then echo "ok      $name"; else echo "FAILED  $name"; failures=$((failures + 1)); fi
 done

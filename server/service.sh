@@ -1,0 +1,64 @@
+# The server as a service of the computer. Read in by kvtk-server.
+
+unit=torvane-server.service
+
+# systemctl for the units of whoever runs this: the system's for root, else the user's own.
+units() { if [ "$(id -u)" -eq 0 ]; then systemctl "$@"; else systemctl --user "$@"; fi; }
+
+unit_file() {
+  if [ "$(id -u)" -eq 0 ]; then echo "/etc/systemd/system/$unit"; else echo "${XDG_CONFIG_HOME:-$HOME/.config}/systemd/user/$unit"; fi
+}
+
+service() {
+  case ${1-} in install | remove) [ $# -eq 1 ] || die "service install | remove" ;; *) die "service install | remove" ;; esac
+  command -v systemctl >/dev/null && units show-environment >/dev/null 2>&1 ||
+    die "there is no systemd at work here; start the server at boot by whatever does so: kvtk-server start"
+  local file wanted=default.target
+  file=$(unit_file)
+  if [ "$1" = remove ]; then
+    [ -e "$file" ] || die "no service is installed"
+    units disable --now $unit
+    rm -f "$file"
+    units daemon-reload
+    return
+  fi
+  [ -d "$folder/data/mysql" ] || die "there is no instance in $folder; make one with: kvtk-server create"
+  [ "$(id -u)" -ne 0 ] || wanted=multi-user.target
+  mkdir -p "$(dirname "$file")"
+  cat >"$file" <<UNIT
+[Unit]
+Description=Torvane Teknik Servis Takip, database server
+After=network-online.target
+Wants=network-online.target
+
+[Service]
+Environment="KVTK_HOME=$home"
+${KVTK_BIND:+Environment="KVTK_BIND=$KVTK_BIND"}
+ExecStart="$here/kvtk-server" serve
+ExecStop="$here/kvtk-server" stop
+Restart=on-failure
+RestartSec=2
+TimeoutStartSec=infinity
+TimeoutStopSec=180
+KillMode=mixed
+
+[Install]
+WantedBy=$wanted
+UNIT
+  units daemon-reload
+  # Without it the user's services start only when the user logs in.
+  [ "$(id -u)" -eq 0 ] || loginctl enable-linger || die "the service is made, but starts only when $user logs in: loginctl enable-linger $user"
+  stop
+  units enable --now $unit
+  echo "the server starts with the computer; $file"
+}
+
+# Runs the server for as long as it lives and sees to its daily copies. Ends in failure when it did not end by itself.
+serve() {
+  take_turn
+  serving=yes
+  running >/dev/null || start
+  exec 9>&-
+  keep
+  [ ! -e "$folder/mariadb.pid" ] || die "the server died; $folder/error.log tells why"
+}
