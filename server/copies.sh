@@ -205,7 +205,7 @@ keep() {
   while [ "$(running)" = "$server" ]; do
     # Work at the screens goes before.
     [ "${KVTK_DAILY:-}" = off ] || (renice -n 10 $BASHPID >/dev/null; daily) >"$folder/daily.log" 2>&1 8>&- || true
-    timeout --foreground $pause tail -s 5 --pid="$server" -f /dev/null 8>&- || true
+    timeout --foreground $pause tail -s 2 --pid="$server" -f /dev/null 8>&- || true
   done
 }
 
