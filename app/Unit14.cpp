@@ -32,6 +32,7 @@ const QString databaseName = u"kvtk"_s;
 const QString serviceName = u"MySQL_Quendrine"_s;
 const QString settingsPath = u"SOFTWARE\\Quendrine"_s;
 const QString settingsSection = u"KVTK"_s;
+const QString fingerprintKey = u"SunucuParmakIzi"_s;
 
 /// The hourglass for as long as this object lives.
 class WaitCursor {
@@ -168,6 +169,7 @@ void TLogin_Form::connectToServer() {
     DM->MySQL.Username = LoginRules::account(Kullanici->text());
     DM->MySQL.Password = LoginRules::password(parola->text());
     DM->MySQL.Database = databaseName;
+    DM->MySQL.CertificateFingerprint = SettingsStore::read(settingsPath, settingsSection, fingerprintKey).trimmed();
     const WaitCursor waiting;
     DM->MySQL.Connect();
   } catch (const std::exception& error) {

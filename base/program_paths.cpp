@@ -5,8 +5,11 @@
 
 using namespace Qt::StringLiterals;
 
-QString programFile() { return QCoreApplication::applicationFilePath(); }
+QString programFile() {
+  const QString given = qEnvironmentVariable("KVTK_PROGRAM");
+  return given.isEmpty() ? QCoreApplication::applicationFilePath() : given;
+}
 
-QString programFolder() { return QCoreApplication::applicationDirPath() + u'/'; }
+QString programFolder() { return QFileInfo(programFile()).absolutePath() + u'/'; }
 
 QString logFileName() { return programFolder() + QFileInfo(programFile()).completeBaseName() + u".log"_s; }

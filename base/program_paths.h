@@ -2,7 +2,8 @@
 
 #include <QString>
 
-/// Full path of the running program.
+/// Full path of the running program; where one is installed for all users, the place that stands for it in the user's own folder
+/// (KVTK_PROGRAM), beside which its files are kept.
 QString programFile();
 /// Folder of the running program, with a separator behind it.
 QString programFolder();

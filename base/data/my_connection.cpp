@@ -34,6 +34,16 @@ QString withoutTablePrefix(unsigned code, const QString& message) {
   return point < 0 ? message : QString(message).remove(begin, point + 1 - begin);
 }
 
+/// What a failure of TLS is told with, where the library's words say little to a user; otherwise the library's.
+QString transportText(const QString& message) {
+  if (message.contains("Fingerprint"_L1))
+    return u"Sunucunun sertifikası değişmiş: ayarlarda duran parmak izine uymuyor.\r\nSunucu bilgisayar yenilendiyse yeni parmak "
+           "izini ayarlara yazın. Yenilenmediyse bağlanmayın: ağda başka bir bilgisayar sunucunun yerine geçmiş olabilir."_s;
+  if (message.contains("does not support it"_L1))
+    return u"Sunucu şifreli bağlantı sunmuyor, ayarlarda ise sertifikasının parmak izi duruyor."_s;
+  return message;
+}
+
 bool hasNul(const QByteArray& bytes) { return bytes.contains('\0'); }
 
 }  // namespace
@@ -46,6 +56,16 @@ TMyConnection::~TMyConnection() { Close(); }
 
 void TMyConnection::Connect() {
   Close();
+  try {
+    connectBy(Transport::Encrypted);
+  } catch (const EMyError& error) {
+    // Tells a server without TLS; nothing but its greeting has been on the wire.
+    if (error.code() != CR_SSL_CONNECTION_ERROR || !CertificateFingerprint.isEmpty()) throw;
+    connectBy(Transport::Plain);
+  }
+}
+
+void TMyConnection::connectBy(Transport transport) {
   const QByteArray server = Server.toUtf8();
   const QByteArray user = Latin5::encode(Username, u"Kullanıcı Adı"_s);
   const QByteArray password = Latin5::encode(Password, u"Kullanıcı Parolası"_s);
@@ -67,6 +87,12 @@ void TMyConnection::Connect() {
   mysql_options(handle_, MYSQL_OPT_RECONNECT, &no);
   mysql_options(handle_, MYSQL_OPT_PROTOCOL, &protocol);
   mysql_options(handle_, MYSQL_OPT_NONBLOCK, nullptr);
+  if (transport == Transport::Encrypted) {
+    const my_bool yes = 1;
+    mysql_options(handle_, MYSQL_OPT_SSL_ENFORCE, &yes);
+    const QByteArray fingerprint = CertificateFingerprint.toLatin1();
+    if (!fingerprint.isEmpty()) mysql_options(handle_, MARIADB_OPT_TLS_PEER_FP, fingerprint.constData());
+  }
   mysql_options(handle_, MYSQL_INIT_COMMAND, sessionSetup);
   mysql_options(handle_, MYSQL_INIT_COMMAND, isolationSetup);
 
@@ -92,6 +118,8 @@ void TMyConnection::Close() {
   lost_ = false;
   packetLimit_ = 0;
 }
+
+bool TMyConnection::Encrypted() const { return handle_ != nullptr && mysql_get_ssl_cipher(handle_) != nullptr; }
 
 bool TMyConnection::InTransaction() const {
   if (handle_ == nullptr || lost_) return false;
@@ -151,7 +179,8 @@ void TMyConnection::requireOpen(const QString& queryName, const QString& queryTe
 void TMyConnection::raise(const QString& queryName, const QString& queryText) {
   const unsigned code = mysql_errno(handle_);
   lost_ = lost_ || code == CR_SERVER_LOST || code == CR_SERVER_GONE_ERROR;
-  const QString message = Latin5::decode(QByteArrayView(mysql_error(handle_)));
+  QString message = Latin5::decode(QByteArrayView(mysql_error(handle_)));
+  if (code == CR_SSL_CONNECTION_ERROR) message = transportText(message);
   throw EMyError(code, QString::fromLatin1(mysql_sqlstate(handle_)), withoutTablePrefix(code, message), queryName, queryText);
 }
 

@@ -39,11 +39,17 @@ class TMyConnection {
   QString Username;
   QString Password;
   int ConnectTimeoutSeconds = 10;
+  /// SHA-1 of the server's certificate, in hexadecimal with or without ":". When it is given, only the server that has that
+  /// certificate is talked to; otherwise any, by TLS where it offers that.
+  QString CertificateFingerprint;
 
   /// Opens the connection with the values above. Throws EMyError, EUnstorableValue for a name that latin5 cannot hold.
   void Connect();
   void Close();
   bool Connected() const { return handle_ != nullptr; }
+
+  /// True when what goes to the server and comes from it is encrypted.
+  bool Encrypted() const;
 
   /// True between StartTransaction and Commit or Rollback, as the server last told.
   bool InTransaction() const;
@@ -76,6 +82,8 @@ class TMyConnection {
   quint64 roundTrips() const { return roundTrips_; }
 
  private:
+  enum class Transport { Encrypted, Plain };
+  void connectBy(Transport transport);
   void requireOpen(const QString& queryName, const QString& queryText) const;
   [[noreturn]] void raise(const QString& queryName, const QString& queryText);
 

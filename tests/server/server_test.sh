@@ -47,7 +47,7 @@ broken_slips() {
 login() {
   local file=$scratch/login.cnf
   printf '[client]\nuser=QUEND\npassword="%s"\n' "$(printf 'quend\n%s\n' "$1" | "$KVTK_ACCOUNT_TOOL" x | sed -n "s/.*IDENTIFIED BY '\(.*\)';/\1/p")" >"$file"
-  mariadb --defaults-file="$file" --host="$address" --port=3313 --protocol=tcp kvtk -N -e "$2"
+  mariadb --defaults-file="$file" --host="$address" --port=3313 --protocol=tcp ${3:-} kvtk -N -e "$2"
 }
 
 case_create() {
@@ -153,6 +153,15 @@ case_network() {
   [ ! -e "$KVTK_HOME/server" ] || fail "a refused create leaves something"
   "$server" create --network 10.9.8.7/24 && "$server" start || fail "create --network"
   equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.user WHERE User = 'QUEND'")" 10.9.8.0/255.255.255.0,127.0.0.1,127.0.0.53
+  # What goes over the line is encrypted, by the same certificate after the next start; only its owner reads the key.
+  address=127.0.0.53
+  local print
+  print=$("$server" fingerprint)
+  [[ $(login quend "SHOW STATUS LIKE 'Ssl_cipher'" --ssl) == Ssl_cipher*TLS_* ]] || fail "not encrypted"
+  equal "$(stat -c %a "$KVTK_HOME/server/tls/key.pem")" 600
+  "$server" stop
+  "$server" start
+  equal "$(openssl s_client -starttls mysql -connect $address:3313 </dev/null 2>/dev/null | openssl x509 -noout -fingerprint -sha1 | cut -d= -f2)" "$print"
   "$server" stop
 }
 
