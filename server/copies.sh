@@ -130,7 +130,7 @@ thin() {
 
 second-place() {
   [ $# -le 1 ] || die "second-place [FOLDER | off]"
-  [ -d "$folder/data" ] || die "there is no instance in $folder; make one with: kvtk-server create"
+  need_instance
   case ${1-} in
     "") [ -z "$(second_place)" ] || second_place ;;
     off) rm -f "$folder/second-place" ;;

@@ -46,9 +46,10 @@ INSERT INTO finding (N, WHAT, ADVICE)
   WHERE r.S = 'kvtk_doctor' AND (o.COLUMN_TYPE <> r.COLUMN_TYPE OR NOT o.COLLATION_NAME <=> r.COLLATION_NAME OR o.EXTRA <> r.EXTRA);
 INSERT INTO finding (N, WHAT, ADVICE, REPAIR)
   SELECT 1, CONCAT('the index ', r.I, ' of ', r.T, ' is missing or another one'), 'doctor --repair makes it',
-    CONCAT('ALTER TABLE ', r.T, IF(o.I IS NULL, '', CONCAT(' DROP INDEX ', r.I, ',')), ' ADD ', IF(r.NON_UNIQUE, '', 'UNIQUE '), 'KEY ', r.I, ' (', r.C, ')')
+    CONCAT('ALTER TABLE ', r.T, IF(o.I IS NULL, '', CONCAT(' DROP INDEX `', r.I, '`,')), ' ADD ',
+      IF(r.I = 'PRIMARY', 'PRIMARY KEY', CONCAT(IF(r.NON_UNIQUE, '', 'UNIQUE '), 'KEY ', r.I)), ' (', r.C, ')')
   FROM found_indexes r LEFT JOIN found_indexes o ON o.S = 'kvtk' AND o.T = r.T AND o.I = r.I
-  WHERE r.S = 'kvtk_doctor' AND r.I <> 'PRIMARY' AND (o.I IS NULL OR o.C <> r.C OR o.NON_UNIQUE <> r.NON_UNIQUE)
+  WHERE r.S = 'kvtk_doctor' AND (o.I IS NULL OR o.C <> r.C OR o.NON_UNIQUE <> r.NON_UNIQUE)
     AND EXISTS (SELECT 1 FROM found_tables t WHERE t.S = 'kvtk' AND t.T = r.T);
 
 -- Rows that point nowhere

@@ -22,7 +22,7 @@ service() {
     units daemon-reload
     return
   fi
-  [ -d "$folder/data/mysql" ] || die "there is no instance in $folder; make one with: kvtk-server create"
+  need_instance
   [ "$(id -u)" -ne 0 ] || wanted=multi-user.target
   mkdir -p "$(dirname "$file")"
   cat >"$file" <<UNIT
@@ -34,6 +34,7 @@ Wants=network-online.target
 [Service]
 Environment="KVTK_HOME=$home"
 ${KVTK_BIND:+Environment="KVTK_BIND=$KVTK_BIND"}
+${KVTK_SERVER_OPTIONS:+Environment="KVTK_SERVER_OPTIONS=$KVTK_SERVER_OPTIONS"}
 ExecStart="$here/kvtk-server" serve
 ExecStop="$here/kvtk-server" stop
 Restart=on-failure
@@ -55,10 +56,30 @@ UNIT
 
 # Runs the server for as long as it lives and sees to its daily copies. Ends in failure when it did not end by itself.
 serve() {
-  take_turn
   serving=yes
-  running >/dev/null || start
-  exec 9>&-
-  keep
-  [ ! -e "$folder/mariadb.pid" ] || die "the server died; $folder/error.log tells why"
+  take_turn
+  if ! running >/dev/null; then
+    wait_for_network
+    start
+  fi
+  while running >/dev/null; do
+    exec 9>&-
+    keep
+    # Another command's keeper may see to the copies of the server that it has started.
+    running >/dev/null && continue
+    [ ! -e "$folder/mariadb.pid" ] || die "the server died; $folder/error.log tells why"
+    # Who has stopped it may be starting it anew, such as an upgrade.
+    take_turn
+  done
+}
+
+# At the computer's start its address in the shop's network may come later than this.
+wait_for_network() {
+  [ -n "$(served_network)" ] || return 0
+  local second
+  for second in $(seq 60); do
+    [ -z "$(address_in "$(served_network)")" ] || return 0
+    sleep 1
+  done
+  echo "kvtk-server: this computer has no address in its network, whose computers cannot connect" >&2
 }

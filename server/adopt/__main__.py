@@ -17,7 +17,7 @@ from values import Values, latin5_text, raw
 
 PHONES = {"CA_TEL", "CA_TEL2", "CA_CEP", "TS_TEL", "TS_TEL2", "TS_CEP"}
 # Made anew by the server or by the program; none of them holds a user's word.
-OWN_COLUMNS = {"CA_STAMP", "CH_STAMP", "C_STAMP", "DS_STAMP", "TS_STAMP", "SOZ_STAMP", "SIRKET_ID"}
+OWN_COLUMNS = {"CA_STAMP", "CH_STAMP", "C_STAMP", "DS_STAMP", "TS_STAMP", "SOZ_STAMP", "SIRKET_ID", "DOVIZ_ID"}
 OWN_TABLES = {"schema_version", "backup_state"}
 WHOLE = {"smallint": 15, "int": 31, "bigint": 63}
 BATCH_BYTES = 1 << 20

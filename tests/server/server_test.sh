@@ -162,6 +162,12 @@ case_network() {
   "$server" stop
   "$server" start
   equal "$(openssl s_client -starttls mysql -connect $address:3313 </dev/null 2>/dev/null | openssl x509 -noout -fingerprint -sha1 | cut -d= -f2)" "$print"
+  # It can be taken back, and given to an instance that is there.
+  "$server" network off >/dev/null
+  equal "$("$server" network)$(sql <<<"SELECT COUNT(*) FROM mysql.db WHERE Host LIKE '10.%'")" 0
+  refused "no address in the network" "$server" network 10.9.9.0/24
+  "$server" network 10.9.8.0/24 >/dev/null
+  equal "$("$server" network)$(sql <<<"SELECT COUNT(*) FROM mysql.db WHERE Host LIKE '10.%'")" 10.9.8.0/255.255.255.01
   "$server" stop
 }
 
@@ -558,11 +564,15 @@ case_service() {
   equal "$(grep -v show "$scratch/called" | cut -d' ' -f2- | paste -sd,)" \
     "daemon-reload,enable --now torvane-server.service,disable --now torvane-server.service,daemon-reload"
   [ ! -e "$unit" ] || fail "the unit is left"
-  # What the unit runs ends in failure when the server was killed, and well when it was stopped.
+  # What the unit runs ends in failure when the server was killed, even one that another command has started anew meanwhile, and
+  # well when it was stopped.
   local end
   for end in 1 0; do
     "$server" serve 2>/dev/null &
     for _ in $(seq 100); do "$server" sql -e "SELECT 1" >/dev/null 2>&1 && break; sleep 0.1; done
+    "$server" network off >/dev/null
+    sleep 1
+    kill -0 $! || fail "it has ended with the first server"
     if [ $end = 1 ]; then kill -9 "$(cat "$KVTK_HOME/server/mariadb.pid")"; else "$server" stop; fi
     wait $!
     equal $? $end
