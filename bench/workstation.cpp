@@ -153,7 +153,7 @@ class Workstation {
       say(isTaken ? "taken" : "refused", what, time, slip, token_);
       if (isTaken) {
         box(u"TS_NO"_s).setText({});
-        QTest::keyClick(box(u"TS_NO"_s).line(), Qt::Key_F4);
+        QTest::keyClick(box(u"TS_NO"_s).line(), Qt::Key_F5);
       }
     }
     for (QWidget* window : fKvb->childWindows()) window->parentWidget()->close();

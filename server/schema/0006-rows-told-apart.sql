@@ -1,3 +1,3 @@
 -- Every table has a key that tells its rows apart: servers that hold one database together need it. No screen sees this one.
 
-ALTER TABLE doviz ADD DOVIZ_ID INT NOT NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY;
+ALTER TABLE doviz ADD COLUMN IF NOT EXISTS DOVIZ_ID INT NOT NULL AUTO_INCREMENT INVISIBLE PRIMARY KEY;
