@@ -103,7 +103,6 @@ void TLogin_Form::buildForm() {
   Kullanici->setCharCase(CharCase::Upper);
   parola->setCharCase(CharCase::Upper);
   parola->line()->setEchoMode(QLineEdit::Password);
-  parola->line()->setStyleSheet(u"lineedit-password-character: 42"_s);  // "*"
   eSunucu->addButton(ellipsisButton(u"Sunucu Seçin"_s));
   addRow(Kullanici, u"Kullanici"_s, u"Kullanıcı Adı:"_s);
   addRow(parola, u"parola"_s, u"Kullanıcı Parolası:"_s);

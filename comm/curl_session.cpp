@@ -37,6 +37,8 @@ QString Curl::errorText(CURLcode code, const QString& host) {
     case CURLE_RECV_ERROR:
     case CURLE_SEND_ERROR:
     case CURLE_GOT_NOTHING: return u"Bağlantı yarıda kesildi: "_s + host;
+    case CURLE_UNSUPPORTED_PROTOCOL:  // the only ones asked for are supported: the answer is of none
+    case CURLE_WEIRD_SERVER_REPLY: return u"Sunucunun yanıtı anlaşılamadı: "_s + host;
     case CURLE_FILESIZE_EXCEEDED:
     case CURLE_WRITE_ERROR: return u"Sunucunun yanıtı çok uzun: "_s + host;
     case CURLE_LOGIN_DENIED: return u"Sunucu kullanıcı adını ya da parolayı kabul etmedi: "_s + host;

@@ -1,5 +1,6 @@
 #include "comm/sms_screen.h"
 
+#include "app/ports.h"
 #include "app/quendUtils.h"
 #include "base/environment.h"
 #include "comm/http_client.h"
@@ -10,6 +11,8 @@
 #include <QEventLoop>
 #include <QLabel>
 
+using namespace Qt::StringLiterals;
+
 template <class Sequence>
 HttpAnswer SmsOverWindow<Sequence>::exchange(const HttpRequest& request) {
   return resultWhileWaiting([&] { return client_.exchange(request); });
@@ -18,6 +21,11 @@ HttpAnswer SmsOverWindow<Sequence>::exchange(const HttpRequest& request) {
 template <class Sequence>
 void SmsOverWindow<Sequence>::errorMessage(const QString& text) {
   QuendUtil->ErrorMesaj(window_, text);
+}
+
+template <class Sequence>
+void SmsOverWindow<Sequence>::note(const Exception& cause) {
+  logMessage(u"SMS servis sağlayıcı ile bağlantı kurulamadı"_s, &cause);
 }
 
 template <class Sequence>

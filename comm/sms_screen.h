@@ -17,6 +17,7 @@ class SmsOverWindow : public Sequence {
 
   HttpAnswer exchange(const HttpRequest& request) override;
   void errorMessage(const QString& text) override;
+  void note(const Exception& cause) override;
   void plainMessage(const QString& text) override;
   void confirm(const QString& text) override;
 

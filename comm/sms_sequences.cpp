@@ -19,6 +19,11 @@ constexpr int pauseMs = 1000;
 
 QString requestError(const Exception& error) { return u"Error on request:\r\n"_s + error.message(); }
 
+void tellFailure(const QString& words, const Exception& cause, SmsSender& screen) {
+  screen.note(cause);
+  screen.errorMessage(words);
+}
+
 /// Shows the words of a refusal that has some.
 void tellRefusal(const SmsVerdict& verdict, SmsSender& screen) {
   if (!verdict.words.isEmpty()) screen.errorMessage(verdict.words);
@@ -96,8 +101,8 @@ bool askXmlSenders(const SmsSettings& settings, XmlAsker asker, SmsSession& scre
     else
       tellRefusal(senders, screen);
     return senders.accepted;
-  } catch (const ENetworkError&) {
-    screen.errorMessage(noConnection);
+  } catch (const ENetworkError& error) {
+    tellFailure(noConnection, error, screen);
     return true;
   }
 }
@@ -108,8 +113,8 @@ std::optional<QString> askXmlBalance(const SmsSettings& settings, XmlAsker asker
     const SmsBalance balance = XmlSms::readBalance(exchangeXml(XmlSms::balanceRequest(settings.addresses, settings.account), asker, screen));
     if (balance.accepted) return balance.credit;
     tellRefusal(balance, screen);
-  } catch (const ENetworkError&) {
-    screen.errorMessage(noConnection);
+  } catch (const ENetworkError& error) {
+    tellFailure(noConnection, error, screen);
   }
   return std::nullopt;
 }
@@ -197,8 +202,8 @@ SmsReceipt submitForm(const SmsSettings& settings, const SmsMessage& message, Sm
   HttpAnswer answer;
   try {
     answer = screen.exchange(FormSms::submitRequest(settings.addresses, settings.account, message));
-  } catch (const ENetworkError&) {
-    screen.errorMessage(noSubmitConnection);
+  } catch (const ENetworkError& error) {
+    tellFailure(noSubmitConnection, error, screen);
   }
   return FormSms::readReceipt(answer);
 }
@@ -207,8 +212,8 @@ SmsReceipt submitForm(const SmsSettings& settings, const SmsMessage& message, Sm
 std::optional<SmsReceipt> submitXml(const SmsSettings& settings, const SmsMessage& message, bool turkishLock, SmsSender& screen) {
   try {
     return XmlSms::readReceipt(screen.exchange(XmlSms::submitRequest(settings.addresses, settings.account, message, turkishLock)));
-  } catch (const ENetworkError&) {
-    screen.errorMessage(noSubmitConnection);
+  } catch (const ENetworkError& error) {
+    tellFailure(noSubmitConnection, error, screen);
     return std::nullopt;
   }
 }

@@ -23,6 +23,8 @@ class SmsSender {
   /// Sends and waits; the window stays painted and input waits. Throws ENetworkError.
   virtual HttpAnswer exchange(const HttpRequest& request) = 0;
   virtual void errorMessage(const QString& text) = 0;  ///< ErrorMesaj
+  /// Keeps in the log why there was no connection, of which the user is told no more than that.
+  virtual void note(const Exception& cause) = 0;
   virtual void plainMessage(const QString& text) = 0;  ///< a bare message box
   virtual void confirm(const QString& text) = 0;       ///< NormalMesaj; at the slip the balloon at the mobile number
 };

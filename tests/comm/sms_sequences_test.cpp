@@ -18,6 +18,7 @@ class Transcript : public SmsSession {
  public:
   explicit Transcript(const QStringList& given) : answers_(given.begin(), given.end()) {}
   QStringList steps;
+  QStringList noted;
 
   HttpAnswer exchange(const HttpRequest& request) override {
     steps += u"send "_s + request.address.section(u'/', 3) + u' ' + QString::fromUtf8(request.body.left(7)).simplified();
@@ -28,6 +29,7 @@ class Transcript : public SmsSession {
     return {200, {}, answer.toUtf8()};
   }
   void errorMessage(const QString& text) override { steps += u"error "_s + text; }
+  void note(const Exception& cause) override { noted += cause.message(); }
   void plainMessage(const QString& text) override { steps += u"plain "_s + text; }
   void confirm(const QString& text) override { steps += u"confirm "_s + text; }
   void setBanner(const QString& text) override { steps += u"banner "_s + text; }
@@ -108,6 +110,7 @@ TEST(SmsSequences, SignIn) {
     Transcript screen(expected.answers);
     SmsSequences::signIn(settings(expected.provider), screen);
     EXPECT_EQ(screen.steps, expected.steps) << screen.steps.join(u'\n').toStdString();
+    EXPECT_EQ(screen.noted, QStringList(screen.steps.filter(u"kurulamadı"_s).size(), dead)) << "what the words do not tell";
   }
   Transcript screen({dead});
   EXPECT_THROW(SmsSequences::signIn(settings(FormSmsProvider), screen), ENetworkError);
@@ -193,6 +196,7 @@ TEST(SmsSequences, BulkSending) {
     Transcript screen(expected.answers);
     EXPECT_EQ(SmsSequences::sendBulk(settings(expected.provider), u"1,2"_s, u"m"_s, screen), expected.closes);
     EXPECT_EQ(screen.steps, expected.steps);
+    EXPECT_EQ(screen.noted, QStringList(screen.steps.filter(u"kurulamadı"_s).size(), dead));
   }
   Transcript screen({});
   EXPECT_FALSE(SmsSequences::sendBulk(settings(JsonSmsProvider), u" "_s, u"m"_s, screen));

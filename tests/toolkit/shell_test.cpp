@@ -407,6 +407,18 @@ TEST(CommandBarTest, CommandsTakeAnotherRowInsteadOfHidingAndDialogsEndOnTheScre
   EXPECT_EQ(rows(), 2);
 }
 
+TEST(ScreenRoomTest, TheDialogGrowsWithWhatItsContentComesToSay) {
+  QDialog dialog;
+  auto* content = new QWidget;
+  auto* said = new QLabel;
+  (new QHBoxLayout(content))->addWidget(said);
+  auto* room = new ScreenRoom(content);
+  (new QVBoxLayout(&dialog))->addWidget(room);
+  dialog.show();
+  said->setText(u"Kontör Miktarı: 1250 "_s.repeated(5));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return said->width() >= said->sizeHint().width() && room->viewport()->width() >= content->width(); }));
+}
+
 TEST(KeyTipsTest, LettersAreUniqueAndBeginWords) {
   const auto letters = [](const QStringList& captions) {
     QString all;

@@ -1,5 +1,6 @@
 #include "toolkit/shell/screen_room.h"
 
+#include <QEvent>
 #include <QScreen>
 #include <QScrollBar>
 
@@ -20,6 +21,12 @@ ScreenRoom::ScreenRoom(QWidget* content) {
 QSize ScreenRoom::sizeHint() const { return bounded(widget()->sizeHint().expandedTo(widget()->minimumSize())); }
 
 QSize ScreenRoom::minimumSizeHint() const { return bounded(widget()->minimumSizeHint().expandedTo(widget()->minimumSize())); }
+
+/// What the content asks for may grow while it shows; the dialog grows with it.
+bool ScreenRoom::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) updateGeometry();
+  return QScrollArea::event(event);
+}
 
 QSize ScreenRoom::bounded(QSize wanted) const {
   const int room = screen()->availableSize().height() - aroundContent;

@@ -13,6 +13,9 @@ class ScreenRoom : public QScrollArea {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   QSize bounded(QSize wanted) const;
 };
