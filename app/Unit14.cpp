@@ -12,6 +12,7 @@
 #include "app/quendUtils.h"
 #include "base/turkish_text.h"
 #include "toolkit/edits/button_edit.h"
+#include "toolkit/edits/password_line.h"
 #include "toolkit/edits/text_edit.h"
 
 #include <QApplication>
@@ -102,7 +103,7 @@ void TLogin_Form::buildForm() {
   eSunucu = new ButtonEdit;
   Kullanici->setCharCase(CharCase::Upper);
   parola->setCharCase(CharCase::Upper);
-  parola->line()->setEchoMode(QLineEdit::Password);
+  maskPassword(*parola->line());
   eSunucu->addButton(ellipsisButton(u"Sunucu Seçin"_s));
   addRow(Kullanici, u"Kullanici"_s, u"Kullanıcı Adı:"_s);
   addRow(parola, u"parola"_s, u"Kullanıcı Parolası:"_s);

@@ -3,18 +3,13 @@
 #include "base/guard.h"
 #include "comm/http_exchange.h"
 
-#include <QElapsedTimer>
 #include <QNetworkDatagram>
 #include <QUdpSocket>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-constexpr int shortestRestMs = 100;
-/// A call that took long to tell, as with a long list on the screen, is followed by a rest that is longer by so much.
-constexpr int restPerWork = 3;
+constexpr int restMs = 100;
 /// Datagrams that are taken in one go; what is left comes with the next event.
 constexpr int mostAtOnce = 2000;
 }  // namespace
@@ -58,8 +53,6 @@ void CallListener::hear() {
 
 void CallListener::tell() {
   hasCall_ = false;
-  QElapsedTimer work;
-  work.start();
   guarded(this, [this] { called_(CallerText::notice(last_)); });
-  rest_.start(std::max(shortestRestMs, int(work.elapsed()) * restPerWork));
+  rest_.start(restMs);
 }

@@ -78,17 +78,13 @@ class MissingTexts : public QTranslator {
   }
 };
 
-/// Fusion, with icons of disabled commands as pale as their captions, frames that are seen on dark colours, and passwords as "*".
+/// Fusion, with icons of disabled commands as pale as their captions, and frames that are seen on dark colours.
 class Style : public QProxyStyle {
  public:
   Style() : QProxyStyle(u"Fusion"_s) {}
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override {
-    switch (hint) {
-      case SH_EtchDisabledText: return 0;
-      case SH_LineEdit_PasswordCharacter: return u'*';
-      default: return QProxyStyle::styleHint(hint, option, widget, data);
-    }
+    return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
   }
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {

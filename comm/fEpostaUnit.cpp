@@ -9,6 +9,7 @@
 #include "comm/smtp_client.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/memo_edit.h"
+#include "toolkit/edits/password_line.h"
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/shell/screen_room.h"
@@ -109,7 +110,7 @@ TfEPOSTA::~TfEPOSTA() {
 }
 
 QWidget* TfEPOSTA::buildAccount() {
-  eSMTPPassword->line()->setEchoMode(QLineEdit::Password);
+  maskPassword(*eSMTPPassword->line());
   eSMTPPORT->setText(u"0"_s);
   eSMTPAUTH->setItems({u"Hayır"_s, u"Evet"_s});
   eSMTPAUTH->setItemIndex(0);

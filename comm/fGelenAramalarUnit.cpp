@@ -14,7 +14,11 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QElapsedTimer>
+#include <QScopeGuard>
 #include <QScopedValueRollback>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +27,8 @@ TfGelenAramalar* fGelenAramalar = nullptr;
 namespace {
 
 constexpr QSize preferredSize(760, 360);
+constexpr int shortestRestMs = 100;
+constexpr int restPerWork = 3;  ///< a list that took long to read rests longer
 const QString placeFile = u"./GelenArama.INI"_s;  // in the current folder
 const QString dateField = u"cid_tarih"_s;
 
@@ -66,6 +72,10 @@ TfGelenAramalar::TfGelenAramalar(QWidget* mainForm)
       place_(placeFile, u"fGelenAramalar"_s, QuendUtil->BilgisayarAdi()) {
   setObjectName(u"fGelenAramalar"_s);
   setWindowTitle(u"Gelen Aramalar"_s);
+  rest_.setSingleShot(true);
+  connectGuarded(&rest_, &QTimer::timeout, this, [this] {
+    if (isStale_) refreshIfShown();
+  });
   grid_->setObjectName(u"calls"_s);
   grid_->setMultiSelect(true);
   grid_->setFilterRow(true);
@@ -110,8 +120,14 @@ void TfGelenAramalar::Giris() {
 }
 
 void TfGelenAramalar::refreshIfShown() {
+  if (!isVisible() || !qCaller.Active()) return;
+  isStale_ = rest_.isActive();
+  if (isStale_) return;
+  QElapsedTimer work;
+  work.start();
+  const auto rest = qScopeGuard([&] { rest_.start(std::max(shortestRestMs, int(work.elapsed()) * restPerWork)); });
   const UnobservedWait noBusyCursor;
-  if (isVisible() && qCaller.Active()) qCaller.Refresh();
+  qCaller.Refresh();
 }
 
 void TfGelenAramalar::showEvent(QShowEvent* event) {

@@ -4,6 +4,7 @@
 #include "toolkit/shell/window_place.h"
 
 #include <QDate>
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -21,7 +22,8 @@ class TfGelenAramalar : public QWidget {
 
   /// Reads today's calls and shows the window. Throws EDatabaseError.
   void Giris();
-  /// Reads the calls again where they are on the screen. Throws EDatabaseError.
+  /// Reads the calls again where they are on the screen: at once, or, while the list rests after a reading, once behind it, so
+  /// that a flood of calls leaves the screen usable. Throws EDatabaseError.
   void refreshIfShown();
 
   TMyQuery qCaller;
@@ -38,6 +40,8 @@ class TfGelenAramalar : public QWidget {
   WindowPlace place_;
   bool wasShown_ = false;
   bool isOpening_ = false;
+  QTimer rest_;
+  bool isStale_ = false;  ///< a call came in during the rest
   std::optional<QDate> day_;  ///< the calls that were read; nothing is all of them
 };
 

@@ -79,6 +79,7 @@ void TsmsYollaForm::buildForm() {
   uyariPan->setObjectName(u"uyariPan"_s);
   uyariPan->setAlignment(Qt::AlignCenter);
   uyariPan->setWordWrap(true);
+  uyariPan->setMinimumHeight(2 * uyariPan->fontMetrics().lineSpacing());  // nothing moves when it comes to say something
   cxGroupBox1->setObjectName(u"cxGroupBox1"_s);
   auto* group = new QVBoxLayout(cxGroupBox1);
   for (QWidget* part : {static_cast<QWidget*>(ALICITEL), static_cast<QWidget*>(TS_TURU), static_cast<QWidget*>(smsMESAJ), static_cast<QWidget*>(SayPan)})

@@ -8,6 +8,7 @@
 #include "comm/sms_text.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/memo_edit.h"
+#include "toolkit/edits/password_line.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/shell/screen_room.h"
 
@@ -128,7 +129,7 @@ TfSMS::~TfSMS() {
 QWidget* TfSMS::buildAccount() {
   servis->setItems(providers());
   servis->setItemIndex(JsonSmsProvider);
-  sParola->line()->setEchoMode(QLineEdit::Password);
+  maskPassword(*sParola->line());
   uyariPan->setObjectName(u"uyariPan"_s);
   uyariPan->setAlignment(Qt::AlignCenter);
   uyariPan->setAutoFillBackground(true);

@@ -26,10 +26,14 @@ TEST_F(SlipFormTest, TheCallListShowsTodaysCallsWithTheirCustomersAndFollowsNewO
   TelephoneMonitor::ring(database.connection(), 2, u"05001112233"_s);
   workspace.UDPCallerIDUDPRead(u"a"_s, u"b"_s);
   EXPECT_EQ(model->rowCount(), 5);
+  TelephoneMonitor::ring(database.connection(), 2, u"05001112233"_s);
+  workspace.UDPCallerIDUDPRead(u"a"_s, u"b"_s);
+  EXPECT_EQ(model->rowCount(), 5) << "the list rests after a reading";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return model->rowCount() == 7; }));
   list.close();
   EXPECT_FALSE(list.qCaller.Active());
   list.Giris();
-  EXPECT_EQ(model->rowCount(), 3);
+  EXPECT_EQ(model->rowCount(), 5);
   list.close();
   QFile::remove(u"GelenArama.INI"_s);
   run(u"DELETE FROM callerid");

@@ -93,6 +93,7 @@ TEST_F(MessageScreens, TemplatesTakeTheAlphabetAndMarkersAndAccountsOutliveTheFo
   sms.reset();
   sms.emplace();
   EXPECT_EQ(fSMS->sParola->text(), u"ğ\"ü"_s);
+  EXPECT_EQ(fSMS->sParola->line()->displayText(), u"***"_s);
   QFile::remove(folder.filePath(u"Sms.ini"_s));
   fSMS->LoadParams();
   EXPECT_EQ(fSMS->servis->itemIndex(), 0);

@@ -1,8 +1,11 @@
 #include "toolkit/shell/screen_room.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QScreen>
 #include <QScrollBar>
+
+#include <algorithm>
 
 namespace {
 /// Logical pixels of a dialog's frame and buttons.
@@ -29,6 +32,9 @@ bool ScreenRoom::event(QEvent* event) {
 }
 
 QSize ScreenRoom::bounded(QSize wanted) const {
+  // A text that wraps asks for its height by the width, which the content's own hints do not tell.
+  if (const QLayout* layout = widget()->layout(); layout != nullptr && layout->hasHeightForWidth())
+    wanted.setHeight(std::max(wanted.height(), layout->totalHeightForWidth(wanted.width())));
   const int room = screen()->availableSize().height() - aroundContent;
   if (wanted.height() <= room) return wanted;
   return {wanted.width() + verticalScrollBar()->sizeHint().width(), room};
