@@ -79,15 +79,23 @@ TEST_F(PrintingTest, AQueueReceivesTheDocumentAndItsCopies) {
   PrintService service;
   ASSERT_TRUE(service.works());
   fillRows(9);
-  const ReportPagedDocument made(laidOut(R"(<band kind="rows" data="Malzeme" height="10"><text width="60">[Malzeme.AD]</text></band>)"));
+  const ReportPagedDocument made(laidOut(R"(<band kind="rows" data="Malzeme" height="10"><text width="60">[Malzeme.AD]</text></band>)", "height=\"60\""));
   ASSERT_TRUE(printPages(made, {.printer = u"MAKBUZ"_s, .copies = 2, .documentName = u"Makbuz 7"_s}));
   const QString text = PrintService::outputOf(u"pdftotext"_s, {u"-layout"_s, service.document(), u"-"_s});
   EXPECT_THAT(text.toStdString(), testing::HasSubstr("Parça 9"));
-  EXPECT_EQ(text.count(u'\f'), 2) << "pages";
+  EXPECT_EQ(text.count(u'\f'), 3) << "pages";
   QByteArray attributes = service.attributes();
   for (int attempt = 0; attempt < 50 && attributes.isEmpty(); ++attempt, attributes = service.attributes()) QThread::msleep(100);
   EXPECT_THAT(attributes.toStdString(), testing::HasSubstr(std::string("copies\0\4\0\0\0\2", 12)));
   EXPECT_THAT(attributes.toStdString(), testing::HasSubstr("Makbuz 7"));
+  EXPECT_THAT(attributes.toStdString(), testing::HasSubstr("Custom.100x60mm")) << "own paper lies as it was drawn";
+  QProcess::execute(u"cupsreject"_s, {u"MAKBUZ"_s});
+  EXPECT_FALSE(printPages(made, {.printer = u"MAKBUZ"_s}));
+  QFile log(logFileName());
+  ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+  EXPECT_THAT(log.readAll().toStdString(), testing::HasSubstr("kuyruğu iş kabul etmiyor"));
+  QProcess::execute(u"cupsaccept"_s, {u"MAKBUZ"_s});
+  EXPECT_TRUE(printPages(made, {.printer = u"MAKBUZ"_s})) << "a refusal is forgotten";
 }
 
 TEST_F(PrintingTest, RefusalsAndFaultsLeaveTheirLinesInTheLog) {
@@ -133,7 +141,7 @@ TEST_F(PrintingTest, EveryPrinterMovesItsPaper) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFileName(folder.filePath(name));
     setPrinterOffset(printer.printerName(), offset);
-    EXPECT_TRUE(printPagesOn(printer, made, {0, 0}, {}));
+    EXPECT_TRUE(printPagesOn(printer, made, {0}, {}));
     setPrinterOffset(printer.printerName(), {});
     QProcess::execute(u"pdftoppm"_s, {u"-r"_s, u"254"_s, u"-png"_s, u"-singlefile"_s, folder.filePath(name), folder.filePath(name)});
     const QImage picture(folder.filePath(name + u".png"_s));

@@ -7,6 +7,7 @@
 #include <QPdfWriter>
 
 #include <cmath>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -16,10 +17,12 @@ constexpr int pdfDotsPerInch = 1200;
 constexpr double millimetresPerInch = 25.4;
 
 QPageLayout layoutOf(QSizeF size) {
-  // A page size is told upright; one that lies is turned.
+  // Sheets are told upright and turned. A label that is wider than high lies on its roll as it was drawn.
   const bool lies = size.width() > size.height();
-  QPageLayout layout(QPageSize(lies ? size.transposed() : size, QPageSize::Millimeter, {}, QPageSize::FuzzyMatch),
-                     lies ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(), QPageLayout::Millimeter);
+  const QPageSize sheet(lies ? size.transposed() : size, QPageSize::Millimeter, {}, QPageSize::FuzzyMatch);
+  const bool isTurned = lies && sheet.id() != QPageSize::Custom;
+  QPageLayout layout(isTurned ? sheet : QPageSize(size, QPageSize::Millimeter, {}, QPageSize::FuzzyMatch),
+                     isTurned ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(), QPageLayout::Millimeter);
   // From the paper's edge, whatever part of it the printer can reach.
   layout.setMode(QPageLayout::FullPageMode);
   return layout;
@@ -27,12 +30,18 @@ QPageLayout layoutOf(QSizeF size) {
 
 }  // namespace
 
-bool paintPages(QPagedPaintDevice& device, const PagedDocument& document, PageRange range, QPointF offset, const PageProgress& progress) {
+PageList allPages(const PagedDocument& document) {
+  PageList pages(size_t(document.pageCount()));
+  std::iota(pages.begin(), pages.end(), 0);
+  return pages;
+}
+
+bool paintPages(QPagedPaintDevice& device, const PagedDocument& document, const PageList& pages, QPointF offset, const PageProgress& progress) {
   QPainter painter;
-  for (int page = range.first; page <= range.last; ++page) {
+  for (const int page : pages) {
     if (progress && !progress(page)) return false;
     device.setPageLayout(layoutOf(document.pageSize(page)));
-    if (page == range.first) {
+    if (!painter.isActive()) {
       if (!painter.begin(&device)) throw EInOutError(u"Yazdırma başlatılamadı."_s);
     } else if (!device.newPage()) {
       throw EInOutError(u"%1. sayfa yazılamadı."_s.arg(page + 1));
@@ -54,7 +63,7 @@ void writePdf(const PagedDocument& document, const QString& file, const QString&
     pdf.setTitle(title);
     pdf.setCreator(u"Torvane Teknik Servis Takip"_s);
     pdf.setResolution(pdfDotsPerInch);
-    if (!paintPages(pdf, document, {0, document.pageCount() - 1}, {}, progress)) return;
+    if (!paintPages(pdf, document, allPages(document), {}, progress)) return;
   }
   out.commit();
 }

@@ -6,18 +6,16 @@
 
 class QPagedPaintDevice;
 
-/// Pages of a document, counted from 0.
-struct PageRange {
-  int first = 0;
-  int last = 0;
-};
+/// Pages of a document as they are to be printed, counted from 0.
+using PageList = std::vector<int>;
+PageList allPages(const PagedDocument& document);
 
 /// Called before each page; false breaks off.
 using PageProgress = std::function<bool(int page)>;
 
 /// Paints pages onto paper of their own size, all moved by offset (mm). False when the progress broke it off. Throws
 /// EInOutError when the device takes no more.
-bool paintPages(QPagedPaintDevice& device, const PagedDocument& document, PageRange range, QPointF offset = {}, const PageProgress& progress = {});
+bool paintPages(QPagedPaintDevice& device, const PagedDocument& document, const PageList& pages, QPointF offset = {}, const PageProgress& progress = {});
 
 /// Writes all pages as PDF with fonts embedded; the file is replaced in one step. Nothing is written when the progress broke
 /// it off. Throws EInOutError.

@@ -3,6 +3,7 @@
 #include "base/environment.h"
 #include "base/ini_file.h"
 #include "base/log_file.h"
+#include "base/platform/print_service.h"
 #include "base/program_paths.h"
 
 #include <QPrinter>
@@ -32,12 +33,14 @@ void setPrinterOffset(const QString& printer, QPointF offset) {
   IniFile::write(offsetFile(), printer, u"Asagi"_s, QString::number(offset.y()));
 }
 
-bool printPagesOn(QPrinter& printer, const PagedDocument& document, PageRange range, const PageProgress& progress) {
-  if (!paintPages(printer, document, range, printerOffset(printer.printerName()), progress)) {
+bool printPagesOn(QPrinter& printer, const PagedDocument& document, const PageList& pages, const PageProgress& progress) {
+  if (!paintPages(printer, document, pages, printerOffset(printer.printerName()), progress)) {
     printer.abort();
     return false;
   }
   if (printer.printerState() == QPrinter::Error) throw EInOutError(u"Yazıcı hata bildirdi."_s);
+  const QString refusal = printer.outputFormat() == QPrinter::NativeFormat ? printRefusal() : QString();
+  if (!refusal.isEmpty()) throw EInOutError(refusal);
   return true;
 }
 
@@ -51,7 +54,7 @@ bool printPages(const PagedDocument& document, const PrintJob& job) {
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setCopyCount(std::max(1, job.copies));
     printer.setDocName(job.documentName);
-    return printPagesOn(printer, document, {0, document.pageCount() - 1}, {});
+    return printPagesOn(printer, document, allPages(document), {});
   } catch (const EInOutError& error) {
     logRefusal(info.printerName(), &error, {});
     return false;

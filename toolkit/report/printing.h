@@ -14,7 +14,7 @@ struct PrintJob {
 bool printPages(const PagedDocument& document, const PrintJob& job);
 
 /// Prints pages on a printer that a user has set up. False when the progress broke it off. Throws EInOutError.
-bool printPagesOn(QPrinter& printer, const PagedDocument& document, PageRange range, const PageProgress& progress);
+bool printPagesOn(QPrinter& printer, const PagedDocument& document, const PageList& pages, const PageProgress& progress);
 
 /// How far everything is moved on a printer's paper, in mm to the right and down; kept on this workstation, beside the program.
 QPointF printerOffset(const QString& printer);

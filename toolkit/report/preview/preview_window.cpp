@@ -14,6 +14,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPageRanges>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -227,12 +228,13 @@ void PreviewWindow::fitPage() {
   zoomTo(std::min(room.width() / page.width(), room.height() / page.height()));
 }
 
-bool PreviewWindow::withProgress(PageRange range, const std::function<bool(const PageProgress&)>& work) {
-  QProgressDialog progress(u"Sayfalar hazırlanıyor..."_s, u"Durdur"_s, range.first, range.last + 1, this);
+bool PreviewWindow::withProgress(int pages, const std::function<bool(const PageProgress&)>& work) {
+  QProgressDialog progress(u"Sayfalar hazırlanıyor..."_s, u"Durdur"_s, 0, pages, this);
   progress.setWindowTitle(windowTitle());
   progress.setWindowModality(Qt::WindowModal);
-  return work([&](int page) {
-    progress.setValue(page);
+  int done = 0;
+  return work([&](int) {
+    progress.setValue(done++);
     return !progress.wasCanceled();
   });
 }
@@ -267,19 +269,21 @@ void PreviewWindow::print() {
   QPrintDialog dialog(&printer, this);
   dialog.setWindowTitle(u"Yazdır"_s);
   dialog.setMinMax(1, document_->pageCount());
+  dialog.setFromTo(1, document_->pageCount());
   if (dialog.exec() != QDialog::Accepted) return;
-  PageRange range{0, document_->pageCount() - 1};
+  PageList pages = allPages(*document_);
   if (printer.printRange() == QPrinter::PageRange)
-    range = {std::max(1, printer.fromPage()) - 1, std::min(document_->pageCount(), printer.toPage()) - 1};
+    std::erase_if(pages, [ranges = printer.pageRanges()](int page) { return !ranges.contains(page + 1); });
+  if (pages.empty()) return tell(u"Yazdırılamadı"_s, u"Seçilen sayfalar bu belgede yok."_s);
   try {
-    withProgress(range, [&](const PageProgress& progress) { return printPagesOn(printer, *document_, range, progress); });
+    withProgress(int(pages.size()), [&](const PageProgress& progress) { return printPagesOn(printer, *document_, pages, progress); });
   } catch (const EInOutError& error) {
     tell(u"Yazdırılamadı"_s, error.message());
   }
 }
 
 void PreviewWindow::writePdf(const QString& file) {
-  withProgress({0, document_->pageCount() - 1}, [&](const PageProgress& progress) {
+  withProgress(document_->pageCount(), [&](const PageProgress& progress) {
     ::writePdf(*document_, file, request_.documentName, progress);
     return true;
   });

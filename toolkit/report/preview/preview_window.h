@@ -56,7 +56,7 @@ class PreviewWindow : public QDialog {
   void savePdf();
   void tell(const QString& instruction, const QString& text);
   /// Runs work with a window of progress over the pages of a range.
-  bool withProgress(PageRange range, const std::function<bool(const PageProgress&)>& work);
+  bool withProgress(int pages, const std::function<bool(const PageProgress&)>& work);
 
   std::shared_ptr<const PagedDocument> document_;
   PreviewRequest request_;
