@@ -85,10 +85,10 @@ TEST(ReportFileTest, ForeignAndBrokenFilesAreRefusedWithLineAndReason) {
     int line;
     const char* reason;
   } cases[] = {
-      {"", 1, "XML bozuk"},
+      {"", 1, "XML bozuk, dosyada öge yok"},
       {"{\\rtf1 text}", 1, "XML bozuk"},
-      {"<report version=\"1\">\n<page>\n</report>", 3, "XML bozuk"},
-      {"<!-- x -->\n<TfrxReport Version=\"5\"/>", 2, "rapor şablonu değil"},
+      {"<report version=\"1\">\n<page>\n</report>", 3, "XML bozuk, kapanan öge"},
+      {"<!-- x -->\n<BaskaRapor Version=\"5\"/>", 2, "rapor şablonu değil"},
       {"<report/>", 1, "version"},
       {"<report version=\"1\">\n<page>\n<band height=\"uzun\"/></page></report>", 3, "“uzun” bir sayı değil"},
       {"<report version=\"1\"><page width=\"1e9\"/></report>", 1, "5 ile 2000 arasında"},
@@ -100,6 +100,7 @@ TEST(ReportFileTest, ForeignAndBrokenFilesAreRefusedWithLineAndReason) {
       {"<report version=\"1\"><page name=\"a\" name=\"b\"/></report>", 1, "iki kez"},
       {"<report version=\"1\"><page><text font=\"Arial; 0\"/></page></report>", 1, "1 ile 400"},
       {"<report version=\"1\"><page><picture>?!</picture></page></report>", 1, "base64"},
+      {"<report version=\"1\">\n" + QByteArray("<x>").repeated(300) + QByteArray("</x>").repeated(300) + "</report>", 2, "çok iç içe"},
   };
   for (const auto& each : cases) {
     const std::string reason = reasonOf(each.bytes).toStdString();

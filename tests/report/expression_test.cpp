@@ -98,6 +98,12 @@ TEST_F(ExpressionTest, FaultsAreValuesAndLeaveTheRestOfTheText) {
   }
 }
 
+TEST_F(ExpressionTest, ALongTextIsNoLongExpression) {
+  const QString note = u"Uzun bir not'un satırı. "_s.repeated(3000);
+  data_.setExpression(u"FIS_NO"_s, ReportData::quoted(note));
+  EXPECT_EQ(text(u"[FIS_NO]"_s), note.toStdString());
+}
+
 TEST_F(ExpressionTest, HostileExpressionsEndInAFault) {
   const int many = 100'000;
   EXPECT_THAT(text(u'[' + QString(many, u'(')), HasSubstr("çok"));

@@ -38,9 +38,11 @@ dört</text>
 
 TEST_F(LayoutTest, WhatShrinksLetsTheRestUp) {
   const ReportPages made = laidOut(R"(<band height="20" shrinks="true">
-      <text top="0" height="5" shrinks="true">[YOK]</text><text top="5" height="5" padding="0">iki</text>
+      <text top="0" height="5" padding="0">bir</text><text top="5" height="5" shrinks="true">[YOK]</text><text top="10" height="5" padding="0">iki</text>
+      <text top="5" left="30" height="5" padding="0">yan</text><text top="12" width="60" height="3" padding="0">alt</text>
     </band>)");
-  EXPECT_THAT(topOf(made.pages[0], u"iki"_s), DoubleNear(10, 0.01));
+  EXPECT_THAT(topOf(made.pages[0], u"iki"_s), DoubleNear(10 + 5, 0.01)) << "behind the one that is gone";
+  EXPECT_THAT(topOf(made.pages[0], u"alt"_s), DoubleNear(10 + 12, 0.01)) << "one beside has not moved";
 }
 
 TEST_F(LayoutTest, RowsBreakOverPagesWithTheirHeaderAndTotalsOfThePage) {

@@ -35,12 +35,20 @@ std::vector<Placing*> inOrder(std::vector<Placing>& all) {
   return order;
 }
 
-/// Where an object begins after those above it have grown or shrunk.
+/// Where an object begins after those above it have grown or shrunk. It goes by the lowest ones only: what stands above these
+/// has moved them already.
 double pushedTop(const Placing& placing, const std::vector<Placing*>& order) {
   std::optional<double> top;
-  for (const Placing* above : order) {
+  std::vector<const Placing*> lowest;
+  for (auto each = order.rbegin(); each != order.rend(); ++each) {
+    const Placing* above = *each;
     if (above == &placing || above->original.bottom() > placing.original.top() + tolerance) continue;
     if (!overlapsAcross(above->original, placing.original)) continue;
+    const bool isHidden = std::any_of(lowest.begin(), lowest.end(), [&](const Placing* between) {
+      return above->original.bottom() <= between->original.top() + tolerance && overlapsAcross(above->original, between->original);
+    });
+    if (isHidden) continue;
+    lowest.push_back(above);
     const double below = above->bottom + placing.original.top() - above->original.bottom();
     top = std::max(top.value_or(below), below);
   }

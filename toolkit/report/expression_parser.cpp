@@ -10,7 +10,7 @@ namespace {
 
 constexpr int mostOpen = 60;
 constexpr int mostDepth = 200;
-constexpr qsizetype mostLetters = 20'000;
+constexpr qsizetype mostLetters = 20'000;  ///< outside quotes; what stands in them is data
 constexpr int unaryLevel = 6;
 
 bool beginsName(QChar c) { return c.isLetter() || c == u'_'; }
@@ -33,7 +33,6 @@ qsizetype ExpressionParser::closingBracket(const QString& text, qsizetype from) 
 }
 
 int ExpressionParser::parse() {
-  if (text_.size() > mostLetters) throw ExpressionFault{u"ifade çok uzun"_s};
   next();
   if (token_.kind == Token::Kind::End) throw ExpressionFault{u"ifade boş"_s};
   const int root = binary(0);
@@ -42,6 +41,7 @@ int ExpressionParser::parse() {
 }
 
 void ExpressionParser::next() {
+  if (at_ - quoted_ > mostLetters) throw ExpressionFault{u"ifade çok uzun"_s};
   while (at_ < text_.size() && text_[at_].isSpace()) ++at_;
   if (at_ >= text_.size()) {
     token_ = {};
@@ -82,10 +82,12 @@ void ExpressionParser::readNumber() {
 
 void ExpressionParser::readText(QChar quote) {
   QString read;
+  const qsizetype from = at_;
   for (++at_; at_ < text_.size(); ++at_) {
     if (text_[at_] == quote) {
       if (at_ + 1 >= text_.size() || text_[at_ + 1] != quote) {
         ++at_;
+        quoted_ += at_ - from;
         token_ = {Token::Kind::Text, read};
         return;
       }

@@ -41,6 +41,7 @@ class ExpressionParser {
 
   const QString& text_;
   qsizetype at_ = 0;
+  qsizetype quoted_ = 0;  ///< letters before at_ that stand in quotes
   Token token_;
   int open_ = 0;
   std::vector<Expression::Node> nodes_;

@@ -3,6 +3,7 @@
 #include "base/whole_file.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <pugixml.hpp>
 
@@ -15,6 +16,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int ourVersion = 1;
+constexpr int mostDepth = 200;  ///< of elements within one another; each is indented by its depth when it is written
 constexpr qint64 mostBytes = 64 * 1024 * 1024;
 constexpr unsigned parsing = pugi::parse_default | pugi::parse_comments | pugi::parse_pi | pugi::parse_ws_pcdata_single;
 
@@ -26,6 +28,20 @@ QString xmlOf(const pugi::xml_node& node) {
   return QString::fromStdString(out.str());
 }
 
+/// Why the bytes are no XML, for whoever wrote them by hand.
+QString reasonOf(pugi::xml_parse_status status) {
+  switch (status) {
+    case pugi::status_unrecognized_tag: return u"“<” ardından bir öge adı gelmeli"_s;
+    case pugi::status_bad_comment: return u"açıklama “-->” ile kapanmamış"_s;
+    case pugi::status_bad_start_element: return u"öge “>” ile bitmiyor"_s;
+    case pugi::status_bad_attribute: return u"özellik ad=\"değer\" olarak yazılmamış"_s;
+    case pugi::status_bad_end_element: return u"ögenin kapanışı yarım"_s;
+    case pugi::status_end_element_mismatch: return u"kapanan öge açılan öge değil ya da açılan kapanmamış"_s;
+    case pugi::status_no_document_element: return u"dosyada öge yok"_s;
+    default: return u"okunamıyor"_s;
+  }
+}
+
 bool mayHold(NodeKind parent, NodeKind child) {
   switch (parent) {
     case NodeKind::Report: return child == NodeKind::Page;
@@ -35,6 +51,16 @@ bool mayHold(NodeKind parent, NodeKind child) {
   }
 }
 
+/// Comes to the first element that lies too deep.
+struct DepthWalker : pugi::xml_tree_walker {
+  pugi::xml_node found;
+  bool for_each(pugi::xml_node& node) override {
+    if (depth() < mostDepth) return true;
+    found = node;
+    return false;
+  }
+};
+
 class Reader {
  public:
   explicit Reader(const QByteArray& bytes) : bytes_(bytes) {}
@@ -42,7 +68,9 @@ class Reader {
   ReportDocument read() {
     if (bytes_.size() > mostBytes) throw EReportFile(1, u"dosya bir rapor için çok büyük"_s);
     const pugi::xml_parse_result result = xml_.load_buffer(bytes_.constData(), size_t(bytes_.size()), parsing);
-    if (!result) throw EReportFile(lineAt(result.offset), u"XML bozuk: %1"_s.arg(fromUtf8(result.description())));
+    if (!result) throw EReportFile(lineAt(result.offset), u"XML bozuk, "_s + reasonOf(result.status));
+    DepthWalker walker;
+    if (!xml_.traverse(walker)) throw fault(walker.found, u"ögeler çok iç içe"_s);
     const pugi::xml_node root = xml_.document_element();
     if (fromUtf8(root.name()) != elementName(NodeKind::Report))
       throw fault(root, u"bu bir rapor şablonu değil: kök öge <report> olmalı, <%1> bulundu"_s.arg(fromUtf8(root.name())));
@@ -150,6 +178,8 @@ void writeInto(pugi::xml_node parent, const ReportNode& node, int version) {
 }  // namespace
 
 EReportFile::EReportFile(int line, const QString& reason) : EInOutError(u"%1. satır: %2"_s.arg(line).arg(reason)), line_(line) {}
+EReportFile::EReportFile(const QString& file, const EReportFile& fault)
+    : EInOutError(u"%1, %2"_s.arg(QFileInfo(file).fileName(), fault.message())), line_(fault.line()) {}
 QString EReportFile::className() const { return u"EReportFile"_s; }
 QString EReportFile::parentClassName() const { return u"EInOutError"_s; }
 
@@ -171,7 +201,11 @@ QByteArray ReportFile::write(const ReportDocument& document) {
 ReportDocument ReportFile::load(const QString& file) {
   QFile in(file);
   if (!in.open(QIODevice::ReadOnly)) throw EInOutError(u"%1 açılamadı: %2"_s.arg(file, in.errorString()));
-  return read(in.readAll());
+  try {
+    return read(in.readAll());
+  } catch (const EReportFile& fault) {
+    throw EReportFile(file, fault);
+  }
 }
 
 void ReportFile::save(const ReportDocument& document, const QString& file) {

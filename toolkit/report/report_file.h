@@ -7,6 +7,8 @@
 class EReportFile : public EInOutError {
  public:
   EReportFile(int line, const QString& reason);
+  /// The same fault with the file's name before it.
+  EReportFile(const QString& file, const EReportFile& fault);
   QString className() const override;
   QString parentClassName() const override;
   int line() const { return line_; }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double snapsFrom = 2;  ///< device dots that a module has at least when its bars are put on whole dots
+constexpr double snapsFrom = 1;  ///< device dots that a module has at least when its bars are put on whole dots
 const QColor faultColor(0xc6, 0x28, 0x28);
 
 double dots(double millimetres) { return millimetres * dotsPerMillimetre; }
