@@ -4,6 +4,7 @@
 #include "app/backup_store.h"
 #include "app/call_listener.h"
 #include "app/dmUnit.h"
+#include "base/date_text.h"
 #include "base/environment.h"
 #include "base/guard.h"
 #include "base/log_file.h"
@@ -151,14 +152,21 @@ void TfKvb::buildStatusBar() {
   statusBar()->addWidget(statusText_, 1);
   dxBarStatic1 = panel(u"dxBarStatic1"_s, u"Kullanıcı Adı"_s);
   dxBarStatic2 = panel(u"dxBarStatic2"_s, u"Sunucu Adı"_s);
-  auto* dateBox = new DateEdit(this);
-  dateBox->setObjectName(u"dateBox"_s);
-  dateBox->setAccessibleName(u"Tarih"_s);
-  dateBox->setToolTip(u"Tarih"_s);
-  dateBox->setDate(environment().today());
-  dateBox->setFixedWidth(110);
-  statusBar()->addPermanentWidget(dateBox);
+  dateBox_ = new DateEdit(this);
+  dateBox_->setObjectName(u"dateBox"_s);
+  dateBox_->setAccessibleName(u"Tarih"_s);
+  dateBox_->setToolTip(u"Tarih"_s);
+  dateBox_->setFixedWidth(110);
+  showDay();
+  statusBar()->addPermanentWidget(dateBox_);
   statusBar()->addPermanentWidget(new KeyStatePanel(this));
+}
+
+/// Today, also on the morning after a night that the program stood open; a date that somebody chose stays.
+void TfKvb::showDay() {
+  if (dateBox_->text() != DateText::date(shownDay_)) return;
+  shownDay_ = environment().today();
+  dateBox_->setDate(shownDay_);
 }
 
 void TfKvb::connectCommands() {
@@ -241,6 +249,11 @@ void TfKvb::inSlipFrame(const std::function<void()>& work) {
 void TfKvb::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   if (!event->spontaneous()) Timer1->start();
+}
+
+void TfKvb::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && dateBox_ != nullptr) guarded(this, [this] { showDay(); });
 }
 
 void TfKvb::closeEvent(QCloseEvent* event) {

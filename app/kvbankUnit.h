@@ -3,6 +3,7 @@
 #include "app/rights.h"
 #include "app/workspace_commands.h"
 
+#include <QDate>
 #include <QMainWindow>
 #include <QSet>
 
@@ -11,6 +12,7 @@
 
 class CallListener;
 class ChildWindows;
+class DateEdit;
 class PassingNotice;
 class QLabel;
 class QMdiSubWindow;
@@ -67,11 +69,13 @@ class TfKvb : public QMainWindow {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void formCreate(const QStringList& arguments);
   void buildStatusBar();
+  void showDay();
   void connectCommands();
   void addTrayIcon();
   void hideRibbonWhenAsked();
@@ -83,6 +87,8 @@ class TfKvb : public QMainWindow {
   Ribbon* ribbon_;
   ChildWindows* children_;
   QLabel* statusText_ = nullptr;
+  DateEdit* dateBox_ = nullptr;
+  QDate shownDay_;
   PassingNotice* callNotice_ = nullptr;
   WorkspaceCommands commands_;
   QSet<QString> connected_;  ///< commands that do something, menus among them

@@ -13,8 +13,10 @@
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
+#include "tests/support/fixed_environment.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/combo_edit.h"
+#include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/shell/child_windows.h"
 #include "toolkit/shell/ribbon.h"
@@ -143,6 +145,23 @@ TEST_F(WorkspaceTest, ChildWindowsEnableTheirCommandsAndMayKeepTheProgramOpen) {
   EXPECT_TRUE(workspace.childWindows().isEmpty());
   EXPECT_FALSE(enabled());
   EXPECT_TRUE(QFile::exists(u"KvbFORM.INI"_s));
+}
+
+TEST_F(WorkspaceTest, TheStatusBarsDateFollowsTheDayUnlessAnotherOneWasChosen) {
+  const QDateTime evening(QDate(2020, 3, 5), QTime(18, 0));
+  const ScopedEnvironment clock(std::make_unique<FixedEnvironment>(evening));
+  TfKvb workspace;
+  auto* date = workspace.findChild<DateEdit*>(u"dateBox"_s);
+  const auto comeBackAfter = [&](int days) {
+    const ScopedEnvironment later(std::make_unique<FixedEnvironment>(evening.addDays(days)));
+    QEvent activation(QEvent::ActivationChange);
+    QCoreApplication::sendEvent(&workspace, &activation);
+  };
+  comeBackAfter(1);
+  EXPECT_EQ(date->date(), QDate(2020, 3, 6));
+  date->setDate(QDate(2019, 1, 1));
+  comeBackAfter(2);
+  EXPECT_EQ(date->date(), QDate(2019, 1, 1));
 }
 
 TEST_F(WorkspaceTest, AFolderThatCannotBeWrittenLeavesOneLineInTheLog) {
