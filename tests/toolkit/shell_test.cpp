@@ -357,6 +357,26 @@ TEST_F(RibbonTest, EveryCommandIsReachedByKeyboard) {
   EXPECT_EQ(QApplication::focusWidget(), &editor);
 }
 
+TEST_F(RibbonTest, OneClickOnTheTabBringsTheGroupsBackAndTwoFoldThem) {
+  auto* tab = ribbon.findChild<QToolButton*>(u"ribbonTab"_s);
+  const auto doubleClick = [tab] {
+    QTest::mouseClick(tab, Qt::LeftButton);
+    const QPointF place = tab->rect().center();
+    QMouseEvent second(QEvent::MouseButtonDblClick, place, tab->mapToGlobal(place), Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(tab, &second);
+    QTest::mouseRelease(tab, Qt::LeftButton);
+  };
+  QTest::mouseClick(tab, Qt::LeftButton);
+  EXPECT_TRUE(ribbon.isPageVisible());
+  doubleClick();
+  EXPECT_FALSE(ribbon.isPageVisible());
+  doubleClick();
+  EXPECT_TRUE(ribbon.isPageVisible());
+  ribbon.setPageVisible(false);
+  QTest::mouseClick(tab, Qt::LeftButton);
+  EXPECT_TRUE(ribbon.isPageVisible());
+}
+
 TEST_F(RibbonTest, OnlyTheButtonUnderThePointerIsLitOnceAWindowHasClosed) {
   host.resize(2500, 200);
   host.show();

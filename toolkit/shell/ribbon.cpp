@@ -46,6 +46,10 @@ Ribbon::Ribbon(const QString& tabCaption, QWidget* parent)
       u"QToolButton{border:none;border-bottom:3px solid palette(highlight);padding:5px 14px 3px 14px;"
       "background:palette(base)}"_s);
   tab_->installEventFilter(this);
+  connectGuarded(tab_, &QToolButton::clicked, this, [this] {
+    unfolded_ = !isPageVisible();
+    if (unfolded_) setPageVisible(true);
+  });
 
   auto* row = new QHBoxLayout;
   row->setContentsMargins(0, 0, 8, 0);
@@ -192,8 +196,9 @@ void Ribbon::keyPressEvent(QKeyEvent* event) {
 }
 
 bool Ribbon::eventFilter(QObject* watched, QEvent* event) {
-  if (watched == tab_ && event->type() == QEvent::MouseButtonDblClick) setPageVisible(!isPageVisible());
-  return QWidget::eventFilter(watched, event);
+  if (watched != tab_ || event->type() != QEvent::MouseButtonDblClick) return QWidget::eventFilter(watched, event);
+  if (!unfolded_) setPageVisible(!isPageVisible());
+  return true;  // its release is no click
 }
 
 bool Ribbon::event(QEvent* event) {

@@ -57,4 +57,5 @@ class Ribbon : public QWidget {
   KeyTips* keyTips_;
   QPointer<QWidget> focusBefore_;
   qint32 updates_ = 0;
+  bool unfolded_ = false;  ///< by the last click on the tab, which may be the first half of a double one
 };
