@@ -118,10 +118,12 @@ std::vector<GridColumn> browserColumns() {
   GridColumn& total = columnOf(columns, u"TS_TUTAR"_s);
   total.summary = total.groupSummary = GridSummary::Sum;
   total.summaryFormat = amountFormat();
+  total.summaryName = u"Toplam"_s;
   total.groupSummaryFormat = u",0.00 TL;-,0.00 TL"_s;
   GridColumn& cost = columnOf(columns, u"TS_MALIYET"_s);
   cost.summary = GridSummary::Sum;
   cost.summaryFormat = amountFormat();
+  cost.summaryName = u"Maliyet"_s;
   return columns;
 }
 

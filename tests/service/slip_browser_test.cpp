@@ -9,14 +9,17 @@
 #include "toolkit/edits/lookup_edit.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/filter_row.h"
+#include "toolkit/grid/grid_footer.h"
 #include "toolkit/grid/row_colors.h"
 #include "toolkit/grid/table_content.h"
 #include "toolkit/shell/command_updates.h"
 
 #include <QAbstractButton>
 #include <QFile>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -212,6 +215,12 @@ TEST_F(SlipBrowserTest, GroupsAndSumsReadAsTheyShouldAndGoWithTheLayout) {
   };
   whileOpen([&] {
     EXPECT_EQ(footers(ContentRowKind::Footer), u"3 Kayıt | 1.249,50 | 10,25"_s);
+    GridFooter& footer = *grid().footer();
+    const int total = grid().model()->columnOf(u"TS_TUTAR"_s);
+    QHelpEvent hover(QEvent::ToolTip, {grid().view()->columnViewportPosition(total) + 9, 5}, footer.mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(&footer, &hover);
+    EXPECT_EQ(QToolTip::text(), u"Toplam: 1.249,50"_s);
+    EXPECT_EQ(footer.accessibleDescription(), u"FİŞ NO: 3 Kayıt; Toplam: 1.249,50; Maliyet: 10,25"_s);
     grid().setOrder({{u"TS_TUTAR"_s, false}});
     grid().setGrouping({u"TS_TURU"_s});
     EXPECT_EQ(footers(ContentRowKind::GroupFooter), u"1 Kayıt | -3,00 TL | 2 Kayıt | 1.252,50 TL"_s);

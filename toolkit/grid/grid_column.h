@@ -27,6 +27,7 @@ struct GridColumn {
   QString displayFormat = {};     ///< of numbers, as NumberText::formatted understands it; empty shows the value as it is
   GridSummary summary = GridSummary::None;  ///< in the footer, over all rows that pass the filter
   QString summaryFormat = {};
+  QString summaryName = {};  ///< what it is called where it is spelled out; empty is the caption
   GridSummary groupSummary = GridSummary::None;  ///< in the footer of each group
   QString groupSummaryFormat = {};
   std::vector<GridListValue> values = {};  ///< fixed value list, which the filter row's cell offers; a value that is not in it is

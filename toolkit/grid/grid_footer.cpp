@@ -6,8 +6,10 @@
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
 
+#include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
@@ -34,11 +36,27 @@ void GridFooter::workOut() {
   QStringList spoken;
   for (int column = 0; column < model_->columnCount(); ++column) {
     texts_.push_back(model_->footerText(column));
-    if (!texts_.back().isEmpty()) spoken += model_->columns()[size_t(column)].caption.trimmed() + u": "_s + texts_.back();
+    if (!texts_.back().isEmpty()) spoken += spelledOut(column);
   }
   setAccessibleName(u"Toplamlar"_s);
   setAccessibleDescription(spoken.join(u"; "_s));
   update();
+}
+
+QString GridFooter::spelledOut(int column) const {
+  const GridColumn& about = model_->columns()[size_t(column)];
+  return (about.summaryName.isEmpty() ? about.caption.trimmed() : about.summaryName) + u": "_s + texts_[size_t(column)];
+}
+
+bool GridFooter::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  guarded(this, [&] {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    const int column = view_->header()->logicalIndexAt(help->pos().x() - view_->viewport()->x());
+    const bool hasText = column >= 0 && !textOf(column).isEmpty();
+    QToolTip::showText(help->globalPos(), hasText ? spelledOut(column) : QString(), this);
+  });
+  return true;
 }
 
 QString GridFooter::textOf(int column) {

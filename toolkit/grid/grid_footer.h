@@ -9,7 +9,7 @@ class GridModel;
 class GridView;
 
 /// Counts and sums under the columns of a grid, scrolling with them. They are worked out when nothing else is to be done,
-/// so that the rows come up first.
+/// so that the rows come up first. A sum under the pointer is spelled out with its name.
 class GridFooter : public QWidget {
   Q_OBJECT
  public:
@@ -19,9 +19,11 @@ class GridFooter : public QWidget {
   QString textOf(int column);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  QString spelledOut(int column) const;
   void workOut();
 
   GridModel* model_;
