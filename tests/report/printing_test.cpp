@@ -132,6 +132,20 @@ TEST_F(PrintingTest, AnOffsetIsTypedPerPrinter) {
   dialog.findChild<QPushButton*>(u"save"_s)->click();
   EXPECT_EQ(printerOffset(u"Etiket [1]"_s), QPointF(-0.75, 3));
   EXPECT_EQ(printerOffset(u"Makbuz"_s), QPointF());
+  EXPECT_EQ(printerDots(u"Etiket [1]"_s), 0);
+}
+
+TEST_F(PrintingTest, ALongSerialIsReadFromALabelPrintersDots) {
+  QTemporaryDir folder;
+  const ReportPagedDocument made(laidOut(R"(<barcode width="54" height="12" showtext="false">SN5CD0X24QXNB7KPTR9WZ4827</barcode>)", "height=\"40\""));
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFileName(folder.filePath(u"etiket.pdf"_s));
+  setPrinterDots(printer.printerName(), 203);
+  EXPECT_TRUE(printPagesOn(printer, made, {0}, {}));
+  setPrinterDots(printer.printerName(), 0);
+  // One bit for each dot, as the printer's own driver does it.
+  QProcess::execute(u"pdftoppm"_s, {u"-r"_s, u"203"_s, u"-mono"_s, u"-singlefile"_s, folder.filePath(u"etiket.pdf"_s), folder.filePath(u"etiket"_s)});
+  EXPECT_EQ(PrintService::outputOf(u"zbarimg"_s, {u"-q"_s, u"--raw"_s, folder.filePath(u"etiket.pbm"_s)}).trimmed(), u"SN5CD0X24QXNB7KPTR9WZ4827"_s);
 }
 
 TEST_F(PrintingTest, EveryPrinterMovesItsPaper) {

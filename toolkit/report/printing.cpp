@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int leastDots = 150;  ///< what a driver tells below is a value for want of a better one
+
 QString offsetFile() { return programFolder() + u"Yazicilar.ini"_s; }
 
 void logRefusal(const QString& printer, const Exception* error, const QString& reason) {
@@ -33,7 +35,17 @@ void setPrinterOffset(const QString& printer, QPointF offset) {
   IniFile::write(offsetFile(), printer, u"Asagi"_s, QString::number(offset.y()));
 }
 
+int printerDots(const QString& printer) { return IniFile::read(offsetFile(), printer, u"Nokta"_s, u"0"_s).toInt(); }
+
+void setPrinterDots(const QString& printer, int dotsPerInch) {
+  IniFile::write(offsetFile(), printer, u"Nokta"_s, QString::number(dotsPerInch));
+}
+
 bool printPagesOn(QPrinter& printer, const PagedDocument& document, const PageList& pages, const PageProgress& progress) {
+  const QList<int> known = printer.supportedResolutions();
+  int dots = printerDots(printer.printerName());
+  if (dots <= 0 && known.size() == 1 && known.front() >= leastDots) dots = known.front();
+  if (dots > 0) printer.setResolution(dots);
   if (!paintPages(printer, document, pages, printerOffset(printer.printerName()), progress)) {
     printer.abort();
     return false;

@@ -20,3 +20,9 @@ bool printPagesOn(QPrinter& printer, const PagedDocument& document, const PageLi
 QPointF printerOffset(const QString& printer);
 /// Throws EInOutError.
 void setPrinterOffset(const QString& printer, QPointF offset);
+
+/// Dots per inch that a printer really has, kept likewise; 0 when nobody has told. Bars stand on whole dots by it: without it a
+/// label printer blurs those of a long serial number.
+int printerDots(const QString& printer);
+/// Throws EInOutError.
+void setPrinterDots(const QString& printer, int dotsPerInch);

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double snapsFrom = 1;  ///< device dots that a module has at least when its bars are put on whole dots
+constexpr double vectorInset = 0.1;  ///< of a dot: what makes dots of a PDF paints each one that a bar touches
 const QColor faultColor(0xc6, 0x28, 0x28);
 
 double dots(double millimetres) { return millimetres * dotsPerMillimetre; }
@@ -73,8 +74,9 @@ class PagePainter {
 
   void operator()(const BarsMark& mark) {
     const QTransform toDevice = painter_.deviceTransform();
+    const bool snaps = toDevice.type() <= QTransform::TxScale;
     const bool isVector = painter_.paintEngine() && painter_.paintEngine()->type() == QPaintEngine::Pdf;
-    const bool snaps = !isVector && toDevice.type() <= QTransform::TxScale;
+    const double inset = snaps && isVector ? vectorInset : 0;
     const QTransform toPage = snaps ? toDevice.inverted() : QTransform();
     const QRectF field = snaps ? toDevice.mapRect(dots(mark.rect)) : dots(mark.rect);
     const bool isAcross = mark.rotation == 90 || mark.rotation == 270;
@@ -93,6 +95,7 @@ class PagePainter {
       const bool isFlipped = mark.rotation == 90 || mark.rotation == 180;
       const double y = isFlipped ? mark.rows - bar.y() - bar.height() : bar.y();
       QRectF rect(along.begin + x * along.module, down.begin + y * down.module, bar.width() * along.module, bar.height() * down.module);
+      rect.adjust(inset, inset, -inset, -inset);
       if (isAcross) rect = QRectF(rect.y(), rect.x(), rect.height(), rect.width());
       path.addRect(snaps ? toPage.mapRect(rect) : rect);
     }

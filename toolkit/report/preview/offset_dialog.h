@@ -5,7 +5,8 @@
 class CurrencyEdit;
 class QComboBox;
 
-/// Sets how far a printer's pages are moved, in mm, for printers that do not begin where their paper does.
+/// Sets how far a printer's pages are moved, in mm, for printers that do not begin where their paper does, and how many dots
+/// per inch it has.
 class OffsetDialog : public QDialog {
   Q_OBJECT
  public:
@@ -19,4 +20,5 @@ class OffsetDialog : public QDialog {
   QComboBox* printer_;
   CurrencyEdit* right_;
   CurrencyEdit* down_;
+  CurrencyEdit* dots_;
 };
