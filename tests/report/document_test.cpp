@@ -116,7 +116,12 @@ TEST(ReportFileTest, NeverWritesOverAFileThatIsNoReport) {
   ASSERT_TRUE(foreign.open(QIODevice::WriteOnly));
   foreign.write("<other/>");
   foreign.close();
-  EXPECT_THROW(ReportFile::save(ReportDocument(), file), EReportFile);
+  try {
+    ReportFile::save(ReportDocument(), file);
+    ADD_FAILURE() << "written over";
+  } catch (const EReportFile& error) {
+    EXPECT_THAT(error.message().toStdString(), testing::StartsWith("0.fr3, 1. satır"));
+  }
   ASSERT_TRUE(foreign.open(QIODevice::ReadOnly));
   EXPECT_EQ(foreign.readAll(), "<other/>");
   foreign.remove();

@@ -94,6 +94,23 @@ TEST_F(LayoutTest, BandsAreCutBetweenLinesUnlessTheyKeepTogether) {
   EXPECT_EQ(lines(kept.pages[1]).size(), 12u);
 }
 
+TEST_F(LayoutTest, LettersFitTheirBoxAndSignaturesStandAtThePagesEnd) {
+  fillRows(3);
+  const ReportPages made = laidOut(R"(
+    <band height="20"><text width="20" height="20" padding="0" valign="middle">orta</text>
+      <text left="30" width="15" height="5" padding="0" wrap="false" fit="true">sığmayan yazı</text></band>
+    <band kind="rows" data="Malzeme" height="5" alternate="#eeeeee"><text padding="0">[Malzeme.AD]</text></band>
+    <band kind="summary" height="10" atbottom="true"><text padding="0">imza</text></band>)");
+  const ReportPage& page = made.pages[0];
+  EXPECT_THAT(topOf(page, u"orta"_s), DoubleNear(10 + (20 - lineHeight(10)) / 2, 0.01));
+  EXPECT_GE(topOf(page, u"sığmayan yazı"_s), 0) << "not cut";
+  EXPECT_THAT(topOf(page, u"imza"_s), DoubleNear(80, 0.01));
+  std::vector<double> tinted;
+  for (const Primitive& each : page.primitives)
+    if (const auto* box = std::get_if<BoxMark>(&each)) tinted.push_back(box->rect.top());
+  EXPECT_THAT(tinted, ElementsAre(DoubleNear(10 + 20 + 5, 0.01)));
+}
+
 TEST_F(LayoutTest, FaultsAreMarkedAndPrintNothing) {
   data.declareVariable(u"BOS_AD"_s, {});
   const ReportPages made = laidOut(R"(<band height="30">

@@ -148,6 +148,16 @@ TEST_F(PrintingTest, ALongSerialIsReadFromALabelPrintersDots) {
   EXPECT_EQ(PrintService::outputOf(u"zbarimg"_s, {u"-q"_s, u"--raw"_s, folder.filePath(u"etiket.pbm"_s)}).trimmed(), u"SN5CD0X24QXNB7KPTR9WZ4827"_s);
 }
 
+TEST_F(PrintingTest, ThePagesThatWereChosenArePrinted) {
+  QTemporaryDir folder;
+  fillRows(9);
+  const ReportPagedDocument made(laidOut(R"(<band kind="rows" data="Malzeme" height="10" newpage="true"><text>[Malzeme.AD]</text></band>)"));
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setOutputFileName(folder.filePath(u"a.pdf"_s));
+  EXPECT_TRUE(printPagesOn(printer, made, {1, 4}, {}));
+  EXPECT_EQ(PrintService::outputOf(u"pdftotext"_s, {folder.filePath(u"a.pdf"_s), u"-"_s}).simplified(), u"Parça 2 Parça 5"_s);
+}
+
 TEST_F(PrintingTest, EveryPrinterMovesItsPaper) {
   QTemporaryDir folder;
   const ReportPagedDocument made(laidOut(R"(<rectangle left="0" top="0" width="30" height="20" background="#000000"/>)"));
