@@ -187,7 +187,7 @@ TEST(RtfTest, LibreOfficesLettersAreReadAndMerged) {
 <style:style style:name="b" style:family="text"><style:text-properties fo:font-weight="bold"/></style:style>
 <style:style style:name="i" style:family="text"><style:text-properties fo:font-style="italic" style:text-line-through-style="solid"/></style:style>
 <style:style style:name="C" style:family="table-column"><style:table-column-properties style:column-width="40mm"/></style:style>
-<style:style style:name="Z" style:family="table-cell"><style:table-cell-properties fo:border="0.5pt solid #000000" fo:background-color="#ddeeff"/></style:style>
+<style:style style:name="Z" style:family="table-cell"><style:table-cell-properties fo:border="0.5pt solid #000000" fo:padding-left="2mm" fo:padding-top="0.5mm" fo:background-color="#ddeeff"/></style:style>
 </office:automatic-styles><office:body><office:text>
 <text:p text:style-name="T">BAKIM SÖZLEŞMESİ</text:p>
 <text:p text:style-name="J">Taraf <text:span text:style-name="b">$mus</text:span><text:span text:style-name="i">teri$</text:span>, tutar $TUTAR$ (€ “ğ” ₺)</text:p>
@@ -216,6 +216,7 @@ TEST(RtfTest, LibreOfficesLettersAreReadAndMerged) {
   const auto& paragraph = std::get<RichParagraph>(text.blocks[1]);
   EXPECT_NEAR(paragraph.first, 8, 0.05);
   EXPECT_NEAR(paragraph.lineSpacing, 1.5, 0.01);
+  EXPECT_NEAR(std::get<RichTable>(text.blocks[4]).rows[0].padding, 2, 0.05);
   const RichCell& cell = std::get<RichTable>(text.blocks[4]).rows[0].cells[0];
   EXPECT_EQ(cell.background, QColor(0xdd, 0xee, 0xff));
   EXPECT_EQ(cell.border.split(u' ').size(), 4);

@@ -161,7 +161,8 @@ const Rows& rowWords() {
     Rows made;
     made.insert("trowd", [](RowWords& row, const RtfTables&, const RtfToken&) { row = {}; });
     made.insert("trleft", [](RowWords& row, const RtfTables&, const RtfToken& word) { row.plan.left = millimetres(word.value); });
-    for (const char* name : {"trgaph", "trpaddl", "clpadl"})
+    // Word processors write a cell's left padding as its top one, and the other way round.
+    for (const char* name : {"trgaph", "trpaddl", "clpadt"})
       made.insert(name, [](RowWords& row, const RtfTables&, const RtfToken& word) { row.plan.padding = std::clamp(millimetres(word.value), 0.0, 10.0); });
     made.insert("trrh", [](RowWords& row, const RtfTables&, const RtfToken& word) { row.plan.height = std::min(std::abs(millimetres(word.value)), 200.0); });
     const auto side = [&](const char* name, const QString& of) {
