@@ -32,7 +32,7 @@ class RtfLayoutTest : public ReportFixture {
 TEST_F(RtfLayoutTest, IndentsTabsAndMarkersStandWhereTheyWereSet) {
   // 567 twips are 10 mm.
   const ReportPages made = letter(R"(\li567\fi-567\tx567\tqr\tx3402 1.1\tab govde\tab sag\par
-\pard\li1134\fi-567{\pntext 3.\tab}madde\par \pard\li567\fi0{\pntext 10000000.\tab}uzun\par
+\pard\li1134\fi-567\sl480\slmult1{\pntext 3.\tab}madde\par \pard\li567\fi0{\pntext 10000000.\tab}uzun\par
 \pard\qr sagda\par\pard\qc orta\par\pard\fi567 ilk\line sonra\par\pard a\tab b\par)");
   const ReportPage& page = made.pages[0];
   EXPECT_THAT(leftOf(page, u"1.1"_s), DoubleNear(0, 0.01));
@@ -41,6 +41,7 @@ TEST_F(RtfLayoutTest, IndentsTabsAndMarkersStandWhereTheyWereSet) {
   EXPECT_THAT(right.origin.x() - 10 + right.width, DoubleNear(60, 0.1));
   EXPECT_THAT(leftOf(page, u"3."_s), DoubleNear(10, 0.01));
   EXPECT_THAT(leftOf(page, u"madde"_s), DoubleNear(20, 0.01));
+  EXPECT_EQ(markOf(page, u"3."_s).origin.y(), markOf(page, u"madde"_s).origin.y()) << "whatever the lines' spacing is";
   const TextMark wide = markOf(page, u"10000000."_s);
   EXPECT_GT(markOf(page, u"uzun"_s).origin.x(), wide.origin.x() + wide.width) << "a marker never runs into its text";
   const TextMark last = markOf(page, u"sagda"_s);
@@ -62,6 +63,11 @@ TEST_F(RtfLayoutTest, SpacingAndTablesTakeTheirRoom) {
   EXPECT_GT(markOf(page, u"b"_s).origin.y(), markOf(page, u"a"_s).origin.y() + 10) << "at the cell's bottom";
   EXPECT_THAT(topOf(page, u"son"_s) - topOf(page, u"a"_s), DoubleNear(20 - 0.5, 0.1));
   EXPECT_EQ(std::count_if(page.primitives.begin(), page.primitives.end(), [](const Primitive& each) { return std::holds_alternative<StrokeMark>(each); }), 4);
+}
+
+TEST_F(RtfLayoutTest, ATableThatIsTooWideLosesNoCell) {
+  const ReportPages made = letter(R"(\trowd\trleft-100\cellx9000\cellx27000\intbl bir\cell iki\cell\row\pard son\par)");
+  EXPECT_THAT(leftOf(made.pages[0], u"iki"_s), testing::AllOf(testing::Gt(20), testing::Lt(40)));
 }
 
 TEST_F(RtfLayoutTest, HeadingsAndRowsStayWithWhatTheyBelongTo) {

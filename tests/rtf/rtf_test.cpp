@@ -99,6 +99,10 @@ TEST(RtfTest, LettersComeInEveryWayOfWritingThem) {
       {R"({\shp{\*\shpinst\shpleft1{\sp{\sn dx}{\sv 7}}{\shptxt\pard kutu\par}}}d\'fdz\par)", "kutu|dız"},
   };
   for (const Reading& each : cases) EXPECT_EQ(read(each.rtf), each.text) << each.rtf;
+  const RichText raised = readText(R"(m{\super 2}{\*\updnprop8000}{\up8 3}{\dn4 x}y)");
+  EXPECT_EQ(runOf(raised, u"23"_s).format.script, 1);
+  EXPECT_EQ(runOf(raised, u"x"_s).format.script, -1);
+  EXPECT_EQ(runOf(raised, u"y"_s).format.script, 0);
 }
 
 TEST(RtfTest, PicturesKeepTheirSizeAndOtherKindsArePassedOver) {

@@ -19,6 +19,7 @@ constexpr double markerGap = 1;
 constexpr double beginningOfParagraph = 10;
 constexpr double cellGap = 1;         ///< above and below a cell's letters, together
 constexpr double usualTab = 12.7;
+constexpr double overhang = 5;        ///< that a table may reach out to the right; a wider one is made narrower
 
 QFont fontOf(const RichFormat& format) {
   ReportFont font = format.font;
@@ -94,6 +95,7 @@ class ParagraphLayout {
     layout.beginLayout();
     double indent = indentOfFirst();
     firstRun_ = 0;
+    firstBase_.reset();
     firstRunBegins_ = 0;
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine(), indent = 0) {
       const double room = std::max(1.0, width_ - indent);
@@ -142,6 +144,7 @@ class ParagraphLayout {
     const double descent = line.descent() / dotsPerMillimetre;
     const double height = heightOf(ascent + descent);
     const double base = out_.height + ascent + (height - ascent - descent) / 2;
+    if (!firstBase_) firstBase_ = base;
     // Runs that end before this line are done with.
     while (firstRun_ < paragraph_.runs.size() && firstRunBegins_ + int(paragraph_.runs[firstRun_].text.size()) <= from)
       firstRunBegins_ += int(paragraph_.runs[firstRun_++].text.size());
@@ -193,7 +196,8 @@ class ParagraphLayout {
     const RichFormat& format = paragraph_.format;
     const QFont font = fontOf(format);
     const QFontMetricsF metrics(font);
-    out_.primitives.emplace_back(TextMark{.origin = {left_ + paragraph_.first, top + metrics.ascent() / dotsPerMillimetre},
+    const double base = firstBase_.value_or(top + metrics.ascent() / dotsPerMillimetre);
+    out_.primitives.emplace_back(TextMark{.origin = {left_ + paragraph_.first, base},
                                        .text = paragraph_.marker,
                                        .font = font,
                                        .color = format.color,
@@ -208,7 +212,19 @@ class ParagraphLayout {
   double width_;
   size_t firstRun_ = 0;  ///< that may reach into the line which is placed
   int firstRunBegins_ = 0;
+  std::optional<double> firstBase_;  ///< of the first line's letters
 };
+
+/// The row as it fits into that width.
+RichRow fitted(const RichRow& row, double width) {
+  RichRow made = row;
+  double all = 0;
+  for (const RichCell& cell : made.cells) all += cell.width;
+  if (row.left + all <= width + overhang) return made;
+  made.left = std::clamp(row.left, -overhang, width / 2);
+  for (RichCell& cell : made.cells) cell.width *= (width - made.left) / all;
+  return made;
+}
 
 void placeRow(RichLayout& out, const RichRow& row) {
   std::vector<RichLayout> cells;
@@ -271,7 +287,7 @@ RichLayout layoutRichText(const RichText& text, double width) {
     }
     for (const RichRow& row : std::get<RichTable>(block).rows) {
       const double top = out.height;
-      placeRow(out, row);
+      placeRow(out, fitted(row, width));
       add(top, nullptr);
     }
   }

@@ -59,8 +59,10 @@ const Characters& characterWords() {
     made.insert("caps", [](RtfState& state, const RtfTables&, const RtfToken& word) { state.isCapital = isOn(word); });
     for (const char* name : {"v", "deleted"})
       made.insert(name, [](RtfState& state, const RtfTables&, const RtfToken& word) { state.isHidden = isOn(word); });
-    made.insert("super", [](RtfState& state, const RtfTables&, const RtfToken& word) { state.format.script = isOn(word) ? 1 : 0; });
-    made.insert("sub", [](RtfState& state, const RtfTables&, const RtfToken& word) { state.format.script = isOn(word) ? -1 : 0; });
+    for (const char* name : {"super", "up"})
+      made.insert(name, [](RtfState& state, const RtfTables&, const RtfToken& word) { state.format.script = isOn(word) ? 1 : 0; });
+    for (const char* name : {"sub", "dn"})
+      made.insert(name, [](RtfState& state, const RtfTables&, const RtfToken& word) { state.format.script = isOn(word) ? -1 : 0; });
     made.insert("nosupersub", [](RtfState& state, const RtfTables&, const RtfToken&) { state.format.script = 0; });
     made.insert("plain", [](RtfState& state, const RtfTables& tables, const RtfToken&) { RtfWords::resetCharacters(state, tables); });
     made.insert("uc", [](RtfState& state, const RtfTables&, const RtfToken& word) { state.fallbackLetters = std::clamp(word.value, 0, 100); });
