@@ -76,7 +76,7 @@ shop_100k() {
       alone="$(percentile 0.5 own) $(percentile 0.5 new)"
     else
       delay=$(awk -v alone="$alone" -v own="$(percentile 1 own)" -v new="$(percentile 1 new)" \
-        'BEGIN {split(alone, a, " "); o = own - a[1]; n = new - a[2]; print o > n ? o : n}')
+        'BEGIN {split(alone, a, " "); o = own - a[1]; n = new - a[2]; print (o > n ? o : n)}')
     fi
   done
   say_figure backup_save_delay_ms "$delay" ms

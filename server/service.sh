@@ -34,6 +34,7 @@ Wants=network-online.target
 [Service]
 Environment="KVTK_HOME=$home"
 ${KVTK_BIND:+Environment="KVTK_BIND=$KVTK_BIND"}
+${KVTK_DAILY:+Environment="KVTK_DAILY=$KVTK_DAILY"}
 ${KVTK_SERVER_OPTIONS:+Environment="KVTK_SERVER_OPTIONS=$KVTK_SERVER_OPTIONS"}
 ExecStart="$here/kvtk-server" serve
 ExecStop="$here/kvtk-server" stop
