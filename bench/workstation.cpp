@@ -4,7 +4,7 @@
 //   own      another save of one of 50 slips that no other program saves
 //   shared   another save of one of the first SHARED slips, which all programs save
 //   list     the list of the day's slips
-//   search   a slip by its number in that list
+//   search   a customer's slips of another day in that list
 // It begins as soon as the file GO is there and writes a line for each: "done", what, milliseconds from the command to its end, and
 // of a save the slip's number and the text that it wrote; "taken" where a proposed number was another one's, "refused" where the
 // save failed otherwise, both followed by another try; "broken" where the screen did not keep what was typed. When the server
@@ -97,7 +97,7 @@ class Workstation {
     if (what == "own"_L1) change(what, shared_ + ownSlips * number_ + step_ % ownSlips);
     if (what == "shared"_L1) change(what, (step_ * 31 + number_ * 17) % shared_);
     if (what == "list"_L1) say("done", what, openList({}));
-    if (what == "search"_L1) say("done", what, openList(single(u"select TS_NO from teknikservis where TS_ID = %1"_s.arg(keyOf(step_ * 997 + number_)))));
+    if (what == "search"_L1) say("done", what, openList(single(u"select DATE_FORMAT(TS_TARIH, '%d.%m.%Y') from teknikservis where TS_ID = %1"_s.arg(keyOf(step_ * 97 + number_)))));
   }
 
  private:
@@ -160,8 +160,8 @@ class Workstation {
     settle();
   }
 
-  /// Milliseconds to the painted list of the day, or, with a number, from there to the painted slip of that number.
-  static double openList(const QString& number) {
+  /// Milliseconds to the painted list of the day, or, with another day, from there to the painted slips of a customer on that day.
+  static double openList(const QString& day) {
     DataGrid& grid = *fservisfisSec->findChild<DataGrid*>();
     PaintWatch watch(grid);
     QElapsedTimer timer;
@@ -171,11 +171,11 @@ class Workstation {
       fservisfisSec->reject();
     };
     watch.afterPaint = [&] {
-      if (number.isEmpty()) return close();
+      if (day.isEmpty()) return close();
       timer.restart();
       watch.afterPaint = close;
-      grid.setColumnFilter(u"TS_NO"_s, FilterOperator::Equal, number);
-      grid.setColumnFilter(u"TS_TARIH"_s, FilterOperator::Equal, {});
+      grid.setColumnFilter(u"TS_TARIH"_s, FilterOperator::Equal, day);
+      grid.setColumnFilter(u"TS_MUSTERI"_s, FilterOperator::Contains, u"YILMAZ"_s);
     };
     timer.start();
     std::vector<QString> ids;
