@@ -57,13 +57,15 @@ INSERT INTO finding (N, WHAT, ADVICE, REPAIR)
 INSERT INTO finding (N, WHAT, EXAMPLE, ADVICE)
   SELECT COUNT(*), 'lines of slips that are gone', GROUP_CONCAT(MZ_ID ORDER BY MZ_ID LIMIT 5), 'look at them with kvtk-server sql: malzeme, column MZ_ID; delete by hand what nobody needs'
   FROM kvtk.malzeme LEFT JOIN kvtk.teknikservis ON TS_ID = TS_NO_REF WHERE TS_ID IS NULL;
+CREATE TABLE found_notes SELECT SF_TS_ID, COALESCE(SF_NOT, '') = '' AS IS_EMPTY
+  FROM kvtk.notlar LEFT JOIN kvtk.teknikservis ON TS_ID = SF_TS_ID WHERE TS_ID IS NULL;
 INSERT INTO finding (N, WHAT, EXAMPLE, ADVICE, REPAIR)
   SELECT COUNT(*), 'empty notes of slips that are gone', GROUP_CONCAT(SF_TS_ID ORDER BY SF_TS_ID LIMIT 5), 'doctor --repair takes them away',
     'DELETE notlar FROM notlar LEFT JOIN teknikservis ON TS_ID = SF_TS_ID WHERE TS_ID IS NULL AND COALESCE(SF_NOT, '''') = '''''
-  FROM kvtk.notlar LEFT JOIN kvtk.teknikservis ON TS_ID = SF_TS_ID WHERE TS_ID IS NULL AND COALESCE(SF_NOT, '') = '';
+  FROM found_notes WHERE IS_EMPTY;
 INSERT INTO finding (N, WHAT, EXAMPLE, ADVICE)
   SELECT COUNT(*), 'notes of slips that are gone', GROUP_CONCAT(SF_TS_ID ORDER BY SF_TS_ID LIMIT 5), 'look at them with kvtk-server sql: notlar, column SF_TS_ID; the next slip of that key replaces them'
-  FROM kvtk.notlar LEFT JOIN kvtk.teknikservis ON TS_ID = SF_TS_ID WHERE TS_ID IS NULL AND COALESCE(SF_NOT, '') <> '';
+  FROM found_notes WHERE NOT IS_EMPTY;
 INSERT INTO finding (N, WHAT, EXAMPLE, ADVICE)
   SELECT COUNT(*), 'pictures of slips that are gone', GROUP_CONCAT(FT_ID ORDER BY FT_ID LIMIT 5), 'look at them with kvtk-server sql: foto, column FT_ID; delete by hand what nobody needs'
   FROM kvtk.foto LEFT JOIN kvtk.teknikservis ON TS_ID = FT_TS_ID WHERE TS_ID IS NULL AND LENGTH(FT_RESIM) > 0;

@@ -9,6 +9,17 @@ unit_file() {
   if [ "$(id -u)" -eq 0 ]; then echo "/etc/systemd/system/$unit"; else echo "${XDG_CONFIG_HOME:-$HOME/.config}/systemd/user/$unit"; fi
 }
 
+# Those of the variables that are set, as lines of a unit; a value of several lines becomes one.
+environment_of() {
+  local name value
+  for name in "$@"; do
+    value=${!name:-}
+    value=${value//\\/\\\\}
+    value=${value//\"/\\\"}
+    [ -z "$value" ] || echo "Environment=\"$name=$(tr -s '\n ' ' ' <<<"${value//%/%%}" | sed 's/ $//')\""
+  done
+}
+
 service() {
   case ${1-} in install | remove) [ $# -eq 1 ] || die "service install | remove" ;; *) die "service install | remove" ;; esac
   command -v systemctl >/dev/null && units show-environment >/dev/null 2>&1 ||
@@ -33,9 +44,7 @@ Wants=network-online.target
 
 [Service]
 Environment="KVTK_HOME=$home"
-${KVTK_BIND:+Environment="KVTK_BIND=$KVTK_BIND"}
-${KVTK_DAILY:+Environment="KVTK_DAILY=$KVTK_DAILY"}
-${KVTK_SERVER_OPTIONS:+Environment="KVTK_SERVER_OPTIONS=$KVTK_SERVER_OPTIONS"}
+$(environment_of KVTK_BIND KVTK_DAILY KVTK_SERVER_OPTIONS)
 ExecStart="$here/kvtk-server" serve
 ExecStop="$here/kvtk-server" stop
 Restart=on-failure
@@ -48,10 +57,11 @@ KillMode=mixed
 WantedBy=$wanted
 UNIT
   units daemon-reload
-  # Without it the user's services start only when the user logs in.
-  [ "$(id -u)" -eq 0 ] || loginctl enable-linger || die "the service is made, but starts only when $user logs in: loginctl enable-linger $user"
   stop
   units enable --now $unit
+  # Without it the user's services start only when the user logs in.
+  [ "$(id -u)" -eq 0 ] || [ -e "/var/lib/systemd/linger/$user" ] || loginctl enable-linger ||
+    die "the service runs, but starts only when $user logs in; for its start with the computer: sudo loginctl enable-linger $user"
   echo "the server starts with the computer; $file"
 }
 

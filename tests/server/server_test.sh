@@ -557,9 +557,10 @@ case_service() {
   trap '"$server" stop' EXIT
   refused "no systemd at work" env PATH="$scratch/systemd:$PATH" "$server" service install
   printf '#!/bin/sh\necho "$*" >>"$HOME/called"\n' >"$scratch/systemd/systemctl"
-  PATH="$scratch/systemd:$PATH" "$server" service install >/dev/null || fail "install"
+  KVTK_SERVER_OPTIONS=$'--a=1\n  --b="2%"' PATH="$scratch/systemd:$PATH" "$server" service install >/dev/null || fail "install"
   local unit=$scratch/.config/systemd/user/torvane-server.service
-  grep -qx "Environment=\"KVTK_HOME=$KVTK_HOME\"" "$unit" && grep -qx "ExecStart=\"$server\" serve" "$unit" || fail "$(cat "$unit")"
+  grep -qx "Environment=\"KVTK_HOME=$KVTK_HOME\"" "$unit" && grep -qx "ExecStart=\"$server\" serve" "$unit" &&
+    grep -qFx 'Environment="KVTK_SERVER_OPTIONS=--a=1 --b=\"2%%\""' "$unit" || fail "$(cat "$unit")"
   PATH="$scratch/systemd:$PATH" "$server" service remove || fail "remove"
   equal "$(grep -v show "$scratch/called" | cut -d' ' -f2- | paste -sd,)" \
     "daemon-reload,enable --now torvane-server.service,disable --now torvane-server.service,daemon-reload"
