@@ -39,6 +39,7 @@
 #include <QListView>
 #include <QTest>
 
+#include <algorithm>
 #include <cstdio>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +48,7 @@ namespace {
 
 constexpr int ownSlips = 50;
 constexpr int tries = 20;
+constexpr int secondThought = 1000;
 constexpr int serverIsGone = 3;
 
 /// Gives up every question and goes past every message.
@@ -79,6 +81,14 @@ bool serverAnswers() {
   } catch (const EMyError&) {
     return false;
   }
+}
+
+/// Lets the program be idle for that long.
+void rest(qint64 pause) {
+  QElapsedTimer timer;
+  timer.start();
+  do QTest::qWait(int(std::min<qint64>(20, std::max<qint64>(0, pause - timer.elapsed()))));
+  while (timer.elapsed() < pause);
 }
 
 class Workstation {
@@ -152,6 +162,7 @@ class Workstation {
       const bool isTaken = what == "new"_L1 && single(u"select count(*) from teknikservis where TS_NO = '%1'"_s.arg(slip)) != "0"_L1;
       say(isTaken ? "taken" : "refused", what, time, slip, token_);
       if (isTaken) {
+        rest(secondThought);
         box(u"TS_NO"_s).setText({});
         QTest::keyClick(box(u"TS_NO"_s).line(), Qt::Key_F5);
       }
@@ -190,14 +201,6 @@ class Workstation {
   QString token_;
   int step_ = 0;
 };
-
-/// Lets the program be idle for that long.
-void rest(qint64 pause) {
-  QElapsedTimer timer;
-  timer.start();
-  do QTest::qWait(int(std::min<qint64>(20, std::max<qint64>(0, pause - timer.elapsed()))));
-  while (timer.elapsed() < pause);
-}
 
 int run(int number, int seconds, int pause, const QStringList& work, int shared, const QString& go) {
   Workstation workstation(number, shared);
