@@ -137,7 +137,7 @@ make_cluster() {
   "$root/install-packages" galera-4 rsync >&2
   # The package with the scripts would start a server of its own.
   mkdir "$scratch/sst"
-  (cd "$scratch/sst" && apt-get download -qq mariadb-server && dpkg-deb -x mariadb-server_*.deb .) >&2
+  (cd "$scratch/sst" && apt-get download -qq mariadb-server 2>/dev/null && dpkg-deb -x mariadb-server_*.deb .) >&2
   chmod 711 "$scratch"
   taskset -pc "$cores" $$ >/dev/null
   for n in 1 2 3; do
@@ -182,7 +182,7 @@ cluster() {
   say_figure cluster_longest_save_ms "$(percentile 1 'new|own|shared')" ms
   say_figure cluster_conflicts "$conflicts" conflicts
   say_figure cluster_refused "$(lines refused)" saves
-  say_figure cluster_refused_unlogged "$(($(lines refused) - $(cat "$scratch"/work/*/kvtk.log | grep -cE 'EMyError|EDatabaseError')))" saves
+  say_figure cluster_refused_unlogged "$(($(lines 'refused|gone') - $(cat "$scratch"/work/*/kvtk.log | grep -cE -- '->E(My|Database)Error: ')))" saves
   say_figure cluster_numbers_taken "$(lines taken)" numbers
   say_figure cluster_broken_screens "$(lines broken)" screens
   say_figure cluster_lost_saves "$(lost_saves node 1 sql | tail -1)" saves

@@ -7,8 +7,8 @@
 //   search   a customer's slips of another day in that list
 // It begins as soon as the file GO is there and writes a line for each: "done", what, milliseconds from the command to its end, and
 // of a save the slip's number and the text that it wrote; "taken" where a proposed number was another one's, "refused" where the
-// save failed otherwise, both followed by another try; "broken" where the screen did not keep what was typed. When the server
-// is gone, the last line is "gone" and the result 3.
+// save failed otherwise, which the program's log tells, both followed by another try; "broken" where the screen did not keep what
+// was typed. When the server is gone, the last line is "gone" and the result 3.
 
 #include "app/application.h"
 #include "app/dmUnit.h"
@@ -27,6 +27,7 @@
 #include "service/ffoto_unit.h"
 #include "service/fservisfis_unit.h"
 #include "service/fservisfissecUnit.h"
+#include "toolkit/edits/balloon.h"
 #include "toolkit/edits/edit_box.h"
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/task_dialog.h"
@@ -48,7 +49,7 @@ namespace {
 
 constexpr int ownSlips = 50;
 constexpr int tries = 20;
-constexpr int secondThought = 1000;
+constexpr int secondThought = 2500;  // until the balloon is gone
 constexpr int serverIsGone = 3;
 
 /// Gives up every question and goes past every message.
@@ -159,7 +160,7 @@ class Workstation {
                          (what != "new"_L1 || fServisFis->qMalzeme.RecordCount() == 2);
       if (!keeps) say("broken", what, time, slip, token_);
       if (!serverAnswers()) throw EDatabaseError(u"gone"_s);
-      const bool isTaken = what == "new"_L1 && single(u"select count(*) from teknikservis where TS_NO = '%1'"_s.arg(slip)) != "0"_L1;
+      const bool isTaken = fServisFis->findChild<Balloon*>()->text().contains(u"mükerrer"_s);
       say(isTaken ? "taken" : "refused", what, time, slip, token_);
       if (isTaken) {
         rest(secondThought);
