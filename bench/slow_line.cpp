@@ -12,6 +12,7 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <set>
 #include <system_error>
 #include <thread>
 #include <vector>
@@ -117,9 +118,17 @@ struct SlowLine::State {
   std::atomic<bool> serverSpokeLast = true;
   std::vector<std::thread> connections;
   std::thread accepting;
+  std::mutex openMutex;
+  std::set<int> open;  ///< under the mutex: sockets of both ends
+
+  void setOpen(int socket, bool isOpen) {
+    const std::lock_guard lock(openMutex);
+    isOpen ? void(open.insert(socket)) : void(open.erase(socket));
+  }
 
   void serve(int client) {
     const int target = newSocket();
+    for (const int end : {client, target}) setOpen(end, true);
     if (connect(target, reinterpret_cast<const sockaddr*>(&server), sizeof server) == 0) {
       Way asking(client, target, width, [this](size_t count) {
         bytes += qint64(count);
@@ -130,8 +139,10 @@ struct SlowLine::State {
         serverSpokeLast = true;
       });
     }
-    close(target);
-    close(client);
+    for (const int end : {client, target}) {
+      setOpen(end, false);
+      close(end);
+    }
   }
 
   void accept() {
@@ -163,6 +174,11 @@ SlowLine::~SlowLine() {
   state_->accepting.join();
   for (std::thread& connection : state_->connections) connection.join();
   close(state_->listener);
+}
+
+void SlowLine::cut() {
+  const std::lock_guard lock(state_->openMutex);
+  for (const int end : state_->open) shutdown(end, SHUT_RDWR);
 }
 
 qint64 SlowLine::bytes() const { return state_->bytes; }

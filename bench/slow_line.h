@@ -20,6 +20,9 @@ class SlowLine {
   SlowLine(const SlowLine&) = delete;
   SlowLine& operator=(const SlowLine&) = delete;
 
+  /// Cuts every connection where it stands; later ones go through.
+  void cut();
+
   /// Bytes passed on so far, both ways together.
   qint64 bytes() const;
   /// How often the server was waited for: a question behind an answer.

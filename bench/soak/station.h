@@ -1,0 +1,59 @@
+#pragma once
+
+#include "bench/soak/hands.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <atomic>
+
+/// What a station tells the ledger on its standard output: words parted by tabs, the second one the time in milliseconds. An
+/// attempt on a slip begins with "begins" and ends with "saved", "refused" or, where the line died meanwhile, with nothing known.
+class Telling {
+ public:
+  /// kind: "new", "change" or "delete"; serial: the slip's, by which it is known; token: what a change leaves in it; parts: that it
+  /// adds; picture: its fingerprint, empty for none.
+  static void begins(const QString& kind, const QString& serial, const QString& token, int parts, const QString& picture);
+  static void ends(const QString& word);
+  static void line(const QStringList& words);
+};
+
+/// The roads of one station through its program. Works on a thread of its own.
+class Roads {
+ public:
+  /// name: of the station and its life, begins every token. isCut: the line to the server is dead.
+  Roads(QString name, unsigned seed, const std::atomic<bool>& isCut);
+
+  /// Goes one road, and comes home. Throws NotReached.
+  void goOne();
+
+ private:
+  void takeIn();
+  void change();
+  void remove();
+  void lookAtSlips();
+  void lookAtCards(const QString& command);
+  void changeCustomer();
+  void lookAtStatistics();
+  void writeContract();
+  void lookAtReminders();
+  void takeCall();
+  void signIn();
+  void sendToMany();
+  void tryMail();
+  void previewReceipt();
+  void openAndClose(const QString& command);
+  void arrangeWindows();
+
+  /// A slip of any station, opened; its serial number. Empty when there is none.
+  QString openAny();
+  /// Saves the slip in front and tells how it went; true when it is written.
+  bool save();
+  int addParts(const QString& token);
+  QString nextToken();
+
+  QString name_;
+  Chance chance_;
+  const std::atomic<bool>& isCut_;
+  int tokens_ = 0;
+};
