@@ -130,8 +130,6 @@ void MessagesRoad::tellTheCustomer(ScreenHands& hands, const Simulator& simulato
   hands.press({u"F2"_s});
   hands.waitFor(u"customer told"_s, [&] { return simulator.requests().size() == before + 1 && fServisFis->EditorMode == TfServisFis::Mode::Edit; });
   hands.picture(u"musteriye-sms"_s);
-  hands.press({u"F3"_s});
-  hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
 }
 
 void MessagesRoad::takeCalls(ScreenHands& hands) {

@@ -8,27 +8,12 @@
 #include "toolkit/report/preview/preview_window.h"
 
 #include <QApplication>
-#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 bool workspaceIsInFront() { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; }
-
-/// Goes down an open menu to an entry and takes it.
-void choose(ScreenHands& hands, const QString& caption) {
-  hands.waitFor(u"menu with "_s + caption, [] { return QApplication::activePopupWidget() != nullptr; });
-  for (int step = 0; step < 20; ++step) {
-    hands.press({u"Down"_s});
-    const auto stands = hands.ask<bool>([&] {
-      const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-      return menu != nullptr && menu->activeAction() != nullptr && menu->activeAction()->text().remove(u'&') == caption;
-    });
-    if (stands) return hands.press({u"Return"_s});
-  }
-  throw StationMissed("no entry " + caption.toStdString());
-}
 
 void lookAtPreview(ScreenHands& hands, const QString& name) {
   hands.waitFor(u"preview of "_s + name, [] { return qobject_cast<PreviewWindow*>(QApplication::activeModalWidget()) != nullptr; });
@@ -39,7 +24,7 @@ void lookAtPreview(ScreenHands& hands, const QString& name) {
 
 void askForPreview(ScreenHands& hands) {
   hands.click(u"dxBarSubItem1"_s);
-  choose(hands, u"Parametreler"_s);
+  chooseFromMenu(hands, u"Parametreler"_s);
   hands.waitFor(u"parameters"_s, [] { return isInFront(u"Parametreler"_s); });
   for (int index = 1; index < ParameterFiles::PreviewReceipt; ++index) hands.press({u"Down"_s});
   hands.press({u"space"_s});
@@ -53,7 +38,7 @@ void askForPreview(ScreenHands& hands) {
 
 void PaperRoad::fillCompany(ScreenHands& hands) {
   hands.click(u"dxBarSubItem1"_s);
-  choose(hands, u"Şirket Bilgileri"_s);
+  chooseFromMenu(hands, u"Şirket Bilgileri"_s);
   hands.waitFor(u"company"_s, [] { return isInFront(u"Şirket Bilgileri"_s); });
   hands.click(u"SIRKET_ADI"_s);
   for (const QString& text : {u"torvane bilişim teknik servis"_s, u"atatürk bulvarı no: 48/3"_s, u"çankaya"_s, u"ankara"_s, u"0312 555 10 10"_s,
@@ -68,10 +53,10 @@ void PaperRoad::fillCompany(ScreenHands& hands) {
   askForPreview(hands);
 }
 
-void PaperRoad::lookAtReceipt(ScreenHands& hands) {
+void PaperRoad::lookAtReceipt(ScreenHands& hands, const QString& name) {
   hands.click(u"aYazdir"_s);
-  choose(hands, u"Makbuz Baskı"_s);
-  lookAtPreview(hands, u"makbuz-onizleme"_s);
+  chooseFromMenu(hands, u"Makbuz Baskı"_s);
+  lookAtPreview(hands, name);
   hands.waitFor(u"slip after its receipt"_s, workspaceIsInFront);
 }
 
@@ -79,7 +64,7 @@ void PaperRoad::lookAtLetter(ScreenHands& hands) {
   hands.click(u"contracts"_s);
   hands.waitFor(u"contracts with a letter"_s, [] { return isInFront(u"Bakım Sözleşme Takip"_s); });
   hands.press({u"Menu"_s});
-  choose(hands, u"Sözleşme Yazdır"_s);
+  chooseFromMenu(hands, u"Sözleşme Yazdır"_s);
   lookAtPreview(hands, u"sozlesme-mektubu"_s);
   hands.waitFor(u"contracts after the letter"_s, [] { return isInFront(u"Bakım Sözleşme Takip"_s); });
   hands.press({u"Escape"_s});

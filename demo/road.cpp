@@ -1,12 +1,14 @@
 #include "demo/road.h"
 
 #include "base/data/my_query.h"
+#include "app/about_box.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "demo/cards_road.h"
 #include "demo/contracts_road.h"
 #include "demo/designer_road.h"
 #include "demo/extras_road.h"
+#include "demo/finish_road.h"
 #include "demo/messages_road.h"
 #include "demo/paper_road.h"
 #include "demo/screen_hands.h"
@@ -14,7 +16,11 @@
 #include "service/fservisfis_unit.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImage>
 #include <QLabel>
+#include <QPainter>
 
 #include <cstdio>
 #include <set>
@@ -112,6 +118,38 @@ void useDialogs(ScreenHands& hands) {
   hands.waitFor(u"slip in front"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
 }
 
+/// A picture as the counter's telephone made it: a notebook on a table.
+QString takePhoto() {
+  QImage image(960, 720, QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.fillRect(image.rect(), QColor(0xc9, 0xa9, 0x82));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(QColor(0x3a, 0x3f, 0x47));
+  painter.drawRoundedRect(QRect(250, 120, 460, 310), 14, 14);
+  painter.drawPolygon(QPolygon({{230, 440}, {730, 440}, {820, 600}, {140, 600}}));
+  painter.setBrush(QColor(0x9f, 0xc4, 0xe0));
+  painter.drawRect(QRect(272, 142, 416, 262));
+  painter.setPen(QPen(QColor(0xf5, 0xf5, 0xf5), 3));
+  painter.drawPolyline(QPolygon({{420, 142}, {470, 230}, {440, 290}, {520, 404}}));  // the crack
+  painter.setPen(QPen(QColor(0x8a, 0x90, 0x98), 5, Qt::DotLine));
+  for (int row = 0; row < 4; ++row) painter.drawLine(250 - 16 * row, 470 + 26 * row, 710 + 16 * row, 470 + 26 * row);
+  painter.end();
+  const QString file = QDir::temp().filePath(u"kvtk-demo-foto.jpg"_s);
+  if (!image.save(file)) throw StationMissed("no photo");
+  return file;
+}
+
+void addPhoto(ScreenHands& hands) {
+  const QString file = takePhoto();
+  hands.click(u"btnEkle"_s);
+  hands.waitFor(u"picture asked for"_s, [] { return isInFront(u"Resim Ekle"_s); });
+  hands.type(file);
+  hands.press({u"Return"_s});
+  hands.waitFor(u"picture taken"_s, [] { return QApplication::activeModalWidget() == nullptr; });
+  QFile::remove(file);
+}
+
 /// The same device and the same customer have been here before; one of those slips is opened from the page.
 void lookAtHistory(ScreenHands& hands) {
   const auto asAnotherWorkstation = [&](const QString& statement) {
@@ -126,6 +164,7 @@ void lookAtHistory(ScreenHands& hands) {
       u"('E-2', '2026-02-17', 'İADE EDİLDİ', 'AYŞE IŞIK', 'DİZÜSTÜ BİLGİSAYAR', 'SN00471', 0)"_s);
   for (const QString& page : {u"malzemeler"_s, u"notlar"_s, u"fotograf"_s, u"seri-no-gecmisi"_s, u"musteri-gecmisi"_s}) {
     hands.press({u"ctrl+Next"_s});
+    if (page == u"fotograf"_s) addPhoto(hands);
     hands.picture(page);
   }
   hands.press({u"Down"_s, u"Return"_s});
@@ -165,6 +204,11 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.press({u"Return"_s});
   ContractsRoad::meetReminders(hands);
   hands.picture(u"calisma-alani"_s);
+  hands.click(u"applicationButton"_s);
+  hands.waitFor(u"about the program"_s, [] { return fAbout->isActiveWindow(); });
+  hands.picture(u"program-hakkinda"_s);
+  hands.press({u"Return"_s});
+  hands.waitFor(u"about closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
   PaperRoad::fillCompany(hands);
 
   hands.click(u"dxBarLargeButton1"_s);
@@ -181,7 +225,7 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   hands.waitFor(u"saved parts"_s, [] { return scalar(u"select sum(MZ_TUTAR) from malzeme"_s).startsWith(u"425,5"); });
   hands.waitFor(u"balloon gone"_s, [] { return !showsText(u"Servis fiş kaydı tamamlandı."_s); });
   lookAtHistory(hands);
-  PaperRoad::lookAtReceipt(hands);
+  PaperRoad::lookAtReceipt(hands, u"makbuz-onizleme"_s);
   DesignerRoad::changeReceipt(hands);
   hands.press({u"F3"_s});
   hands.waitFor(u"slip closed"_s, [] { return fKvb->childWindows().isEmpty(); });
@@ -224,6 +268,10 @@ void walk(ScreenHands& hands, const Simulator& simulator) {
   MessagesRoad::sendToMany(hands, simulator);
   MessagesRoad::tryMailAccount(hands, simulator);
   MessagesRoad::tellTheCustomer(hands, simulator);
+  FinishRoad::printLabel(hands);
+  FinishRoad::complete(hands, simulator);
+  FinishRoad::deliver(hands);
+  FinishRoad::loseAndRestore(hands);
   MessagesRoad::takeCalls(hands);
 }
 

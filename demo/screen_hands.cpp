@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QMenu>
 #include <QPixmap>
 #include <QProcess>
 #include <QScreen>
@@ -27,6 +28,21 @@ QWidget* visibleWidget(const QString& objectName) {
   for (QWidget* widget : QApplication::allWidgets())
     if (goesBy(*widget, objectName) && widget->isVisible() && !widget->visibleRegion().isEmpty()) return widget;
   return nullptr;
+}
+
+void chooseFromMenu(ScreenHands& hands, const QString& caption, const QString& picture) {
+  hands.waitFor(u"menu with "_s + caption, [] { return QApplication::activePopupWidget() != nullptr; });
+  for (int step = 0; step < 20; ++step) {
+    hands.press({u"Down"_s});
+    const auto stands = hands.ask<bool>([&] {
+      const auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      return menu != nullptr && menu->activeAction() != nullptr && menu->activeAction()->text().remove(u'&') == caption;
+    });
+    if (!stands) continue;
+    if (!picture.isEmpty()) hands.picture(picture);
+    return hands.press({u"Return"_s});
+  }
+  throw StationMissed("no entry " + caption.toStdString());
 }
 
 bool isInFront(const QString& title) {

@@ -49,5 +49,7 @@ class ScreenHands {
 
 /// The visible widget, or button of the command, of that name in any window of the program, or null. Main thread.
 QWidget* visibleWidget(const QString& objectName);
+/// Goes down the menu that opens to an entry and takes it; picture: name of one taken on the entry, none when empty.
+void chooseFromMenu(ScreenHands& hands, const QString& caption, const QString& picture = {});
 /// True when the modal dialog of that title is on top. Main thread.
 bool isInFront(const QString& title);
