@@ -75,7 +75,7 @@ class Soak {
     qputenv("KVTK_SETTINGS", (folderOf(station) + u"settings.ini"_s).toUtf8());
     Practice::prepare(simulator_, folderOf(station));
     QProcess& program = programs_[size_t(station)];
-    program.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    program.setStandardErrorFile(folderOf(station) + u"messages.txt"_s, QIODevice::Append);
     program.setWorkingDirectory(folderOf(station));
     QObject::connect(&program, &QProcess::readyReadStandardOutput, qApp, [this, station] { hear(station); });
     QObject::connect(&program, &QProcess::finished, qApp, [this, station](int code, QProcess::ExitStatus status) {

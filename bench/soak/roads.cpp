@@ -77,7 +77,7 @@ void Telling::begins(const QString& kind, const QString& serial, const QString& 
 
 void Telling::ends(const QString& word) { line({word}); }
 
-Roads::Roads(QString name, unsigned seed, const std::atomic<bool>& isCut) : name_(std::move(name)), chance_(seed), isCut_(isCut) {}
+Roads::Roads(QString name, unsigned seed, LineState& line) : name_(std::move(name)), chance_(seed), line_(line) {}
 
 QString Roads::nextToken() { return u"%1-%2"_s.arg(name_).arg(++tokens_); }
 
@@ -115,12 +115,14 @@ void Roads::goOne() {
 /// when another one is up.
 bool Roads::save() {
   bool isSaved = false;
+  line_.isBusy = true;
   Hands::run([&] {
     setBox(u"TS_USER_TIME"_s, {});
     fServisFis->aKaydet->trigger();
     isSaved = fServisFis != nullptr && !fServisFis->text(u"TS_USER_TIME"_s).isEmpty();
   });
-  Telling::ends(isSaved ? u"saved"_s : isCut_ ? u"unknown"_s : u"refused"_s);
+  line_.isBusy = false;
+  Telling::ends(isSaved ? u"saved"_s : line_.isCut ? u"unknown"_s : u"refused"_s);
   return isSaved;
 }
 
@@ -165,7 +167,7 @@ void Roads::takeIn() {
   constexpr int tries = 5;
   for (int attempt = 0; attempt < tries; ++attempt) {
     Telling::begins(u"new"_s, token, token, parts, fingerprint);
-    if (save() || isCut_) return;
+    if (save() || line_.isCut) return;
     Hands::run([] {
       setBox(u"TS_NO"_s, {});
       fServisFis->findChild<EditBox*>(u"TS_NO"_s)->pressButton(1);
@@ -220,7 +222,7 @@ void Roads::remove() {
     fServisFis->aSil->trigger();
     isDeleted = fKvb->childWindows().isEmpty();
   });
-  Telling::ends(isDeleted ? u"saved"_s : isCut_ ? u"unknown"_s : u"refused"_s);
+  Telling::ends(isDeleted ? u"saved"_s : line_.isCut ? u"unknown"_s : u"refused"_s);
 }
 
 void Roads::lookAtSlips() {

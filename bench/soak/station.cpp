@@ -28,11 +28,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr quint16 databasePort = 3313;
+constexpr int longestSaveMs = 30;
 
 struct Station {
   StationOrder order;
   std::unique_ptr<SlowLine> line;
-  std::atomic<bool> isCut = false;
+  LineState state;
 };
 
 qint64 now() { return QDateTime::currentMSecsSinceEpoch(); }
@@ -78,30 +79,35 @@ void logIn(const Station& station) {
   });
 }
 
-/// Until the time is over or the line is cut. A cut comes in the middle of whatever road that moment finds.
+/// Until the time is over or the line is cut: in the middle of a save, or of whatever road the moment finds.
 void work(Station& station) {
   Chance chance(station.order.seed);
-  Roads roads(station.order.name, station.order.seed, station.isCut);
+  Roads roads(station.order.name, station.order.seed, station.state);
   qint64 cutAt = 0;
   if (station.order.cutAfterSeconds > 0) cutAt = now() + station.order.cutAfterSeconds * 1000 + chance.below(1000);
   std::unique_ptr<QThread> cutter(QThread::create([&] {
     while (cutAt > 0 && now() < cutAt) QThread::msleep(1);
-    if (cutAt == 0 || now() >= station.order.endsAt) return;
-    station.isCut = true;
+    if (cutAt == 0) return;
+    const bool meetsSave = chance.below(3) > 0;
+    while (meetsSave && !station.state.isBusy && now() < station.order.endsAt) QThread::usleep(100);
+    if (meetsSave) QThread::usleep(ulong(chance.below(longestSaveMs * 1000)));
+    if (now() >= station.order.endsAt) return;
+    station.state.isCut = true;
     station.line->cut();
   }));
   cutter->start();
   bool isMeasured = false;
-  while (!station.isCut && now() < station.order.endsAt) {
+  while (!station.state.isCut && now() < station.order.endsAt) {
     roads.goOne();
     if (isMeasured || now() < station.order.measuresAt) continue;
     isMeasured = true;
     measure();
   }
-  if (station.isCut)
+  if (station.state.isCut)
     Telling::line({u"cut"_s});
   else if (isMeasured)
     measure();
+  cutter->wait();
   Hands::start([] { fKvb->close(); });
 }
 

@@ -18,11 +18,17 @@ class Telling {
   static void line(const QStringList& words);
 };
 
+/// What the roads and who cuts the line know of each other.
+struct LineState {
+  std::atomic<bool> isCut = false;   ///< the line to the server is dead
+  std::atomic<bool> isBusy = false;  ///< a slip is being written
+};
+
 /// The roads of one station through its program. Works on a thread of its own.
 class Roads {
  public:
-  /// name: of the station and its life, begins every token. isCut: the line to the server is dead.
-  Roads(QString name, unsigned seed, const std::atomic<bool>& isCut);
+  /// name: of the station and its life, begins every token.
+  Roads(QString name, unsigned seed, LineState& line);
 
   /// Goes one road, and comes home. Throws NotReached.
   void goOne();
@@ -54,6 +60,6 @@ class Roads {
 
   QString name_;
   Chance chance_;
-  const std::atomic<bool>& isCut_;
+  LineState& line_;
   int tokens_ = 0;
 };

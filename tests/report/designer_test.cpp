@@ -186,6 +186,7 @@ TEST_F(DesignerTest, EverythingHasAKey) {
   writing->setPlainText(u"Teslim alan:\n[FIS_NO]"_s);
   expectStep(u"Metni yaz"_s, [&] { QTest::keyClick(writing, Qt::Key_Return, Qt::ControlModifier); });
   EXPECT_EQ(node(u"Metin1"_s)->text(u"text"), u"Teslim alan:\n[FIS_NO]");
+  EXPECT_EQ(designer.editor().selection().front(), node(u"Metin1"_s));
 }
 
 TEST_F(DesignerTest, ObjectsAreDrawnWithTheirToolsAndDroppedFromTheData) {

@@ -49,10 +49,10 @@ TextInPlace::TextInPlace(DesignCanvas& canvas, ReportNode& object) : QPlainTextE
 void TextInPlace::end(bool keeps) {
   if (std::exchange(isEnded_, true)) return;
   const QString text = toPlainText();
+  canvas_.setFocus(Qt::OtherFocusReason);  // before it is hidden, which would pass the focus on, to the next object
   hide();
   deleteLater();
   if (keeps) canvas_.editor().change(u"Metni yaz"_s, object_, u"text"_s, text);
-  canvas_.setFocus(Qt::OtherFocusReason);
 }
 
 void TextInPlace::keyPressEvent(QKeyEvent* event) {
