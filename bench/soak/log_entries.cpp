@@ -18,6 +18,7 @@ bool holdsAny(const QString& entry, const QStringList& words) {
 
 QStringList LogEntries::unexpected(const QString& folder, const QString& services, bool wasCut) {
   static const QStringList ofCuts{u"Lost connection"_s, u"server has gone away"_s, u"Veritabanı bağlantısı açık değil."_s};
+  static const QStringList ofOthers{u"Refresh failed. Found 0 records"_s, u"Update failed. Found 0 records"_s};
   static const QRegularExpression beginning(u"^\\d\\d\\.\\d\\d\\.\\d{4} "_s);
   QStringList entries;
   for (const QString& name : QDir(folder).entryList({u"*.log"_s}, QDir::Files)) {
@@ -26,6 +27,8 @@ QStringList LogEntries::unexpected(const QString& folder, const QString& service
     for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts))
       line.contains(beginning) || entries.isEmpty() ? void(entries += line) : void(entries.back() += u' ' + line);
   }
-  entries.removeIf([&](const QString& entry) { return entry.contains(services) || (wasCut && holdsAny(entry, ofCuts)); });
+  entries.removeIf([&](const QString& entry) {
+    return entry.contains(services) || holdsAny(entry, ofOthers) || (wasCut && holdsAny(entry, ofCuts));
+  });
   return entries;
 }

@@ -5,8 +5,8 @@
 /// The program's log files, read back.
 namespace LogEntries {
 
-/// Entries of a program's folder that nothing explains: neither a service that misbehaved, which the entry names by the address
-/// services, nor, where the line was cut, the lost connection.
+/// Entries of a program's folder that nothing explains: no service that misbehaved, which the entry names by the address services,
+/// no row that another station has written or deleted meanwhile and, where the line was cut, no lost connection.
 QStringList unexpected(const QString& folder, const QString& services, bool wasCut);
 
 }  // namespace LogEntries

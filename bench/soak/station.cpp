@@ -20,6 +20,7 @@
 #include <QThread>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -86,8 +87,8 @@ void work(Station& station) {
   qint64 cutAt = 0;
   if (station.order.cutAfterSeconds > 0) cutAt = now() + station.order.cutAfterSeconds * 1000 + chance.below(1000);
   std::unique_ptr<QThread> cutter(QThread::create([&] {
-    while (cutAt > 0 && now() < cutAt) QThread::msleep(1);
     if (cutAt == 0) return;
+    while (now() < std::min(cutAt, station.order.endsAt)) QThread::msleep(1);
     const bool meetsSave = chance.below(3) > 0;
     while (meetsSave && !station.state.isBusy && now() < station.order.endsAt) QThread::usleep(100);
     if (meetsSave) QThread::usleep(ulong(chance.below(longestSaveMs * 1000)));

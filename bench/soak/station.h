@@ -62,4 +62,5 @@ class Roads {
   Chance chance_;
   LineState& line_;
   int tokens_ = 0;
+  int gone_ = 0;
 };
