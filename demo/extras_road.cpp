@@ -47,7 +47,7 @@ void lookAtCustomer(ScreenHands& hands) {
   hands.picture(u"istatistik-onceki-yil"_s);
   hands.press({u"Escape"_s});
   hands.waitFor(u"customers in front"_s, [] { return isInFront(u"Müşteri Listesi"_s); });
-  hands.press({u"Escape"_s});
+  hands.press({u"Down"_s, u"Escape"_s});  // from the search row, whose own Escape empties the cell
   hands.waitFor(u"list closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
 }
 
