@@ -95,7 +95,7 @@ void addCustomer(ScreenHands& hands, const QStringList& texts) {
 
 void addCustomers(ScreenHands& hands) {
   addCustomer(hands, {u"çiğdem öztürk"_s, u"öztürk ticaret ltd. şti."_s, u"c001"_s, u"moda caddesi 12"_s, u"kadıköy / istanbul"_s,
-                      u"çiğdem öztürk"_s, u"02161234567"_s, u""_s, u"05321234567"_s, u"cigdem@ornek.example"_s});
+                      u"çiğdem öztürk"_s, u"02161234567"_s, u""_s, u"05321234567"_s, u"ozturk@torvane.example"_s});
   addCustomer(hands, {u"hasan yılmaz"_s, u""_s, u"c002"_s, u"gül sokak 7"_s, u"konak / izmir"_s, u"hasan yılmaz"_s, u"02321234567"_s});
   addCustomer(hands, {u"ışıl kaya"_s, u""_s, u"c003"_s, u"inönü bulvarı 44"_s, u"nilüfer / bursa"_s, u"ışıl kaya"_s, u"02241234567"_s});
   hands.picture(u"musteri-listesi"_s);

@@ -10,7 +10,6 @@
 #include "simulator/simulator.h"
 
 #include <QApplication>
-#include <QFileInfo>
 #include <QProcess>
 
 using namespace Qt::StringLiterals;
@@ -43,10 +42,13 @@ void turnOn(ScreenHands& hands, const std::vector<int>& switches) {
   hands.waitFor(u"parameters saved"_s, workspaceIsInFront);
 }
 
-void keepData(const QStringList& arguments) {
+/// Output of a program that must end well.
+QByteArray toolSays(const QString& program, const QStringList& arguments) {
   QProcess tool;
-  tool.start(qEnvironmentVariable("KVTK_DEMO_SERVER"), arguments);
-  if (!tool.waitForFinished(120000) || tool.exitCode() != 0) throw StationMissed("the tool of the copies failed: " + tool.readAllStandardError().toStdString());
+  tool.start(program, arguments);
+  if (!tool.waitForFinished(120000) || tool.exitCode() != 0)
+    throw StationMissed(program.toStdString() + ": " + tool.readAllStandardError().toStdString());
+  return tool.readAllStandardOutput();
 }
 
 }  // namespace
@@ -55,7 +57,7 @@ void FinishRoad::printLabel(ScreenHands& hands) {
   hands.click(u"TS_C_SERINO"_s);
   hands.press({u"F5"_s});
   chooseFromMenu(hands, u"Barkod Yazdır"_s, u"barkod-menusu"_s);
-  hands.waitFor(u"label on paper"_s, [] { return QFileInfo(qEnvironmentVariable("KVTK_DEMO_LABEL")).size() > 0; });
+  hands.waitFor(u"label on paper"_s, [] { return toolSays(u"lpstat"_s, {u"-W"_s, u"completed"_s, u"-o"_s}).contains("ETIKET"); });
 }
 
 void FinishRoad::complete(ScreenHands& hands, const Simulator& simulator) {
@@ -72,7 +74,7 @@ void FinishRoad::complete(ScreenHands& hands, const Simulator& simulator) {
   hands.waitFor(u"customer told that it is done"_s, [&] {
     return simulator.requests().size() == messages + 1 && simulator.mails().size() == mails + 1 && workspaceIsInFront();
   });
-  if (!simulator.mails().back().text.contains("cigdem@ornek.example")) throw StationMissed("the mail went elsewhere");
+  if (simulator.mails().back().recipients != QList<QByteArray>{"OZTURK@TORVANE.EXAMPLE"}) throw StationMissed("the mail went elsewhere");
   hands.picture(u"is-bitti"_s);
   PaperRoad::lookAtReceipt(hands, u"teslim-makbuzu"_s);
 }
@@ -85,8 +87,9 @@ void FinishRoad::deliver(ScreenHands& hands) {
 }
 
 void FinishRoad::loseAndRestore(ScreenHands& hands) {
-  const QString copy = qEnvironmentVariable("KVTK_DEMO_LABEL") + u".sql.gz"_s;
-  keepData({u"backup"_s, copy});
+  const QString keeper = qEnvironmentVariable("KVTK_DEMO_SERVER");
+  const QString copy = qEnvironmentVariable("KVTK_HOME") + u"/hafta.sql.gz"_s;
+  toolSays(keeper, {u"backup"_s, copy});
   hands.press({u"F6"_s});
   hands.waitFor(u"question before deleting"_s, [] { return QApplication::activeModalWidget() != nullptr; });
   hands.press({u"Return"_s});
@@ -98,7 +101,7 @@ void FinishRoad::loseAndRestore(ScreenHands& hands) {
   };
   SlipListRoad::openList(hands);
   if (hands.ask<bool>([&] { return hasSlip(fservisfisSec->qServis); })) throw StationMissed("the slip is still there");
-  keepData({u"restore"_s, copy, u"--yes"_s});
+  toolSays(keeper, {u"restore"_s, copy, u"--yes"_s});
   hands.press({u"F8"_s});
   hands.waitFor(u"slip brought back"_s, [&] { return hasSlip(fservisfisSec->qServis); });
   hands.picture(u"geri-yuklendi"_s);

@@ -7,7 +7,7 @@ class Simulator;
 /// back.
 namespace FinishRoad {
 
-/// The label for the device goes to the printer, whose paper is the file that KVTK_DEMO_LABEL names.
+/// The label for the device goes to the print service's queue.
 void printLabel(ScreenHands& hands);
 /// The job is done: the customer is told by SMS and e-mail, and the receipt of that status comes up.
 void complete(ScreenHands& hands, const Simulator& simulator);

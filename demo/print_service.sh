@@ -1,5 +1,5 @@
-# A print service of its own in a folder, with one queue whose paper is a file: print_service FOLDER QUEUE FILE sets print_pid and
-# CUPS_SERVER.
+# A print service of its own in a folder, with one queue that throws away what it gets: print_service FOLDER QUEUE sets print_pid
+# and CUPS_SERVER.
 print_service() {
   local folder=$1
   mkdir -p "$folder"/{spool,tmp,cache,state,root}
@@ -13,7 +13,7 @@ print_service() {
   export CUPS_SERVER=$folder/sock
   local attempt
   for attempt in {1..50}; do
-    lpadmin -p "$2" -E -v "file:$3" -m raw 2>/dev/null && break
+    lpadmin -p "$2" -E -v file:/dev/null -m raw 2>/dev/null && break
     sleep 0.1
   done
   lpadmin -d "$2"
