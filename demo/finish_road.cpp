@@ -67,6 +67,7 @@ void FinishRoad::complete(ScreenHands& hands, const Simulator& simulator) {
   hands.click(u"TS_C_TEKNISYEN_NOT"_s);
   hands.type(u"toner ve drum değiştirildi, deneme baskısı alındı"_s);
   hands.click(u"TS_ISCILIK_TUTAR"_s);
+  hands.press({u"ctrl+a"_s});
   hands.type(u"450"_s);
   hands.press({u"Return"_s});
   chooseStatus(hands, u"TAMAMLANDI"_s);
