@@ -1,5 +1,6 @@
 #include "demo/designer_road.h"
 
+#include "app/kvbankUnit.h"
 #include "app/parameters.h"
 #include "demo/screen_hands.h"
 #include "extras/report_design.h"
@@ -66,5 +67,5 @@ void DesignerRoad::changeReceipt(ScreenHands& hands) {
   hands.pause(400);
   hands.picture(u"degisen-makbuz"_s);
   hands.press({u"Escape"_s});
-  hands.waitFor(u"receipt closed"_s, [] { return QApplication::activeModalWidget() == nullptr; });
+  hands.waitFor(u"receipt closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
 }
