@@ -8,6 +8,7 @@
 #include <QPixmap>
 #include <QProcess>
 #include <QScreen>
+#include <QScrollArea>
 #include <QThread>
 #include <QToolButton>
 
@@ -81,7 +82,9 @@ void ScreenHands::type(const QString& text) { tool({u"type"_s, u"--delay"_s, u"1
 void ScreenHands::click(const QString& objectName) {
   waitFor(u"control "_s + objectName, [&] { return visibleWidget(objectName) != nullptr; });
   const QPoint place = ask<QPoint>([&] {
-    const QWidget* widget = visibleWidget(objectName);
+    QWidget* widget = visibleWidget(objectName);
+    for (QWidget* each = widget->parentWidget(); each != nullptr; each = each->parentWidget())
+      if (auto* area = qobject_cast<QScrollArea*>(each)) area->ensureWidgetVisible(widget);
     return widget->mapToGlobal(widget->rect().center()) * widget->devicePixelRatio();
   });
   tool({u"mousemove"_s, QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});

@@ -73,7 +73,7 @@ TfServisFis::TfServisFis(QWidget* parent)
 
 TfServisFis::~TfServisFis() { forgetEditor(this); }
 
-QSize TfServisFis::sizeHint() const { return {fields_->minimumWidth() + 24, fields_->minimumHeight() + 96}; }
+QSize TfServisFis::sizeHint() const { return fields_->sizeHint() + QSize(24, 96); }
 
 void TfServisFis::setMode(Mode mode) {
   EditorMode = mode;

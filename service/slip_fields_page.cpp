@@ -31,6 +31,14 @@ constexpr int rowGap = 4;
 constexpr int halfWidth = wideBox + 2 * inset;
 constexpr int sideWidth = boxWidth + 2 * inset;
 constexpr int widestSide = 360;
+/// What stands left of the amounts, with the customer beside the slip or below it.
+constexpr int wideLeft = margin + halfWidth + margin + halfWidth + margin;
+constexpr int narrowLeft = margin + halfWidth + margin;
+constexpr int fullRows = 6;  ///< of the groups in the upper line
+constexpr int deviceRows = 5;
+constexpr int recordRows = 2;
+
+bool isWide(int width) { return width >= wideLeft + sideWidth + margin; }
 
 }  // namespace
 
@@ -43,8 +51,20 @@ SlipFieldsPage::SlipFieldsPage(QWidget* parent) : QWidget(parent) {
   }
   fillLists();
   connectAids();
-  const int height = margin + groupHeight(6) + margin + groupHeight(5) + margin;
-  setMinimumSize(margin + 2 * halfWidth + margin + margin + sideWidth + margin, height);
+  setMinimumSize(narrowLeft + sideWidth + margin, sizeHint().height());
+  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
+  policy.setHeightForWidth(true);
+  setSizePolicy(policy);
+}
+
+QSize SlipFieldsPage::sizeHint() const {
+  constexpr int width = wideLeft + sideWidth + margin;
+  return {width, heightForWidth(width)};
+}
+
+int SlipFieldsPage::heightForWidth(int width) const {
+  const int upper = margin + groupHeight(fullRows);
+  return (isWide(width) ? upper : 2 * upper) + margin + groupHeight(deviceRows) + margin;
 }
 
 void SlipFieldsPage::fillLists() {
@@ -123,30 +143,37 @@ void SlipFieldsPage::resizeEvent(QResizeEvent* event) {
 }
 
 void SlipFieldsPage::arrange() {
-  const int top = groupHeight(6);
-  const int lowerTop = margin + top + margin;
-  const int lower = std::max(groupHeight(5), height() - lowerTop - margin);
-  const int left = margin + 2 * halfWidth + 2 * margin;
+  const bool wide = isWide(width());
+  const int left = wide ? wideLeft : narrowLeft;
   const int side = std::clamp(width() - left - margin, sideWidth, widestSide);
+  const int sideBox = side - 2 * inset;
+  const int top = groupHeight(fullRows);
+  const int second = margin + top + margin;
+  const int lowerTop = wide ? second : second + top + margin;
+  const int lower = std::max(groupHeight(deviceRows), height() - lowerTop - margin);
   placeGroup(groups_[SlipGroup::Slip], {margin, margin, halfWidth, top}, boxWidth);
-  placeGroup(groups_[SlipGroup::Customer], {2 * margin + halfWidth, margin, halfWidth, top}, boxWidth);
-  placeGroup(groups_[SlipGroup::Device], {margin, lowerTop, 2 * halfWidth + margin, lower}, boxWidth);
-  placeGroup(groups_[SlipGroup::Amounts], {left, margin, side, top}, side - 2 * inset);
-  placeGroup(groups_[SlipGroup::Record], {left, lowerTop, side, lower}, side - 2 * inset);
+  if (wide)
+    placeGroup(groups_[SlipGroup::Customer], {narrowLeft, margin, halfWidth, top}, boxWidth);
+  else
+    placeGroup(groups_[SlipGroup::Customer], {margin, second, halfWidth, top}, boxWidth);
+  const int farWidth = wide ? wideBox : sideBox;
+  placeGroup(groups_[SlipGroup::Device], {margin, lowerTop, narrowLeft + farWidth + 2 * inset - margin, lower}, boxWidth, farWidth);
+  placeGroup(groups_[SlipGroup::Amounts], {left, margin, side, top}, sideBox);
+  placeGroup(groups_[SlipGroup::Record], {left, second, side, wide ? lower : groupHeight(recordRows)}, sideBox);
 }
 
-void SlipFieldsPage::placeGroup(const Group& group, QRect place, int width) {
+/// farWidth: of the boxes behind the second column.
+void SlipFieldsPage::placeGroup(const Group& group, QRect place, int width, int farWidth) {
   group.box->setGeometry(place);
   const int top = fontMetrics().height() + inset;
   const int memoStep = (place.height() - top - inset + rowGap) / 3;
   for (const SlipField* field : group.fields) {
-    // The columns behind the second one belong to the next half of the page.
-    const int half = field->gridColumn / 2 * (halfWidth + margin);
-    const int x = inset + half + field->gridColumn % 2 * (boxWidth + gap);
+    const bool isFar = field->gridColumn > 1;
+    const int x = inset + (isFar ? halfWidth + margin : 0) + field->gridColumn % 2 * (boxWidth + gap);
     const int step = field->editor == SlipEditor::Memo ? memoStep : rowStep();
     EditFrame* frame = frames_[field->column];
-    const int boxPlace = field->gridSpan == 1 && frame != widened_ ? width : wideBox;
-    frame->setGeometry(x, top + field->gridRow * step, boxPlace, step - rowGap);
+    const int nearWidth = field->gridSpan == 1 && frame != widened_ ? width : wideBox;
+    frame->setGeometry(x, top + field->gridRow * step, isFar ? farWidth : nearWidth, step - rowGap);
   }
 }
 

@@ -12,7 +12,9 @@
 enum class SlipGroup;
 struct SlipField;
 
-/// The page "Fiş Bilgileri": the controls of the field table on one grid, and the aids that stand between them.
+/// The page "Fiş Bilgileri": the controls of the field table on one grid, and the aids that stand between them. Where it has
+/// not the room for two groups beside the amounts, the customer's stands below the slip's, and the page is scrolled in height
+/// only.
 class SlipFieldsPage : public QWidget {
   Q_OBJECT
  public:
@@ -40,6 +42,10 @@ class SlipFieldsPage : public QWidget {
   /// Selects a status by its place, as the user would; nothing happens when the list is shorter.
   void chooseStatus(int item);
 
+  /// With all groups beside one another.
+  QSize sizeHint() const override;
+  int heightForWidth(int width) const override;
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
@@ -48,7 +54,7 @@ class SlipFieldsPage : public QWidget {
     QGroupBox* box;
     std::vector<const SlipField*> fields;
   };
-  void placeGroup(const Group& group, QRect place, int boxWidth);
+  void placeGroup(const Group& group, QRect place, int boxWidth, int farWidth = 0);
   int rowStep() const;
   int groupHeight(int rows) const;
   void arrange();

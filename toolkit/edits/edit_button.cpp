@@ -14,7 +14,8 @@ namespace {
 
 constexpr double captionShare = 0.9;  ///< of the input's font size
 constexpr double narrowestCaption = 0.85;  ///< of its letters' width
-constexpr int captionPadding = 3;
+constexpr int captionInset = 6;    ///< at its left, whatever blanks the caption begins with
+constexpr int captionPadding = captionInset + 2;
 constexpr int captionStep = 8;  ///< captions of about the same length get the same room
 
 QColor blended(const QColor& base, const QColor& tint, double share) {
@@ -64,7 +65,7 @@ QSize EditSideButton::sizeHint() const {
 double EditSideButton::captionLength() const {
   QFont font = this->font();
   font.setPointSizeF(font.pointSizeF() * captionShare);
-  return QFontMetricsF(font).horizontalAdvance(text());
+  return QFontMetricsF(font).horizontalAdvance(text().trimmed());
 }
 
 /// Captions are capitals in a narrow place: they are written a little smaller than the input, all in one height, and one
@@ -105,6 +106,6 @@ void EditSideButton::paintEvent(QPaintEvent*) {
   } else {
     painter.setFont(captionFont());
     const int alignment = int(isLabel_ ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment(Qt::AlignCenter));
-    painter.drawText(rect().adjusted(1, 0, -2, 0), alignment | Qt::TextSingleLine, text());
+    painter.drawText(rect().adjusted(isLabel_ ? captionInset : 1, 0, -2, 0), alignment | Qt::TextSingleLine, text().trimmed());
   }
 }
