@@ -23,6 +23,15 @@ bool goesBy(const QWidget& widget, const QString& objectName) {
   return widget.objectName() == objectName || (command != nullptr && command->objectName() == objectName);
 }
 
+/// Small screens scroll.
+void bringIntoSight(const QString& objectName) {
+  for (QWidget* widget : QApplication::allWidgets()) {
+    if (!goesBy(*widget, objectName) || !widget->isVisible()) continue;
+    for (QWidget* each = widget->parentWidget(); each != nullptr; each = each->parentWidget())
+      if (auto* area = qobject_cast<QScrollArea*>(each)) area->ensureWidgetVisible(widget);
+  }
+}
+
 }  // namespace
 
 QWidget* visibleWidget(const QString& objectName) {
@@ -80,11 +89,12 @@ void ScreenHands::press(const QStringList& keys) { tool(QStringList{u"key"_s, u"
 void ScreenHands::type(const QString& text) { tool({u"type"_s, u"--delay"_s, u"12"_s, u"--"_s, text}); }
 
 void ScreenHands::click(const QString& objectName) {
-  waitFor(u"control "_s + objectName, [&] { return visibleWidget(objectName) != nullptr; });
+  waitFor(u"control "_s + objectName, [&] {
+    bringIntoSight(objectName);
+    return visibleWidget(objectName) != nullptr;
+  });
   const QPoint place = ask<QPoint>([&] {
-    QWidget* widget = visibleWidget(objectName);
-    for (QWidget* each = widget->parentWidget(); each != nullptr; each = each->parentWidget())
-      if (auto* area = qobject_cast<QScrollArea*>(each)) area->ensureWidgetVisible(widget);
+    const QWidget* widget = visibleWidget(objectName);
     return widget->mapToGlobal(widget->rect().center()) * widget->devicePixelRatio();
   });
   tool({u"mousemove"_s, QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});

@@ -25,6 +25,7 @@
 #include <QAction>
 #include <QCloseEvent>
 #include <QMdiSubWindow>
+#include <QStyle>
 #include <QTabWidget>
 
 #include <exception>
@@ -73,7 +74,10 @@ TfServisFis::TfServisFis(QWidget* parent)
 
 TfServisFis::~TfServisFis() { forgetEditor(this); }
 
-QSize TfServisFis::sizeHint() const { return fields_->sizeHint() + QSize(24, 96); }
+/// With room for a scroll bar: a page that has one while the window takes its size must not keep it.
+QSize TfServisFis::sizeHint() const {
+  return fields_->sizeHint() + QSize(24 + style()->pixelMetric(QStyle::PM_ScrollBarExtent), 96);
+}
 
 void TfServisFis::setMode(Mode mode) {
   EditorMode = mode;

@@ -198,17 +198,4 @@ TEST_F(FieldBindingTest, WhatDoesNotConvertIsToldByItsCaption) {
   }
 }
 
-TEST_F(FieldBindingTest, AFormWithNoneOfTheNamesIsLeftAlone) {
-  QWidget other;
-  auto* edit = new TextEdit(&other);
-  edit->setObjectName(u"AD"_s);
-  edit->setText(u"kalır"_s);
-  query.Insert();
-  utilities.EkrandanAlanlara(other, query);
-  utilities.AlanlardanEkrana(other, query);
-  utilities.EkranReset(other, query);
-  EXPECT_EQ(edit->text(), u"kalır"_s);
-  EXPECT_TRUE(query.FieldByName(u"B_AD"_s).isNull());
-}
-
 }  // namespace

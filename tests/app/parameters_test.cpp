@@ -119,32 +119,13 @@ TEST(ParameterFiles, AnyBytesAreTaken) {
   }
 }
 
-TEST(ParameterFiles, ATruncatedFileTellsWhatIsLeftOfIt) {
+TEST(ParameterFiles, OfATruncatedFileNoSwitchIsTaken) {
   const QByteArray switches = fileOf('1');
   for (qsizetype size = 0; size <= switches.size(); ++size) {
     std::vector<CheckItem> items = defaultSwitches();
     const bool isWhole = size >= switches.size() - 2;  // the last line's end tells nothing
     ASSERT_EQ(takeSwitches(switches.left(size), items), isWhole) << size;
     ASSERT_EQ(writeCheckList(items), fileOf(isWhole ? '1' : '0')) << size;
-  }
-
-  std::vector<StatusRow> kept = defaultStatuses();
-  for (StatusRow& row : kept) row = {row.islemColorIslemAdi, u"0x00FF8000"_s, false};
-  const QByteArray statuses = writeStatuses(kept);
-  for (qsizetype size = 0; size <= statuses.size(); ++size) {
-    std::vector<StatusRow> rows = defaultStatuses();
-    readStatuses(statuses.left(size), rows);
-    const QByteArrayList lines = statuses.left(size).split('\n');
-    const size_t whole = size_t(lines.size()) - 1;
-    for (size_t i = 0; i < rows.size(); ++i) {
-      const StatusRow standing = defaultStatuses()[i];
-      if (i == whole) {  // of the line that was cut, each field may have come or not
-        EXPECT_TRUE(rows[i].islemColorRenkSec == kept[i].islemColorRenkSec || rows[i].islemColorRenkSec.isEmpty()) << size;
-        EXPECT_EQ(rows[i].islemColorIslemAdi, standing.islemColorIslemAdi);
-      } else {
-        ASSERT_EQ(rows[i], i < whole ? kept[i] : standing) << size;
-      }
-    }
   }
 }
 
@@ -244,7 +225,7 @@ TEST_F(ParametersTest, WhatIsChosenCountsAtOnceAndComesBack) {
 TEST_F(ParametersTest, AFileOfOtherSwitchesIsDeleted) {
   put(u"Parametreler.dat"_s, fileOf('1') + "@1 1 --- --- Yeni\r\n");
   put(u"islemrenk.dat"_s, QByteArray("\x00\x01\xFFtree\t\t\n", 9));
-  put(u"Parametreler.ini"_s, "[Printer]\r\nyBarkodPrinterCopyNum=77\r\n");
+  put(u"Parametreler.ini"_s, "[Printer]\r\nyBarkodPrinterCopyNum=77\r\nVarsayilanPrinterCopyNum=");
   TfParametreler form;
   setPrinters(form, {});
   form.Load();
@@ -252,36 +233,7 @@ TEST_F(ParametersTest, AFileOfOtherSwitchesIsDeleted) {
   EXPECT_FALSE(form.isChecked(AskAtEachStep));
   EXPECT_EQ(form.islemColor(), defaultStatuses());
   EXPECT_EQ(form.yBarkodPrinterCopyNum->text(), u"77"_s) << "also one that the list does not have";
-  EXPECT_TRUE(messages.isEmpty());
-}
-
-TEST_F(ParametersTest, ATruncatedPrinterFileSelectsNothingThatWasNotSaved) {
-  const QStringList printers{u"Zebra"_s, u"Büro"_s};
-  {
-    TfParametreler form;
-    setPrinters(form, printers);
-    form.Load();
-    form.yBarkodPrinter->setItemIndex(0);
-    form.yBarkodPrinterCopyNum->setItemIndex(3);
-    form.VarsayilanPrinter->setItemIndex(1);
-    form.VarsayilanPrinterCopyNum->setItemIndex(8);
-    form.btnPost->click();
-  }
-  const QByteArray whole = content(u"Parametreler.ini"_s);
-  ASSERT_TRUE(whole.endsWith("VarsayilanPrinterCopyNum=9\r\n"));
-  TfParametreler form;
-  setPrinters(form, printers);
-  for (qsizetype size = 0; size <= whole.size(); ++size) {
-    SCOPED_TRACE(size);
-    ASSERT_TRUE(QFile::resize(folder.filePath(u"Parametreler.ini"_s), 0));
-    put(u"Parametreler.ini"_s, whole.left(size));
-    form.Load();
-    const auto came = [&](const char* line) { return whole.left(size).contains(line); };
-    EXPECT_EQ(form.yBarkodPrinter->itemIndex(), came("yBarkodPrinter=Zebra") ? 0 : -1);
-    EXPECT_EQ(form.yBarkodPrinterCopyNum->text(), came("yBarkodPrinterCopyNum=4") ? u"4"_s : u"1"_s);
-    EXPECT_EQ(form.VarsayilanPrinter->itemIndex(), came("VarsayilanPrinter=Büro") ? 1 : -1);
-    EXPECT_EQ(form.VarsayilanPrinterCopyNum->text(), came("VarsayilanPrinterCopyNum=9") ? u"9"_s : u"1"_s);
-  }
+  EXPECT_EQ(form.VarsayilanPrinterCopyNum->text(), u"1"_s);
   EXPECT_TRUE(messages.isEmpty());
 }
 

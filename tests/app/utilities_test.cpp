@@ -36,15 +36,6 @@ class Utilities : public testing::Test {
   Machine machine_ = machine();
 };
 
-TEST_F(Utilities, Creation) {
-  EXPECT_EQ(utilities.version, u"1.0"_s);
-  EXPECT_EQ(utilities.randomText, u"123456"_s);
-  EXPECT_EQ(utilities.port, 8091);
-  EXPECT_EQ(utilities.fileName, u"vigil.xml"_s);
-  EXPECT_FALSE(utilities.flag);
-  EXPECT_EQ(utilities.programFolder, folder.path() + u'/');
-}
-
 TEST_F(Utilities, Dialogs) {
   ScriptedDialogs dialogs;
   dialogs.answers = {TQuendUtil::Confirmed};

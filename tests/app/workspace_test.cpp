@@ -102,11 +102,6 @@ TEST_F(WorkspaceTest, RibbonHoldsTheCommandTable) {
   EXPECT_EQ(captions(workspace.ribbon()->quickAccess()),
             (QStringList{u"Yeni Servis Fişi"_s, u"Servis Fişleri"_s, u"Kartlar"_s, u"Hatırlatma"_s, u"Ayarlar"_s,
                          u"Programı Kapat"_s}));
-  const QList<std::pair<QString, QString>> named{
-      {u"dxBarLargeButton1"_s, u"Yeni Servis Fişi"_s}, {u"dxBarLargeButton2"_s, u"Servis Fişleri"_s},
-      {u"dxBarButton16"_s, u"Müşteri Kartları"_s},     {u"dxBarButton17"_s, u"Cihaz Kartları"_s},
-      {u"dxBarButton18"_s, u"Dış Servis Kartları"_s},  {u"dxBarButton22"_s, u"Servis Tipleri"_s}};
-  for (const auto& [objectName, caption] : named) EXPECT_EQ(workspace.command(objectName)->text(), caption);
 }
 
 TEST_F(WorkspaceTest, FirstArgumentIsThePort) {

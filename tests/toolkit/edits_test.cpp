@@ -6,7 +6,6 @@
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/date_time_edit.h"
-#include "toolkit/edits/image_box.h"
 #include "toolkit/edits/mask_edit.h"
 #include "toolkit/edits/memo_edit.h"
 #include "toolkit/edits/spin_edit.h"
@@ -16,7 +15,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QBuffer>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSignalSpy>
@@ -323,23 +321,6 @@ TEST_F(EditsTest, MemoKeepsForeignLineEndsAndCutsALongPaste) {
   EXPECT_EQ(refusalBalloon().text(), u"Bu alana en çok 5 karakter sığar."_s);
   QTest::keyClick(memo->editor(), Qt::Key_Tab);
   EXPECT_TRUE(other_->line()->hasFocus());
-}
-
-TEST_F(EditsTest, PicturesKeepTheirBytes) {
-  QByteArray jpeg;
-  QBuffer buffer(&jpeg);
-  QImage picture(40, 30, QImage::Format_RGB32);
-  picture.fill(Qt::red);
-  ASSERT_TRUE(picture.save(&buffer, "JPG"));
-  jpeg += "behind the picture";
-  ImageBox box;
-  box.setImageBytes(jpeg);
-  EXPECT_EQ(box.imageBytes(), jpeg);
-  EXPECT_THROW(box.setImageBytes("no picture"), Exception);
-  EXPECT_THROW(box.setImageBytes(jpeg.left(20)), Exception);
-  EXPECT_EQ(box.imageBytes(), jpeg) << "a refused one changes nothing";
-  box.clearImage();
-  EXPECT_TRUE(box.editValue().isNull());
 }
 
 TEST_F(EditsTest, TheSecondBalloonIsDroppedAndNoneTakesTheFocus) {

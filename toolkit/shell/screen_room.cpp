@@ -10,6 +10,8 @@
 namespace {
 /// Logical pixels of a dialog's frame and buttons.
 constexpr int aroundContent = 120;
+/// What a screen that is enlarged by a broken factor may round away of a dialog; without it two scroll bars would come up.
+constexpr QSize slack(2, 2);
 }  // namespace
 
 ScreenRoom::ScreenRoom(QWidget* content) {
@@ -36,6 +38,6 @@ QSize ScreenRoom::bounded(QSize wanted) const {
   if (const QLayout* layout = widget()->layout(); layout != nullptr && layout->hasHeightForWidth())
     wanted.setHeight(std::max(wanted.height(), layout->totalHeightForWidth(wanted.width())));
   const int room = screen()->availableSize().height() - aroundContent;
-  if (wanted.height() <= room) return wanted;
-  return {wanted.width() + verticalScrollBar()->sizeHint().width(), room};
+  if (wanted.height() <= room) return wanted + slack;
+  return {wanted.width() + verticalScrollBar()->sizeHint().width() + slack.width(), room};
 }
