@@ -5,6 +5,7 @@
 
 #include <QNetworkDatagram>
 #include <QUdpSocket>
+#include <QVariant>
 
 using namespace Qt::StringLiterals;
 
