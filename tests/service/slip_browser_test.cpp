@@ -85,14 +85,14 @@ class SlipBrowserTest : public SlipFormTest {
 };
 
 TEST_F(SlipBrowserTest, NumbersSortAtTheServerBothWaysAndWithASecondColumn) {
-  for (const QString& number : {u"100"_s, u"9"_s, u"10"_s}) add(number, number == u"9"_s ? u"B"_s : u"A"_s);
+  for (const QString& number : {u"100"_s, u"9"_s, u"10"_s, u"101"_s}) add(number, number == u"9"_s ? u"B"_s : u"A"_s);
   whileOpen([&] {
     grid().setOrder({{u"TS_NO"_s, false}});
-    EXPECT_EQ(shown(), u"9 10 100"_s);
+    EXPECT_EQ(shown(), u"9 10 100 101"_s);
     grid().setOrder({{u"TS_NO"_s, true}});
-    EXPECT_EQ(shown(), u"100 10 9"_s);
+    EXPECT_EQ(shown(), u"101 100 10 9"_s);
     grid().setOrder({{u"TS_MUSTERI"_s, true}, {u"TS_NO"_s, false}});
-    EXPECT_EQ(shown(), u"9 10 100"_s);
+    EXPECT_EQ(shown(), u"9 10 100 101"_s);
     EXPECT_TRUE(browser.qServis.SQL.text().contains(u"TS_MUSTERI DESC, LENGTH(TS_NO) ASC, TS_NO ASC"_s));
   });
 }
