@@ -31,6 +31,7 @@ constexpr int rowGap = 4;
 constexpr int halfWidth = wideBox + 2 * inset;
 constexpr int sideWidth = boxWidth + 2 * inset;
 constexpr int widestSide = 360;
+constexpr int widestSideBelow = 560;  ///< where the customer stands below, so that little room is left empty
 /// What stands left of the amounts, with the customer beside the slip or below it.
 constexpr int wideLeft = margin + halfWidth + margin + halfWidth + margin;
 constexpr int narrowLeft = margin + halfWidth + margin;
@@ -145,7 +146,7 @@ void SlipFieldsPage::resizeEvent(QResizeEvent* event) {
 void SlipFieldsPage::arrange() {
   const bool wide = isWide(width());
   const int left = wide ? wideLeft : narrowLeft;
-  const int side = std::clamp(width() - left - margin, sideWidth, widestSide);
+  const int side = std::clamp(width() - left - margin, sideWidth, wide ? widestSide : widestSideBelow);
   const int sideBox = side - 2 * inset;
   const int top = groupHeight(fullRows);
   const int second = margin + top + margin;

@@ -192,6 +192,9 @@ TEST_F(EditorsTest, CurrencyReadsWhatPeopleType) {
   edit->resetEdit(0);
   EXPECT_FALSE(edit->editValue().isNull());
   EXPECT_EQ(edit->text(), u"0,00"_s);
+  QTest::mouseClick(edit->line(), Qt::LeftButton, {}, QPoint(edit->line()->width() - 20, 5));
+  type(edit->line(), u"125"_s);
+  EXPECT_EQ(edit->value(), 125) << "and not 1250";
 
   edit->setValue(12.5);
   edit->setFocus();

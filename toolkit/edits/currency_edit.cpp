@@ -162,7 +162,11 @@ QString CurrencyEdit::pasteRefusal(const QString& pasted, const QString& whole) 
   return complaint.isEmpty() || isOfNumber(pasted) ? complaint : u"Bu alana %1 yazılamaz."_s.arg(quoted(pasted));
 }
 
-void CurrencyEdit::lineClicked() { endWord(); }
+/// A nought is there to be typed over: digits beside it would be ten times the amount.
+void CurrencyEdit::lineClicked() {
+  endWord();
+  if (!typed_ && value_ == 0.0) line()->selectAll();
+}
 
 void CurrencyEdit::entering() {
   endWord();
