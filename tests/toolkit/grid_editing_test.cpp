@@ -171,6 +171,7 @@ TEST_F(GridTest, NewRowsComeAtTheEndAlsoOfSortedOnes) {
   EXPECT_FALSE(std::ranges::any_of(keys.findChildren<QLabel*>(), [](const QLabel* label) { return label->text() == u"OVR"_s; }))
       << "the key adds a row and does nothing else";
   EXPECT_EQ(lines().size(), 4);
+  EXPECT_TRUE(lines().first().startsWith(u"[DURUM: <boş> (4)"_s)) << "a row that is being written belongs to no group";
   EXPECT_EQ(grid->view()->currentLine(), 3);
   type(u"10"_s);
   press(Qt::Key_Return);
