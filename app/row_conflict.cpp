@@ -20,7 +20,7 @@ void saveOverOthers(const RowConflict& row) {
   try {
     row.rows->RefreshRecord();  // brings what others wrote into the other columns
   } catch (const Exception& error) {
-    logMessage(error.message(), &error);  // the save itself is done
+    logMessage(u"Kaydedilen satır yeniden okunamadı"_s, &error);  // the save itself is done
   }
 }
 

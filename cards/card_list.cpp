@@ -152,12 +152,12 @@ void CardList::deleteSelected(const QString& question, const QString& failure) {
     grid_->deleteSelectedRows();
     transaction.commit();
   } catch (const Exception& error) {
-    logMessage(error.message(), &error);
+    logMessage(failure, &error);
     // What became of a row whose commit was not answered, only the server knows.
     try {
       readAnew();
     } catch (const Exception& unread) {
-      logMessage(unread.message(), &unread);
+      logMessage(u"Liste yeniden okunamadı"_s, &unread);
     }
     QuendUtil->mesajTimeOut(this, failure, failureMessageMs);
   }

@@ -75,7 +75,7 @@ TfHatirlaForm::~TfHatirlaForm() {
   try {
     for (const QString& file : layoutFiles) tvBakim->storeLayout(file);
   } catch (const EInOutError& error) {
-    logMessage(error.message(), &error);
+    logMessage(u"Liste düzeni saklanamadı"_s, &error);
   }
   if (!place_.store(this)) logMessage(u"Pencere yeri HatirlaForm.INI dosyasına yazılamadı."_s);
   // The grids look at queries that end before the base class would take them down.

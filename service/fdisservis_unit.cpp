@@ -146,6 +146,6 @@ void TfDisServis::writeFirm(const QString& name) {
     else if (!name.trimmed().isEmpty())
       store_.addFirm(name);
   } catch (const Exception& error) {
-    logMessage(error.message(), &error);
+    logMessage(u"Dış servis kartı yazılamadı"_s, &error);
   }
 }

@@ -141,8 +141,9 @@ bool TfServisFis::saveExisting() {
   try {
     store_.refreshRow();
   } catch (const Exception& error) {
-    logMessage(error.message(), &error);
-    QuendUtil->ErrorMesaj(this, u"Kayıt başka bir kullanıcı tarafından silinmiştir."_s);
+    const QString told = u"Kayıt başka bir kullanıcı tarafından silinmiştir."_s;
+    logMessage(told, &error);
+    QuendUtil->ErrorMesaj(this, told);
     return false;
   }
   if (const auto failure = store_.saveExisting([this] { fillRow(); }, extrasToSave())) {

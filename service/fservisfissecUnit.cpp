@@ -147,7 +147,7 @@ void TfservisfisSec::done(int result) {
   try {
     grid_->storeLayout(layoutFile());
   } catch (const EInOutError& error) {
-    logMessage(error.message(), &error);
+    logMessage(u"Liste düzeni saklanamadı"_s, &error);
   }
   QDialog::done(result);
 }
@@ -198,12 +198,12 @@ void TfservisfisSec::deleteSlips() {
   try {
     store_.deleteSlips(keys, [this] { grid_->deleteSelectedRows(); });
   } catch (const Exception& error) {
-    logMessage(error.message(), &error);
+    logMessage(SlipBrowserRules::deletionFailed(), &error);
     // What became of a row whose commit was not answered, only the server knows.
     try {
       readAnew();
     } catch (const Exception& unread) {
-      logMessage(unread.message(), &unread);
+      logMessage(u"Liste yeniden okunamadı"_s, &unread);
     }
     QuendUtil->ErrorMesaj(this, SlipBrowserRules::deletionFailed());
   }
@@ -226,8 +226,9 @@ void TfservisfisSec::exportToExcel(QWidget* preview) {
   try {
     exportXls(*grid_->content(true), windowTitle(), file);
   } catch (const EInOutError& error) {
-    logMessage(error.message(), &error);
-    QuendUtil->ErrorMesaj(preview, u"Liste Excel dosyasına aktarılamadı.\n"_s + error.message());
+    const QString told = u"Liste Excel dosyasına aktarılamadı."_s;
+    logMessage(told, &error);
+    QuendUtil->ErrorMesaj(preview, told + u'\n' + error.message());
     return;
   }
   if (!shellOpen(file)) QuendUtil->ErrorMesaj(preview, file + u" dosyası yazıldı, ancak onu açacak program başlatılamadı."_s);
