@@ -2,6 +2,7 @@
 #include "base/data/my_query.h"
 #include "service/slip_fields.h"
 #include "tests/service/slip_form_fixture.h"
+#include "toolkit/edits/time_edit.h"
 
 #include <QBuffer>
 #include <QCryptographicHash>
@@ -148,6 +149,26 @@ TEST_F(SlipBadInput, NoDateAndNoAmountBecomesAnotherOne) {
     EXPECT_EQ(rows(u"select %1 from teknikservis where TS_NO = '%2'"_s.arg(one.column).arg(number)), one.stored);
     slip->parentWidget()->close();
   }
+}
+
+TEST_F(SlipBadInput, ADateThatIsNoneInTheDatabaseIsShownForTheUserToMend) {
+  run(u"INSERT INTO teknikservis (TS_NO, TS_MUSTERI, TS_C_AD, TS_C_SERINO, TS_C_GARBASTAR, TS_MALIYET, TS_HATIRLATMA_SAAT) VALUES "
+      u"('1', 'M', 'C', 'SERI', '2020-00-00', 7, '25:00:00')");
+  TfServisFis* slip = openSlip(savedId(u"1"_s));
+  EXPECT_EQ(text(slip, u"TS_C_GARBASTAR"_s), u"2020-00-00"_s);
+  EXPECT_EQ(text(slip, u"TS_MALIYET"_s), u"7,00"_s) << "what stands behind it is read as well";
+  EXPECT_EQ(slip->windowTitle(), u"(1) Servis Fişi"_s);
+  save(slip);
+  EXPECT_EQ(balloon(slip)->text(), u"\"2020-00-00\" geçerli bir tarih değil."_s);
+  EXPECT_TRUE(box(slip, u"TS_C_GARBASTAR"_s)->line()->hasFocus());
+  enter(slip, u"TS_C_GARBASTAR"_s, u"01.05.2020"_s);
+  balloon(slip)->hide();
+  save(slip);
+  EXPECT_EQ(balloon(slip)->text(), u"\"25:00:00\" geçerli bir saat değil."_s);
+  reminder.TS_HATIRLATMA_SAAT->setText({});
+  balloon(slip)->hide();
+  save(slip);
+  EXPECT_EQ(rows(u"select TS_C_GARBASTAR, TS_MALIYET, TS_HATIRLATMA_SAAT from teknikservis"_s), u"01.05.2020|7|~"_s);
 }
 
 TEST_F(SlipBadInput, AmountsBeyondAllSenseInTheDatabaseAreShownAndStay) {

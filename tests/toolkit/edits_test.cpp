@@ -12,6 +12,7 @@
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/edits/time_edit.h"
+#include "toolkit/edits/time_mask_edit.h"
 
 #include <gmock/gmock.h>
 
@@ -195,6 +196,10 @@ TEST_F(EditsTest, TimesAndMoments) {
   EXPECT_EQ(time->editValue(), Value(QTime(8, 30, 15))) << "stored seconds are not lost";
   time->setText(u"25:00"_s);
   EXPECT_THROW(time->time(), EConvertError);
+
+  TimeMaskEdit masked;
+  masked.setEditValue(Value(u"-01:00:00"_s));
+  EXPECT_TRUE(masked.isEmpty()) << "no list fails to open by a time that no clock shows";
 
   DateTimeEdit moment;
   moment.setEditValue(Value(u"1.2.2020 03:04:05"_s));

@@ -64,8 +64,6 @@ QDate DateEdit::date() const { return editValue().toDate(); }
 
 void DateEdit::setDate(QDate date) { setText(DateText::date(date)); }
 
-void DateEdit::setEditValue(const Value& value) { setDate(value.toDate()); }
-
 Value DateEdit::parsed(const QString& text) const { return DateText::toDate(text).value_or(QDate()); }
 
 QString DateEdit::shown(const Value& value) const { return DateText::date(value.toDate()); }

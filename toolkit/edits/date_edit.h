@@ -18,7 +18,6 @@ class DateEdit : public ParsedEdit {
   /// Invalid when empty. Throws EConvertError for a text that is no date.
   QDate date() const;
   void setDate(QDate date);
-  void setEditValue(const Value& value) override;
   bool keepsKey(const QKeyEvent& key) const override;
 
   void dropDown();

@@ -15,6 +15,12 @@ Value ParsedEdit::editValue() const {
   return value;
 }
 
+void ParsedEdit::setEditValue(const Value& value) {
+  const auto* text = std::get_if<QString>(&value.data());
+  setText(text != nullptr ? *text : value.isNull() ? QString() : shown(value));
+  ParsedEdit::leaving();
+}
+
 void ParsedEdit::resetEdit(int) {
   clear();
   setErrorText({});

@@ -20,6 +20,9 @@ class ParsedEdit : public EditBox {
 
   /// Throws EConvertError for a text that cannot be read.
   Value editValue() const override;
+  /// A text that cannot be read is shown as it stands and marked, as one that was typed: what the database holds is the
+  /// user's to mend.
+  void setEditValue(const Value& value) override;
   void resetEdit(int maximumLength) override;
 
  protected:

@@ -16,8 +16,6 @@ QTime TimeEdit::time() const { return editValue().toTime(); }
 
 void TimeEdit::setTime(QTime time) { setText(time.isValid() ? shown(time) : QString()); }
 
-void TimeEdit::setEditValue(const Value& value) { setTime(value.toTime()); }
-
 Value TimeEdit::parsed(const QString& text) const { return DateText::toTime(text).value_or(QTime()); }
 
 QString TimeEdit::shown(const Value& value) const {

@@ -15,7 +15,6 @@ class TimeEdit : public ParsedEdit {
   /// Invalid when empty. Throws EConvertError for a text that is no time.
   QTime time() const;
   void setTime(QTime time);
-  void setEditValue(const Value& value) override;
   /// The time that an empty box is stepped from; without one the first step brings the present time.
   void setStart(QTime time) { start_ = time; }
 

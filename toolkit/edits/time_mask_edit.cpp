@@ -15,6 +15,7 @@ Value TimeMaskEdit::editValue() const {
 }
 
 void TimeMaskEdit::setEditValue(const Value& value) {
-  const QTime time = value.toTime();
+  // What no clock shows leaves the box empty, and stays stored until a time is typed.
+  const QTime time = DateText::toTime(value.toText()).value_or(QTime());
   setText(time.isValid() ? time.toString(u"HH : mm"_s) : QString());
 }
