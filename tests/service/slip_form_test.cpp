@@ -7,6 +7,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QRegularExpression>
+#include <QScrollArea>
 
 using namespace Qt::StringLiterals;
 
@@ -127,7 +128,9 @@ TEST_F(SlipFormTest, CardsAreCopiedAndTakenBack) {
 
 TEST_F(SlipFormTest, AWindowOfAnyWidthShowsEachBoxWholeAndApart) {
   TfServisFis* slip = newSlip();
-  const auto* view = pages(slip)->widget(TfServisFis::FieldsPage)->findChild<QWidget*>(u"qt_scrollarea_viewport"_s);
+  const auto* area = qobject_cast<QScrollArea*>(pages(slip)->widget(TfServisFis::FieldsPage));
+  const QWidget* view = area->viewport();
+  slip->parentWidget()->showNormal();
   for (const int width : {1500, 1000, 800}) {
     slip->parentWidget()->setGeometry(0, 0, width, 420);
     QCoreApplication::processEvents();
@@ -140,11 +143,9 @@ TEST_F(SlipFormTest, AWindowOfAnyWidthShowsEachBoxWholeAndApart) {
       taken += place;
     }
   }
-  workspace.resize(1600, 1000);
   slip->parentWidget()->resize(slip->parentWidget()->sizeHint());
   QCoreApplication::processEvents();
-  const QWidget* last = slip->control(u"TS_C_TEKNISYEN_NOT"_s);
-  EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect()) << "a window of its own size shows all";
+  EXPECT_EQ(area->widget()->size(), view->size()) << "a window of its own size shows all";
 }
 
 TEST_F(SlipFormTest, TypingAids) {
