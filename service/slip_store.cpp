@@ -80,8 +80,10 @@ std::optional<SaveFailure> SlipStore::save(const RowFiller& fillRow, const SlipE
     throw;
   }
   try {
+    const Value before = isNew ? Value() : qServis_.FieldByName(u"TS_STAMP"_s).value();
     qServis_.Post();
     const qint64 id = isNew ? qint64(qServis_.lastInsertId()) : qServis_.FieldByName(u"TS_ID"_s).asInteger();
+    if (!isNew && qServis_.FieldByName(u"TS_STAMP"_s).value() == before) holdRow(id);
     writePicture(id, extras.picture);
     writeNote(id, extras.note);
     if (isNew && !qMalzeme_.IsEmpty())
@@ -112,6 +114,16 @@ void SlipStore::setSaveColumns(const SlipExtras& extras) {
   const auto setDate = [&](const QString& column, const QString& date) { set(column, date.isEmpty() ? Value() : Value(date)); };
   setDate(u"TS_DISSERVIS_CIKIS"_s, service.exitDate);
   setDate(u"TS_DISSERVIS_GIRIS"_s, service.returnDate);
+}
+
+/// A second save within one second changes nothing and sends nothing, so that nobody would notice that the slip is gone.
+void SlipStore::holdRow(qint64 id) {
+  pGetQ_.SQL.setText(u"select TS_ID from teknikservis where TS_ID = :TS_ID for update"_s);
+  pGetQ_.ParamByName(u"TS_ID"_s) = id;
+  pGetQ_.Open();
+  const bool isThere = !pGetQ_.IsEmpty();
+  pGetQ_.Close();
+  if (!isThere) throw EDatabaseError(u"Refresh failed. Found 0 records"_s);
 }
 
 void SlipStore::writePicture(qint64 id, const QByteArray& picture) {

@@ -69,6 +69,7 @@ class SlipStore {
  private:
   std::optional<SaveFailure> save(const RowFiller& fillRow, const SlipExtras& extras, bool isNew);
   void setSaveColumns(const SlipExtras& extras);
+  void holdRow(qint64 id);
   void writePicture(qint64 id, const QByteArray& picture);
   void writeNote(qint64 id, const QString& note);
   void writeNewLines(qint64 id);
