@@ -182,7 +182,7 @@ cluster() {
   say_figure cluster_longest_save_ms "$(percentile 1 'new|own|shared')" ms
   say_figure cluster_conflicts "$conflicts" conflicts
   say_figure cluster_refused "$(lines refused)" saves
-  say_figure cluster_refused_unlogged "$(($(lines 'refused|gone') - $(cat "$scratch"/work/*/kvtk.log | grep -cE -- '->E(My|Database)Error: ')))" saves
+  say_figure cluster_refused_unlogged "$(($(lines 'refused|gone') - $(cat "$scratch"/work/*/kvtk.log | grep -c -- '->')))" saves
   say_figure cluster_numbers_taken "$(lines taken)" numbers
   say_figure cluster_broken_screens "$(lines broken)" screens
   say_figure cluster_lost_saves "$(lost_saves node 1 sql | tail -1)" saves
