@@ -204,7 +204,10 @@ QAction* TfKvb::command(const QString& objectName) const {
 }
 
 void TfKvb::connectCommand(const QString& objectName, std::function<void()> work) {
-  connectGuarded(command(objectName), &QAction::triggered, this, [work = std::move(work)] { work(); });
+  connectGuarded(command(objectName), &QAction::triggered, this, [this, work = std::move(work)] {
+    activateWindow();
+    work();
+  });
   connected_.insert(objectName);
   enableCommand(objectName);
 }

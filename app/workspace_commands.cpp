@@ -78,6 +78,7 @@ WorkspaceCommands buildWorkspaceCommands(Ribbon& ribbon, QObject* owner) {
     auto* action = new QAction(iconOf(row.icon), row.caption.toString(), owner);
     action->setObjectName(row.objectName);
     if (!row.shortcut.isEmpty()) action->setShortcut(QKeySequence(row.shortcut.toString(), QKeySequence::PortableText));
+    action->setShortcutContext(Qt::ApplicationShortcut);  // also in what stands open beside the workspace, as the reminders do
     commands.insert(action->objectName(), action);
     if (row.traits & IsMenu) action->setMenu(new QMenu(&ribbon));
     if (row.traits & InMenu) {

@@ -233,6 +233,24 @@ TEST_F(WorkspaceTest, GuardedCommandsAreDisabledForAllButTheMaster) {
   }
 }
 
+TEST_F(WorkspaceTest, AKeyOpensASlipFromAWindowBesideTheWorkspace) {
+  TfKvb workspace;
+  TDM data;
+  TfParametreler parameters;
+  parameters.systemPrinters = [] { return QStringList(); };
+  TLogin_Form login;
+  data.MySQL.Username = u"quend"_s;
+  int opened = 0;
+  workspace.connectCommand(u"dxBarLargeButton1"_s, [&] { ++opened; });
+  start(workspace, 6);
+  QWidget beside(&workspace, Qt::Window);
+  beside.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&beside));
+  QTest::keyClick(&beside, Qt::Key_N, Qt::ControlModifier);
+  EXPECT_EQ(opened, 1);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(&workspace));
+}
+
 TEST_F(WorkspaceTest, CommandsAreEnabledWhenTheyDoSomethingAndMay) {
   TfKvb workspace;
   TDM data;
