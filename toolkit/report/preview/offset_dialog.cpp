@@ -30,8 +30,9 @@ OffsetDialog::OffsetDialog(QWidget* owner, const QStringList& printers, const QS
   printer_->setCurrentText(current);
   auto* form = new QFormLayout(this);
   auto* explanation = new QLabel(u"Yazı kâğıtta kayık çıkıyorsa, ne kadar kaydırılacağını milimetre olarak yazın.\n"
-                                 "Sola ve yukarı için eksi sayı yazılır. Barkodları okunmayan yazıcının inç başına nokta sayısını\n"
-                                 "da yazın; etiket yazıcılarında çoğu kez 203’tür. Yazılanlar bu bilgisayarda saklanır."_s,
+                                 "Sola ve yukarı için eksi sayı yazılır. Barkodlar okunmuyorsa yazıcının inç başına\n"
+                                 "nokta sayısını da yazın; etiket yazıcılarında çoğu kez 203’tür.\n"
+                                 "Yazılanlar bu bilgisayarda saklanır."_s,
                                  this);
   form->addRow(explanation);
   const auto addRow = [&](const QString& caption, QWidget* box) {
