@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QPageRanges>
 #include <QPrintDialog>
+#include <QPrintEngine>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProgressDialog>
@@ -35,6 +36,16 @@ constexpr double leastZoom = 0.25;
 constexpr double mostZoom = 4;
 constexpr double zoomStep = 1.25;
 constexpr int closeButton = 1;
+
+/// Pages that were typed one by one are told to the print service by Qt as well, which would count what is left of them anew.
+void keepPagesFromService(QPrinter& printer) {
+  constexpr auto serviceOptions = QPrintEngine::PrintEnginePropertyKey(0xfe00);  // names and values in turn
+  QStringList options = printer.printEngine()->property(serviceOptions).toStringList();
+  const qsizetype place = options.indexOf(u"page-ranges"_s);
+  if (place < 0) return;
+  options.remove(place, 2);
+  printer.printEngine()->setProperty(serviceOptions, options);
+}
 
 }  // namespace
 
@@ -274,6 +285,7 @@ void PreviewWindow::print() {
   PageList pages = allPages(*document_);
   if (printer.printRange() == QPrinter::PageRange)
     std::erase_if(pages, [ranges = printer.pageRanges()](int page) { return !ranges.contains(page + 1); });
+  keepPagesFromService(printer);
   if (pages.empty()) return tell(u"Yazdırılamadı"_s, u"Seçilen sayfalar bu belgede yok."_s);
   try {
     withProgress(int(pages.size()), [&](const PageProgress& progress) { return printPagesOn(printer, *document_, pages, progress); });
