@@ -97,6 +97,7 @@ TEST_F(Clients, BadlyBehavedGatewayIsAnErrorInTime) {
   EXPECT_LT(clock.elapsed(), 5000);
   EXPECT_TRUE(refusal(Mood::Cut).startsWith(u"Bağlantı yarıda kesildi"_s));
   EXPECT_TRUE(refusal(Mood::Status, u"503"_s).startsWith(u"Sunucu isteği geri çevirdi (HTTP 503)"_s));
+  EXPECT_FALSE(refusal(Mood::Status, u"400"_s).isEmpty());
   EXPECT_EQ(refusal(Mood::Status, u"201"_s), QString());
   EXPECT_FALSE(refusal(Mood::Rubbish, u"1"_s).isEmpty());
   EXPECT_EQ(refusal(Mood::Normal), QString());

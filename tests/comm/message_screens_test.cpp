@@ -5,13 +5,17 @@
 #include "comm/fEpostaUnit.h"
 #include "comm/smsGonderUnit.h"
 #include "comm/smsUnit.h"
+#include "comm/sms_text.h"
 #include "simulator/practice.h"
 #include "simulator/simulator.h"
 #include "tests/service/slip_form_fixture.h"
 #include "tests/support/fixed_environment.h"
 #include "toolkit/edits/combo_edit.h"
+#include "toolkit/edits/memo_edit.h"
+#include "toolkit/edits/text_edit.h"
 
 #include <QGroupBox>
+#include <QInputDialog>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -100,6 +104,7 @@ TEST_F(MessageScreens, TemplatesTakeTheAlphabetAndMarkersAndAccountsOutliveTheFo
   EXPECT_EQ(fSMS->sProfil->itemCount(), 0);
   IniFile::write(folder.filePath(u"Sms.ini"_s), u"Sms"_s, u"servis"_s, u"9"_s);
   fSMS->LoadParams();
+  EXPECT_EQ(fSMS->servis->itemIndex(), 0) << "there is no tenth gateway";
   EXPECT_EQ(fSMS->sProfil->text(), u"-1"_s);  // a file without the key shows it
   EXPECT_EQ(fSMS->smsMESAJAK->text(), QString());
 }
@@ -134,6 +139,15 @@ TEST_F(MessageScreens, OneTextGoesToManyNumbersWithTheSavedSender) {
     bulk->reject();
   });
   bulk->Giris(many);
+
+  simulator.behave(Service::Json, {Mood::Refuse, u"402"_s, 0});
+  isOpen = true;
+  QTimer::singleShot(1500, &*bulk, [&] {
+    isOpen = bulk->cxGroupBox1->isEnabled();
+    bulk->reject();
+  });
+  bulk->Giris(u"05"_s);
+  EXPECT_FALSE(isOpen) << "a gateway that refused leaves the boxes closed";
 
   fSMS->sParola->setText({});
   bulk->Giris({});
@@ -188,6 +202,8 @@ TEST_F(MessageScreens, WhatAGatewayAnswersDecidesWhetherTheSlipIsSaved) {
 TEST_F(MessageScreens, TheCustomerIsToldOnlyWhereStatusNumberAndParametersSaySo) {
   fSMS->smsMESAJAK->setText(u"alindi"_s);
   fSMS->SmsMesajTam->setText(u"<SERİ NO> hazir <SERİ NO>"_s);
+  const QStringList columns{u"TS_MUSTERI"_s, u"TS_C_AD"_s,  u"TS_C_MARKA"_s,   u"TS_C_TURU"_s,         u"TS_C_SERINO"_s,
+                            u"TS_ACIKLAMA"_s, u"TS_TUTAR"_s, u"TS_C_SIKAYET"_s, u"TS_C_TEKNISYEN_NOT"_s};
   savedSlip(u"970"_s, u"ARIZA KABUL"_s);  // the parameter is off
   switchOn(ParameterFiles::NotifyBySms);
   savedSlip(u"971"_s, u"ONARILIYOR"_s);
@@ -198,10 +214,22 @@ TEST_F(MessageScreens, TheCustomerIsToldOnlyWhereStatusNumberAndParametersSaySo)
   ASSERT_EQ(heard(Service::Json), 1);
   EXPECT_TRUE(simulator.requests().back().http.body.contains("\"Message\":\"SN1 hazir SN1\""));
   EXPECT_TRUE(dialogs.texts.isEmpty());
+  fSMS->SmsMesajTam->setText(SmsText::markers().join(u'/'));
+  TfServisFis* full = filledSlip(u"975"_s);
+  QStringList texts;
+  for (const QString& column : columns) {
+    if (auto* line = full->findChild<TextEdit*>(column)) line->setText(line->text() + column.right(4));
+    if (auto* memo = full->findChild<MemoEdit*>(column)) memo->setText(column.right(4));
+    texts += full->text(column);
+  }
+  box(full, u"TS_CEP"_s)->setText(u"05"_s);
+  box(full, u"TS_TURU"_s)->setText(u"TAMAMLANDI"_s);
+  save(full);
+  EXPECT_THAT(QString::fromUtf8(simulator.requests().back().http.body).toStdString(), testing::HasSubstr("\"" + texts.join(u'/').toStdString() + "\""));
   fSMS->sParola->setText({});
   savedSlip(u"974"_s, u"ARIZA KABUL"_s);
   EXPECT_EQ(dialogs.texts, QStringList{u"SMS gönderebilmek için ayarlar bölümünden sms tanımlarını yapmalısınız."_s});
-  EXPECT_EQ(rows(u"select count(*) from teknikservis"_s), u"5"_s);
+  EXPECT_EQ(rows(u"select count(*) from teknikservis"_s), u"6"_s);
 }
 
 TEST_F(MessageScreens, TheCustomerIsMailedWhenAnExistingSlipIsDone) {
@@ -232,4 +260,47 @@ TEST_F(MessageScreens, TheCustomerIsMailedWhenAnExistingSlipIsDone) {
   const QString logged = QString::fromUtf8(log.readAll());
   EXPECT_TRUE(logged.contains(u"SMTP e-posta gönderim hatası"_s));
   EXPECT_FALSE(logged.contains(u"1234"_s));
+}
+
+TEST_F(MessageScreens, TheMailAccountIsTriedStepByStep) {
+  int asked = 0;
+  const auto tryFor = [&](const QString& typed) {
+    dialogs.texts.clear();
+    QTimer::singleShot(200, &*mail, [&] {
+      auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+      if (question == nullptr) return;
+      ++asked;
+      question->setTextValue(typed);
+      question->accept();
+    });
+    fEPOSTA->SpeedButton1->click();
+    QTest::qWait(250);
+    return dialogs.texts;
+  };
+  const QStringList badSender{uR"(Lütfen geçerli bir "Gönderici E-Posta adresi" girin.)"_s};
+  const QString sender = fEPOSTA->eSMTPOWNER->text();
+  fEPOSTA->eSMTPOWNER->setText(u"a@b"_s);
+  EXPECT_EQ(tryFor(u"x@y.example"_s), badSender);
+  fEPOSTA->eSMTPOWNER->setText(sender);
+  EXPECT_EQ(tryFor({}), QStringList());
+  const QString server = fEPOSTA->eSMTPName->text();
+  fEPOSTA->eSMTPName->setText({});
+  EXPECT_EQ(tryFor(u"x@y.example"_s), QStringList{u"Lütfen gerekli alanları doldurun."_s});
+  EXPECT_EQ(asked, 2) << "the address is asked for before the fields are looked at";
+  fEPOSTA->eSMTPName->setText(server);
+  EXPECT_EQ(tryFor(u"x@y.example"_s), QStringList{u"E-Posta başarıyla gönderildi."_s});
+  EXPECT_EQ(simulator.mails().size(), 1u);
+
+  fEPOSTA->show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(fEPOSTA));
+  dialogs.texts.clear();
+  for (TextEdit* left : {fEPOSTA->eSMTPOWNER, fEPOSTA->eSubject}) {
+    fEPOSTA->eSMTPOWNER->setText(sender);
+    left->line()->setFocus();
+    fEPOSTA->eSMTPOWNER->setText(u"a@b"_s);
+    fEPOSTA->eSMTPName->line()->setFocus();
+    EXPECT_TRUE(fEPOSTA->eSMTPOWNER->line()->hasFocus());
+  }
+  EXPECT_THAT(dialogs.texts, testing::SizeIs(testing::Ge(2)));
+  fEPOSTA->hide();
 }

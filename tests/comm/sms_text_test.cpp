@@ -23,9 +23,9 @@ TEST(SmsText, KeysOfTheThreeBoxes) {
 TEST(SmsText, RecipientsAndMarkers) {
   EXPECT_EQ(SmsText::quotedRecipients(u"05001112233, 05001112244,"_s), uR"("05001112233","05001112244","")"_s);
   EXPECT_EQ(SmsText::recipients({}).size(), 0);
-  const QStringList values{u"ALİ"_s, u"<CİHAZ MARKA>"_s, u"ACER"_s, {}, u"S1"_s};
-  EXPECT_EQ(SmsText::withMarkers(u"<MÜŞTERİ ADI>: <SERİ NO>/<SERİ NO> <seri no> <CİHAZ ADI> <TAMİR NOTU>"_s, SmsText::markers(), values),
-            u"ALİ: S1/S1 <seri no> ACER <TAMİR NOTU>"_s);
+  const QStringList values{u"ALİ"_s, u"<CİHAZ MARKA>"_s, u"ACER"_s, {}, u"S1"_s, {}, {}, u"BOZUK"_s};
+  EXPECT_EQ(SmsText::withMarkers(u"<MÜŞTERİ ADI>: <SERİ NO>/<SERİ NO> <ariza tanimi> <CİHAZ ADI> <TAMİR NOTU>"_s, SmsText::markers(), values),
+            u"ALİ: S1/S1 <ariza tanimi> ACER <TAMİR NOTU>"_s);
 }
 
 TEST(ListText, PartsAtDelimiterAndBlanks) {

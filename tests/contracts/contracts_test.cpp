@@ -119,7 +119,7 @@ TEST_F(ContractsTest, WhatIsMissingOrWrongIsToldAtItsBoxAndNothingIsLost) {
 }
 
 TEST_F(ContractsTest, TheEllipsisProposesTheNextNumberOfThoseThatBeginAsTyped) {
-  for (const QString& number : {u"121"_s, u"129"_s, u"250"_s, u"AB"_s}) add(number);
+  for (const QString& number : {u"121"_s, u"129"_s, u"212"_s, u"250"_s, u"AB"_s}) add(number);
   inNew([this] {
     EXPECT_EQ(text(u"SOZ_NO"_s), u"251"_s);
     for (const auto& [typed, proposed] : {std::pair(u"12"_s, u"130"_s), {u"7"_s, u"7"_s}, {u"AB"_s, u"AB"_s}}) {
@@ -130,7 +130,7 @@ TEST_F(ContractsTest, TheEllipsisProposesTheNextNumberOfThoseThatBeginAsTyped) {
     }
     press(editor, Qt::Key_F3);
   });
-  EXPECT_EQ(stored(u"select count(*) from sozlesme"_s), "4");
+  EXPECT_EQ(stored(u"select count(*) from sozlesme"_s), "5");
 }
 
 TEST_F(ContractsTest, ANumberThatAnotherUserTookIsTold) {
