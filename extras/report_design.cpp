@@ -10,7 +10,9 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QScreen>
+#include <QStyle>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +25,7 @@ const QString captionText = u"Rapor Tasarım"_s;
 const QString statePath = u"Software\\FastReport"_s;
 const QString stateSection = u"Designer"_s;
 const QString stateKey = u"Layout"_s;
+constexpr QSize mostSize(1480, 920);
 
 }  // namespace
 
@@ -60,6 +63,7 @@ void TfRaporTasarla::Giris(const QString& file, const DesignSample& sample) {
   try {
     frxReport1.load(file);
     startDesigner();
+    frxDesigner1->setOpenFolder(openFolder_);
     frxDesigner1->restoreState(QByteArray::fromBase64(SettingsStore::read(statePath, stateSection, stateKey).toLatin1()));
     frxDesigner1->open(file, sample);
   } catch (const EInOutError& error) {
@@ -76,8 +80,9 @@ void TfRaporTasarla::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   guarded(this, [&] {
     if (event->spontaneous()) return;
-    const QSize room = screen()->availableSize();
-    resize(std::min(1480, room.width() - 40), std::min(920, room.height() - 60));
+    const QRect room = screen()->availableGeometry();
+    const QSize size(std::min(mostSize.width(), room.width() - 40), std::min(mostSize.height(), room.height() - 60));
+    setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, room));
     layout()->activate();
     postGuarded(this, [this] { frxDesigner1->canvas().fitPage(); });
   });
@@ -85,6 +90,16 @@ void TfRaporTasarla::showEvent(QShowEvent* event) {
 
 void TfRaporTasarla::reject() {
   if (frxDesigner1->mayLeave()) QDialog::reject();
+}
+
+void TfRaporTasarla::keyPressEvent(QKeyEvent* event) {
+  guarded(this, [&] {
+    // Escape leaves what is being done, but not the designer.
+    if (event->key() == Qt::Key_Escape)
+      frxDesigner1->canvas().setFocus();
+    else
+      QDialog::keyPressEvent(event);
+  });
 }
 
 void TfRaporTasarla::closeEvent(QCloseEvent* event) {

@@ -29,6 +29,7 @@ class TfRaporTasarla : public QDialog {
 
  protected:
   void reject() override;
+  void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void showEvent(QShowEvent* event) override;
 

@@ -162,7 +162,9 @@ QString receiptFile(const SlipScreen& slip) {
 /// What a designed paper is shown with: what it would print now.
 DesignSample sampleOf(const SlipScreen& slip, Paper paper) {
   DesignSample sample;
-  declareNames(sample.data);
+  // Offered is what this paper fills; a name of the other paper stays empty on it.
+  for (const Name& name : Names)
+    if (name.papers & paper) sample.data.declareVariable(name.variable.toString(), name.explanation.toString());
   for (const Barcode& each : Barcodes)
     if (each.papers & paper) sample.barcodes.insert(each.object.toString(), slip.text(each.column.toString()));
   try {
@@ -170,6 +172,7 @@ DesignSample sampleOf(const SlipScreen& slip, Paper paper) {
   } catch (const EConvertError& error) {
     logMessage(u"Tasarım verileri"_s, &error);  // an amount that is no number keeps nobody from designing
   }
+  sample.printer = (paper == Receipt ? fParametreler->VarsayilanPrinter : fParametreler->yBarkodPrinter)->text();
   if (paper == Receipt) sample.data.addRows(u"Malzeme"_s, std::make_shared<PrintedLines>(slip.lines()), u"Fişin malzemeleri"_s);
   return sample;
 }

@@ -1,14 +1,9 @@
-#include "tests/report/listed_rows.h"
-#include "tests/support/scripted_dialogs.h"
+#include "tests/report/designer_fixture.h"
 #include "toolkit/report/designer/data_list.h"
 #include "toolkit/report/designer/fault_list.h"
 #include "toolkit/report/designer/inspector.h"
 #include "toolkit/report/designer/label_wizard.h"
 #include "toolkit/report/designer/page_setup_dialog.h"
-#include "toolkit/report/designer/report_designer.h"
-#include "toolkit/report/report_file.h"
-
-#include <gmock/gmock.h>
 
 #include <QAbstractItemModelTester>
 #include <QAccessible>
@@ -20,8 +15,6 @@
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <csignal>
 #include <sys/wait.h>
@@ -30,88 +23,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-DesignSample sampleData() {
-  DesignSample sample;
-  sample.data.declareVariable(u"FIS_NO"_s, u"Fiş numarası"_s);
-  sample.data.setExpression(u"FIS_NO"_s, u"'10482'"_s);
-  sample.data.declareVariable(u"MUSTERI_ADI"_s, u"Müşterinin adı"_s);
-  sample.data.addRows(u"Malzeme"_s, std::make_shared<ListedRows>(QStringList{u"AD"_s}, std::vector<std::vector<ReportValue>>{{u"Kayış"_s}}), u"Parçalar"_s);
-  sample.barcodes.insert(u"FIS_NO_BARKOD"_s, u"10482"_s);
-  return sample;
-}
-
-/// A designer on a file of its own, worked by mouse and keys. Places are millimetres on the paper, which is 100 by 100 mm
-/// with margins of 10 mm.
-class DesignerTest : public testing::Test {
- protected:
-  void open(const QByteArray& inside) {
-    write("<report version=\"1\"><page name=\"S\" paper=\"own\" width=\"100\" height=\"100\">" + inside + "</page></report>");
-    openFile();
-  }
-  void write(const QByteArray& content) {
-    QFile out(file);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(content);
-  }
-  void openFile() {
-    designer.resize(1300, 800);
-    designer.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&designer));
-    designer.open(file, sampleData());
-    canvas().zoomTo(1.5);
-    canvas().centerOn(50, 50);
-    canvas().snap(false);
-  }
-  QByteArray stored() const {
-    QFile in(file);
-    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
-  }
-  DesignCanvas& canvas() { return designer.canvas(); }
-  ReportEditor& editor() { return designer.editor(); }
-  QByteArray bytes() { return ReportFile::write(editor().document()); }
-  ReportNode* node(const QString& name) {
-    ReportNode* found = nullptr;
-    const auto visit = [&](const auto& self, ReportNode& each) -> void {
-      if (each.kind() != NodeKind::Foreign && each.name() == name) found = &each;
-      for (const auto& child : each.children()) self(self, *child);
-    };
-    visit(visit, editor().root());
-    return found;
-  }
-  QRectF rect(const QString& name) { return canvas().places().rectOf(*node(name)); }
-  QPoint at(double x, double y) { return canvas().mapFromScene(QPointF(x, y)); }
-  void click(double x, double y, Qt::KeyboardModifiers modifiers = {}) { QTest::mouseClick(canvas().viewport(), Qt::LeftButton, modifiers, at(x, y)); }
-  void drag(QPoint from, QPoint to, Qt::KeyboardModifiers modifiers = {}) {
-    QTest::mousePress(canvas().viewport(), Qt::LeftButton, modifiers, from);
-    for (const double share : {0.3, 0.7, 1.0}) {
-      const QPointF place = QPointF(from) + QPointF(to - from) * share;
-      QMouseEvent moved(QEvent::MouseMove, place, canvas().viewport()->mapToGlobal(place), Qt::NoButton, Qt::LeftButton, modifiers);
-      QApplication::sendEvent(canvas().viewport(), &moved);
-    }
-    QTest::mouseRelease(canvas().viewport(), Qt::LeftButton, modifiers, to);
-  }
-  void key(Qt::Key pressed, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&canvas(), pressed, modifiers); }
-  /// What was done is one step of that name; undone and done again it leaves the document byte for byte as it was.
-  void expectStep(const QString& name, const std::function<void()>& work) {
-    const QByteArray before = bytes();
-    const int count = editor().steps().index();
-    work();
-    const QByteArray after = bytes();
-    EXPECT_NE(after, before) << name.toStdString();
-    EXPECT_EQ(editor().steps().index(), count + 1) << name.toStdString();
-    EXPECT_EQ(editor().steps().undoText(), name);
-    designer.findChild<QAction*>(u"undo"_s)->trigger();
-    EXPECT_EQ(bytes(), before) << name.toStdString();
-    designer.findChild<QAction*>(u"redo"_s)->trigger();
-    EXPECT_EQ(bytes(), after) << name.toStdString();
-  }
-
-  ScriptedDialogs dialogs;
-  QTemporaryDir folder;
-  QString file = folder.filePath(u"0.fr3"_s);
-  ReportDesigner designer;
-};
 
 TEST_F(DesignerTest, MouseGesturesAreOneStepEach) {
   open(R"(<band name="B" height="40"><text name="a" left="10" top="5">A</text><text name="b" left="40" top="5">B</text></band><band name="C" height="20"/>)");
@@ -164,6 +75,11 @@ TEST_F(DesignerTest, EverythingHasAKey) {
   EXPECT_EQ(editor().selection(), std::vector{node(u"l"_s)});
   expectStep(u"Çoğalt"_s, [&] { key(Qt::Key_D, Qt::ControlModifier); });
   expectStep(u"Sil"_s, [&] { key(Qt::Key_Delete); });
+  editor().select(node(u"l"_s));
+  expectStep(u"Kilitle"_s, [&] { key(Qt::Key_L, Qt::ControlModifier); });
+  for (const Qt::Key pressed : {Qt::Key_Delete, Qt::Key_X}) key(pressed, pressed == Qt::Key_X ? Qt::ControlModifier : Qt::NoModifier);
+  EXPECT_NE(node(u"l"_s), nullptr) << "locked";
+  expectStep(u"Kilidi aç"_s, [&] { key(Qt::Key_L, Qt::ControlModifier); });
   key(Qt::Key_A, Qt::ControlModifier);
   EXPECT_EQ(editor().selection().size(), 2U);
   expectStep(u"Kes"_s, [&] { key(Qt::Key_X, Qt::ControlModifier); });
@@ -202,17 +118,20 @@ TEST_F(DesignerTest, ObjectsAreDrawnWithTheirToolsAndDroppedFromTheData) {
     EXPECT_FALSE(canvas().tool()) << "one object, then the mouse selects again";
     y += 14;
   }
-  QMimeData data;
-  data.setData(QString::fromLatin1(dataNameMimeType), "FIS_NO");
+  const auto drop = [&](const char* name, QPoint place, Qt::KeyboardModifiers held) {
+    QMimeData data;
+    data.setData(QString::fromLatin1(dataNameMimeType), name);
+    QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, held);
+    QApplication::sendEvent(canvas().viewport(), &enter);
+    QDropEvent dropped(place, Qt::CopyAction, &data, Qt::LeftButton, held);
+    QApplication::sendEvent(canvas().viewport(), &dropped);
+  };
   for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::AltModifier}) {
-    expectStep(held ? u"Barkod ekle"_s : u"Metin ekle"_s, [&] {
-      QDropEvent drop(at(55, 20), Qt::CopyAction, &data, Qt::LeftButton, held);
-      QDragEnterEvent enter(at(55, 20), Qt::CopyAction, &data, Qt::LeftButton, held);
-      QApplication::sendEvent(canvas().viewport(), &enter);
-      QApplication::sendEvent(canvas().viewport(), &drop);
-    });
+    expectStep(held ? u"Barkod ekle"_s : u"Metin ekle"_s, [&] { drop("FIS_NO", at(55, 20), held); });
     EXPECT_EQ(editor().selection().front()->text(u"text"), u"[FIS_NO]");
   }
+  expectStep(u"Metin ekle"_s, [&] { drop("Malzeme.AD", at(20, 60), {}); });
+  EXPECT_EQ(node(u"B"_s)->text(u"data"), u"Malzeme") << "the band goes through the field's rows";
 }
 
 TEST_F(DesignerTest, TheInspectorShowsWhatAllHaveAndWhereTheyDiffer) {
@@ -241,6 +160,30 @@ TEST_F(DesignerTest, TheInspectorShowsWhatAllHaveAndWhereTheyDiffer) {
   write(u"left", u"abc"_s);
   EXPECT_EQ(bytes(), before);
   EXPECT_TRUE(designer.findChild<QLabel*>(u"designerMessage"_s)->text().contains(u"sayı değil"_s));
+  // However the box is left, what was written counts; but not with Escape.
+  designer.inspector().edit(u"left");
+  expectStep(u"Sol"_s, [&] {
+    QTest::keyClicks(QApplication::focusWidget(), u"31"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  });
+  EXPECT_EQ(model.property(designer.inspector().table()->currentIndex().row()).name, u"top") << "Tab goes on";
+  designer.inspector().edit(u"left");
+  expectStep(u"Sol"_s, [&] {
+    QTest::keyClicks(QApplication::focusWidget(), u"32"_s);
+    canvas().setFocus();
+  });
+  const QByteArray left = bytes();
+  designer.inspector().edit(u"left");
+  QTest::keyClicks(QApplication::focusWidget(), u"33"_s);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  for (int row = 0; row < model.rowCount(); ++row) {
+    if (model.index(row, 1).flags() & Qt::ItemIsEditable) designer.inspector().edit(model.property(row).name);
+    canvas().setFocus();
+  }
+  EXPECT_EQ(bytes(), left) << "looking at values changes none";
+  editor().change(u"x"_s, *node(u"b"_s), u"font"_s, ReportFont{.family = u"Courier"_s, .points = 20, .bold = true});
+  expectStep(u"Yazı tipi"_s, [&] { model.setValue(model.rowOf(u"font"), ReportFont{.family = {}, .points = 9}); });
+  EXPECT_EQ(node(u"b"_s)->font(u"font"), (ReportFont{.family = u"Courier"_s, .points = 9, .bold = true})) << "the size alone";
   expectStep(u"Kilitli"_s, [&] { model.setData(model.index(model.rowOf(u"locked"), 1), Qt::Checked, Qt::CheckStateRole); });
   designer.findChild<QLineEdit*>(u"propertySearch"_s)->setText(u"YÜKSEK"_s);
   EXPECT_EQ(model.rowCount(), 1);
@@ -293,6 +236,12 @@ TEST_F(DesignerTest, LeavingAsksAndTheSecondOfTwoDesignersToo) {
   dialogs.answers = {11};
   editor().change(u"x"_s, *node(u"a"_s), u"left"_s, 8.0);
   EXPECT_TRUE(designer.mayLeave()) << "discarded";
+  editor().select(node(u"a"_s));
+  key(Qt::Key_F2);
+  canvas().findChild<QPlainTextEdit*>(u"textInPlace"_s)->setPlainText(u"Kalır"_s);
+  dialogs.answers = {10};
+  EXPECT_TRUE(designer.mayLeave());
+  EXPECT_TRUE(stored().contains("Kalır")) << "a text that is still being written is part of the work";
 }
 
 TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
@@ -310,18 +259,21 @@ TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
   ASSERT_TRUE(WIFSIGNALED(status));
   dialogs.answers = {10};
   designer.open(file, sampleData());
+  QCoreApplication::processEvents();
   ASSERT_EQ(dialogs.shown.size(), 1U);
   EXPECT_EQ(node(u"a"_s)->millimetres(u"left"), 21);
   EXPECT_TRUE(editor().isChanged());
   EXPECT_FALSE(stored().contains("left=\"21\"")) << "the file is written by saving alone";
   ReportDesigner second;
   second.open(file, sampleData());
+  QCoreApplication::processEvents();
   EXPECT_EQ(dialogs.shown.size(), 1U) << "the draft belongs to the first one, which lives";
   designer.setDraftPause(20);
   QTest::qWait(60);
   EXPECT_TRUE(designer.save());
   designer.close();
   designer.open(file, sampleData());
+  QCoreApplication::processEvents();
   EXPECT_EQ(dialogs.shown.size(), 1U) << "what was saved is no work under way";
 }
 

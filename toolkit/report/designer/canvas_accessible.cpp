@@ -47,7 +47,9 @@ class NodeAccessible : public QAccessibleInterface, public QAccessibleActionInte
     }
     return {};
   }
-  void setText(QAccessible::Text, const QString&) override {}
+  void setText(QAccessible::Text kind, const QString& text) override {
+    if (isValid() && kind == QAccessible::Value && findProperty(node_->kind(), u"text")) canvas_->editor().change(u"Metni yaz"_s, *node_, u"text"_s, text);
+  }
   QRect rect() const override {
     if (!isValid()) return {};
     QRectF place;
@@ -149,6 +151,18 @@ QAccessibleInterface* describe(const QString& className, QObject* object) {
   return canvas ? new CanvasAccessible(*canvas) : nullptr;
 }
 
+/// Tells of the object that has the keyboard.
+void tell(DesignCanvas& canvas, const std::vector<QAccessible::Event>& events) {
+  if (!QAccessible::isActive()) return;
+  QAccessibleInterface* described = QAccessible::queryAccessibleInterface(&canvas);
+  QAccessibleInterface* focused = described ? described->focusChild() : nullptr;
+  if (!focused) return;
+  for (const QAccessible::Event each : events) {
+    QAccessibleEvent event(focused, each);
+    QAccessible::updateAccessibility(&event);
+  }
+}
+
 }  // namespace
 
 void describeCanvases() {
@@ -156,11 +170,8 @@ void describeCanvases() {
   static_cast<void>(isDone);
 }
 
-void tellFocus(DesignCanvas& canvas) {
-  if (!QAccessible::isActive()) return;
-  QAccessibleInterface* described = QAccessible::queryAccessibleInterface(&canvas);
-  QAccessibleInterface* focused = described ? described->focusChild() : nullptr;
-  if (!focused) return;
-  QAccessibleEvent event(focused, QAccessible::Focus);
-  QAccessible::updateAccessibility(&event);
+void tellFocus(DesignCanvas& canvas) { tell(canvas, {QAccessible::Focus}); }
+
+void tellChange(DesignCanvas& canvas) {
+  tell(canvas, {QAccessible::LocationChanged, QAccessible::NameChanged, QAccessible::DescriptionChanged});
 }

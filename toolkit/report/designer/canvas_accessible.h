@@ -7,3 +7,5 @@ void describeCanvases();
 class DesignCanvas;
 /// Tells which object has the keyboard now.
 void tellFocus(DesignCanvas& canvas);
+/// Tells that the object that has the keyboard may have another place or name.
+void tellChange(DesignCanvas& canvas);

@@ -10,6 +10,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMimeData>
 #include <QTreeWidget>
 
@@ -68,6 +69,7 @@ DataList::DataList(QWidget* parent) : QWidget(parent), search_(new QLineEdit(thi
   list_->setColumnCount(2);
   list_->setHeaderLabels({u"Anlamı"_s, u"Ad"_s});
   list_->setRootIsDecorated(true);
+  list_->header()->setSectionResizeMode(1, QHeaderView::Stretch);
   list_->setIndentation(12);
   list_->setUniformRowHeights(true);
   list_->setDragEnabled(true);
@@ -79,14 +81,25 @@ DataList::DataList(QWidget* parent) : QWidget(parent), search_(new QLineEdit(thi
   column->addWidget(search_);
   column->addWidget(list_, 1);
   list_->installEventFilter(this);
+  connectGuarded(list_, &QWidget::customContextMenuRequested, this, [this](QPoint place) { menuAt(place); });
   connectGuarded(search_, &QLineEdit::textChanged, this, [this](const QString& text) { filter(text); });
   connectGuarded(list_, &QTreeWidget::itemDoubleClicked, this, [this](const QTreeWidgetItem* item, int) {
     choose(item, QApplication::keyboardModifiers() & Qt::AltModifier);
   });
 }
 
+void DataList::menuAt(QPoint place) {
+  const QTreeWidgetItem* item = list_->itemAt(place);
+  if (!item || item->data(0, expressionRole).toString().isEmpty()) return;
+  QMenu menu(this);
+  connectGuarded(menu.addAction(QIcon::fromTheme(u"draw-text"_s), u"Metin olarak koy"_s), &QAction::triggered, this, [this, item] { choose(item, false); });
+  connectGuarded(menu.addAction(QIcon::fromTheme(u"view-barcode"_s), u"Barkod olarak koy"_s), &QAction::triggered, this, [this, item] { choose(item, true); });
+  menu.exec(list_->viewport()->mapToGlobal(place));
+}
+
 void DataList::show(const ReportData& known, bool withFunctions) {
   list_->clear();
+  if (!withFunctions) list_->setContextMenuPolicy(Qt::CustomContextMenu);
   QTreeWidgetItem* variables = addGroup(*list_, u"Değişkenler"_s);
   for (const ReportVariable& each : known.variables()) addEntry(*variables, each.name, each.explanation, each.name);
   for (const ReportDataSet& set : known.dataSets()) {

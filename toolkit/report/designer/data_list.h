@@ -29,6 +29,7 @@ class DataList : public QWidget {
  private:
   void filter(const QString& text);
   void choose(const QTreeWidgetItem* item, bool isBarcode);
+  void menuAt(QPoint place);
 
   QLineEdit* search_;
   QTreeWidget* list_;

@@ -137,6 +137,7 @@ void DesignCanvas::refresh(const std::vector<ReportNode*>& nodes) {
       if (ObjectItem* item = items_.value(child.get()); item && withData_) item->show(sample_, withData_);
   }
   isLarger ? remeasure() : viewport()->update();
+  tellChange(*this);
 }
 
 void DesignCanvas::showSample(bool withData) {
@@ -156,7 +157,7 @@ double DesignCanvas::zoom() const { return transform().m11() / dotsPerMillimetre
 
 void DesignCanvas::zoomTo(double zoom) {
   const double scale = std::clamp(zoom, leastZoom, mostZoom) * dotsPerMillimetreAtFull;
-  if (textInPlace_) textInPlace_->end(true);
+  endText();
   setTransform(QTransform::fromScale(scale, scale));
   remeasure();
   Q_EMIT zoomChanged();
@@ -205,12 +206,23 @@ void DesignCanvas::setTool(std::optional<NodeKind> tool) {
 bool DesignCanvas::editText(ReportNode& object) {
   if (!isObject(object.kind()) || !findProperty(object.kind(), u"text")) return false;
   ensureSeen(object);
-  if (textInPlace_) textInPlace_->end(true);
+  endText();
   textInPlace_ = new TextInPlace(*this, object);
-  connect(textInPlace_, &QObject::destroyed, this, [this, mine = textInPlace_] {
-    if (textInPlace_ == mine) textInPlace_ = nullptr;
-  });
+  connectGuarded(textInPlace_, &TextInPlace::ended, this, [this] { textInPlace_ = nullptr; });
   return true;
+}
+
+void DesignCanvas::endText() {
+  if (textInPlace_) textInPlace_->end(true);
+}
+
+ReportDocument DesignCanvas::workUnderWay() const {
+  if (!textInPlace_) return editor_.document().clone();
+  ReportNode& object = textInPlace_->object();
+  PropertyValue before = object.setValue(u"text", textInPlace_->toPlainText());
+  ReportDocument work = editor_.document().clone();
+  object.setValue(u"text", std::move(before));
+  return work;
 }
 
 void DesignCanvas::created(ReportNode* object) {

@@ -46,6 +46,11 @@ class DesignCanvas : public QGraphicsView {
   std::optional<NodeKind> tool() const { return tool_; }
   /// Opens the text of an object for writing in its place. False for one that has none.
   bool editText(ReportNode& object);
+  /// Takes over the text that is being written in its place.
+  void endText();
+  /// The document as it would be if that text were taken over now.
+  ReportDocument workUnderWay() const;
+  bool isWriting() const { return textInPlace_ != nullptr; }
 
   // For gestures
   Snapping::Rules snapRules(Qt::KeyboardModifiers modifiers) const;

@@ -35,7 +35,7 @@ void DesignCanvas::mousePressEvent(QMouseEvent* event) {
 }
 
 void DesignCanvas::press(QMouseEvent* event) {
-  if (textInPlace_) textInPlace_->end(true);
+  endText();
   if (event->button() == Qt::MiddleButton) {
     panFrom_ = event->pos();
     viewport()->setCursor(Qt::ClosedHandCursor);
@@ -101,6 +101,8 @@ void DesignCanvas::mouseMoveEvent(QMouseEvent* event) {
     // A hand that trembles at a click moves nothing.
     if (!lastPlace_.isNull() && (event->position() - lastPlace_).manhattanLength() < QApplication::startDragDistance() / 2.0) return;
     lastPlace_ = {};
+    // Beyond the edge the page follows the mouse.
+    if (!viewport()->rect().contains(event->pos())) ensureVisible(QRectF(place, QSizeF()), 0, 0);
     gesture_->move(place, event->modifiers());
     Q_EMIT told(gesture_->told());
     viewport()->update();
@@ -185,9 +187,7 @@ bool DesignCanvas::pressKey(QKeyEvent* event) {
         setTool({});
       else if (!selection.empty() && selection.front()->kind() != NodeKind::Page)
         editor_.select(selection.front()->parent());
-      else
-        return false;
-      return true;
+      return true;  // once too often closes nothing
     case Qt::Key_Return:
     case Qt::Key_Enter:
       if (tool_) {
@@ -254,7 +254,7 @@ void DesignCanvas::dropEvent(QDropEvent* event) {
     const NodeKind kind = event->modifiers() & Qt::AltModifier ? NodeKind::Barcode : NodeKind::Text;
     QRectF rect(mapToScene(event->position().toPoint()), DesignCommands::usualSize(kind));
     rect.translate(Snapping(*places_, {}).moved(rect, snapRules({})).by);
-    commands_.addObject(kind, rect, u'[' + name + u']');
+    commands_.addName(kind, rect, name);
     Q_EMIT told({});
     setFocus(Qt::OtherFocusReason);
   });

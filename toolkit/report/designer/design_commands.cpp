@@ -44,7 +44,7 @@ void DesignCommands::copy() const {
 
 void DesignCommands::cut() {
   copy();
-  editor_.remove(u"Kes"_s, editor_.selection());
+  editor_.remove(u"Kes"_s, removable());
 }
 
 bool DesignCommands::canPaste() const {
@@ -114,11 +114,13 @@ void DesignCommands::duplicateInPlace() {
   editor_.select(std::move(copies));
 }
 
-void DesignCommands::remove() {
+std::vector<ReportNode*> DesignCommands::removable() const {
   std::vector<ReportNode*> nodes = editor_.selection();
   std::erase_if(nodes, [](const ReportNode* node) { return isObject(node->kind()) && node->flag(u"locked"); });
-  editor_.remove(u"Sil"_s, nodes);
+  return nodes;
 }
+
+void DesignCommands::remove() { editor_.remove(u"Sil"_s, removable()); }
 
 void DesignCommands::nudge(QPointF by, bool joins) { editor_.change(u"Taşı"_s, Arranging::moved(editor_.selectedObjects(), by), joins); }
 
@@ -220,9 +222,22 @@ ReportNode* DesignCommands::addObject(NodeKind kind, const QRectF& rect, const Q
   return editor_.insert(u"%1 ekle"_s.arg(kindCaption(kind)), *parent, parent->children().size(), std::move(object));
 }
 
+ReportNode* DesignCommands::addName(NodeKind kind, const QRectF& rect, const QString& name) {
+  const Gesture step(editor_, u"%1 ekle"_s.arg(kindCaption(kind)));
+  ReportNode* made = addObject(kind, rect, u'[' + name + u']');
+  ReportNode& band = *made->parent();
+  const qsizetype point = name.indexOf(u'.');
+  if (point > 0 && band.kind() == NodeKind::Band && band.text(u"kind") == u"rows" && band.text(u"data").isEmpty())
+    editor_.change(u"Veri kümesi"_s, band, u"data"_s, name.left(point));
+  return made;
+}
+
 void DesignCommands::addBand(const QString& kind) {
   auto band = std::make_unique<ReportNode>(NodeKind::Band);
-  band->setValue(u"name", freeName(editor_.document(), NodeKind::Band));
+  QString caption;
+  for (const PropertyChoice& each : propertiesOf(NodeKind::Band)[*findProperty(NodeKind::Band, u"kind")].choices)
+    if (each.word == kind) caption = each.caption;
+  band->setValue(u"name", freeName(editor_.document(), NodeKind::Band, caption));
   band->setValue(u"kind", kind);
   ReportNode* selected = editor_.selection().empty() ? nullptr : editor_.selection().back();
   while (selected && selected->kind() != NodeKind::Band) selected = selected->parent();
@@ -245,6 +260,13 @@ void DesignCommands::addPage() {
 }
 
 void DesignCommands::removePage(ReportNode& page) { editor_.remove(u"Sayfayı sil"_s, {&page}); }
+
+void DesignCommands::emptyPage() {
+  std::vector<ReportNode*> all;
+  for (const auto& child : editor_.page()->children())
+    if (child->kind() != NodeKind::Foreign) all.push_back(child.get());
+  editor_.remove(u"Sayfayı boşalt"_s, all);
+}
 
 void DesignCommands::setSelected(const QString& property, const PropertyValue& value) {
   PropertyChanges changes;

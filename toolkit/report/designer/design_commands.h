@@ -34,6 +34,8 @@ class DesignCommands {
   /// An object in a rectangle on the paper; it belongs to the band below its upper left corner. The text is for kinds that
   /// show one, isUpward for lines.
   ReportNode* addObject(NodeKind kind, const QRectF& rect, const QString& text = {}, bool isUpward = false);
+  /// Puts a name of the data down. A field makes a band of rows that has none yet go through the rows of its data set.
+  ReportNode* addName(NodeKind kind, const QRectF& rect, const QString& name);
   /// Where the next object goes when nobody shows a place, on the paper.
   QRectF freePlace(NodeKind kind) const;
   static QSizeF usualSize(NodeKind kind);
@@ -41,6 +43,8 @@ class DesignCommands {
   void moveBand(ReportNode& band, int by);
   void addPage();
   void removePage(ReportNode& page);
+  /// Takes away all bands and objects of the page, those that are locked too.
+  void emptyPage();
 
   /// Sets one property of all selected nodes that have it.
   void setSelected(const QString& property, const PropertyValue& value);
@@ -49,6 +53,7 @@ class DesignCommands {
   bool selectNext(bool isBack);
 
  private:
+  std::vector<ReportNode*> removable() const;
   PagePlaces places() const { return PagePlaces(*editor_.page()); }
   void insertCopies(const QString& name, std::vector<std::unique_ptr<ReportNode>> nodes, ReportNode* parent, bool isBeside = true);
 

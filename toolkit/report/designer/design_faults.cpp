@@ -23,14 +23,15 @@ class FaultSearch {
 
   void search(const ReportNode& page) {
     const PagePlaces places(page);
-    searchObjects(page, places);
+    const std::vector<Shown> below = searchObjects(page, places);
     for (const auto& child : page.children()) {
       if (child->kind() != NodeKind::Band) continue;
       for (const QStringView property : {u"visible", u"group"}) checkExpression(*child, child->text(property));
       if (child->millimetres(u"height") > places.cell().height() + tolerance) add(*child, u"Bant sayfadan yüksek"_s, true);
       const QString& data = child->text(u"data");
       if (!data.isEmpty() && sample_.data.findRows(ReportData::folded(data)) < 0) add(*child, u"“%1” adlı veri kümesi yok"_s.arg(data));
-      searchObjects(*child, places);
+      for (const Shown& upper : searchObjects(*child, places))
+        for (const Shown& lower : below) checkCover(lower, upper);
     }
   }
 
@@ -55,7 +56,7 @@ class FaultSearch {
     for (const QString& reason : expression.unknownNames(sample_.data)) add(node, reason);
   }
 
-  void searchObjects(const ReportNode& parent, const PagePlaces& places) {
+  std::vector<Shown> searchObjects(const ReportNode& parent, const PagePlaces& places) {
     std::vector<Shown> shown;
     for (const auto& child : parent.children()) {
       if (!isObject(child->kind())) continue;
@@ -66,6 +67,7 @@ class FaultSearch {
     }
     for (size_t upper = 1; upper < shown.size(); ++upper)
       for (size_t lower = 0; lower < upper; ++lower) checkCover(shown[lower], shown[upper]);
+    return shown;
   }
 
   void checkTexts(const ReportNode& object) {

@@ -60,6 +60,7 @@ DesignSample exampleOf(const DesignSample& sample) {
     made.data.addRows(each.name, std::make_shared<ExampleRows>(each.rows->fields()), each.explanation);
   for (auto each = sample.barcodes.begin(); each != sample.barcodes.end(); ++each) made.barcodes.insert(each.key(), u"123456"_s);
   made.richTexts = sample.richTexts;
+  made.printer = sample.printer;
   return made;
 }
 

@@ -7,6 +7,7 @@ struct DesignSample {
   ReportData data;
   QHash<QString, QString> barcodes = {};  ///< texts that the program puts into barcodes, by the object's name
   RichTexts richTexts = {};
+  QString printer = {};                   ///< that such papers go to; empty is the system's default
 };
 
 /// The same names with made-up values: every variable shows its explanation, every data set has some rows.

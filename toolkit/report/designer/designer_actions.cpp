@@ -10,7 +10,7 @@
 
 using namespace Qt::StringLiterals;
 
-DesignerActions::DesignerActions(QWidget* owner) : QObject(owner), owner_(owner) {}
+DesignerActions::DesignerActions(QWidget* owner, std::function<void()> settle) : QObject(owner), owner_(owner), settle_(std::move(settle)) {}
 
 QAction* DesignerActions::add(Command command) {
   auto* action = new QAction(QIcon::fromTheme(command.icon), command.caption, this);
@@ -22,6 +22,7 @@ QAction* DesignerActions::add(Command command) {
   action->setToolTip(key.isEmpty() ? command.caption : u"%1 (%2)"_s.arg(command.caption, key));
   owner_->addAction(action);
   connectGuarded(action, &QAction::triggered, this, [this, work = command.work] {
+    settle_();
     work();
     update();
   });

@@ -26,8 +26,9 @@ class DesignerActions : public QObject {
     std::function<bool()> isOn = {};        ///< for those that are switched
   };
 
-  /// The keys work while owner, or what is in it, has the keyboard.
-  explicit DesignerActions(QWidget* owner);
+  /// The keys work while owner, or what is in it, has the keyboard. Settle is done before each command: what is being written
+  /// is part of what the command works on.
+  DesignerActions(QWidget* owner, std::function<void()> settle);
 
   QAction* add(Command command);
   /// Throws Exception with the name.
@@ -40,6 +41,7 @@ class DesignerActions : public QObject {
 
  private:
   QWidget* owner_;
+  std::function<void()> settle_;
   QHash<QString, QAction*> actions_;
   std::vector<std::pair<QAction*, Command>> commands_;
 };

@@ -4,6 +4,7 @@
 #include "base/guard.h"
 #include "toolkit/report/designer/property_editors.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -14,24 +15,36 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Opens the box of a property's type in its cell.
+/// Opens the box of a property's type in its cell. What was written is taken over however the box is left; Escape alone leaves
+/// the value as it was.
 class PropertyDelegate : public QStyledItemDelegate {
  public:
-  PropertyDelegate(Inspector& inspector, const DesignSample& sample) : QStyledItemDelegate(&inspector), inspector_(inspector), sample_(sample) {}
+  PropertyDelegate(Inspector& inspector, const DesignSample& sample) : QStyledItemDelegate(&inspector), inspector_(inspector), sample_(sample) {
+    // Told before the view closes it: what the box loses the keyboard to is of no matter then.
+    connectGuarded(this, &QAbstractItemDelegate::closeEditor, &inspector, [&inspector] { inspector.box_ = nullptr; });
+  }
 
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex& index) const override {
     const PropertyInfo& property = inspector_.model().property(index.row());
     PropertyEdit* box = makePropertyEdit(property, sample_, parent);
     box->setAccessibleName(property.caption);
     if (box->focusProxy()) box->focusProxy()->setAccessibleName(property.caption);
-    connectGuarded(box, &PropertyEdit::chosen, box, [this, box] {
-      auto* self = const_cast<PropertyDelegate*>(this);
-      Q_EMIT self->commitData(box);
-      Q_EMIT self->closeEditor(box);
+    inspector_.box_ = box;
+    connectGuarded(box, &PropertyEdit::chosen, &inspector_, [this] { inspector_.endEdit(); });
+    connectGuarded(box, &PropertyEdit::passed, &inspector_, [this](bool isNext) {
+      inspector_.endEdit();
+      const QModelIndex now = inspector_.table()->currentIndex();
+      if (const QModelIndex next = now.siblingAtRow(now.row() + (isNext ? 1 : -1)); next.isValid()) inspector_.table()->setCurrentIndex(next);
+    });
+    connectGuarded(qApp, &QApplication::focusChanged, box, [this, box](const QWidget* before, const QWidget* now) {
+      if (box == inspector_.box_ && before && now && box->isAncestorOf(before) && !box->isAncestorOf(now) && now->window() == box->window())
+        inspector_.endEdit();
     });
     return box;
+  }
+  void end(PropertyEdit* box) {
+    Q_EMIT commitData(box);
+    Q_EMIT closeEditor(box);
   }
   void setEditorData(QWidget* editor, const QModelIndex& index) const override {
     auto* box = static_cast<PropertyEdit*>(editor);
@@ -59,8 +72,6 @@ class PropertyDelegate : public QStyledItemDelegate {
   Inspector& inspector_;
   const DesignSample& sample_;
 };
-
-}  // namespace
 
 Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* parent)
     : QWidget(parent), model_(new PropertyModel(editor, this)), heading_(new QLabel(this)), search_(new QLineEdit(this)), table_(new QTableView(this)) {
@@ -105,14 +116,28 @@ Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* 
   };
   connectGuarded(table_, &QTableView::clicked, this, open);
   connectGuarded(table_, &QTableView::activated, this, open);
+  // The values are what keys go to; the row stays on the same property from object to object.
+  connectGuarded(table_->selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& now, const QModelIndex&) {
+    if (now.isValid() && now.column() == 0) table_->setCurrentIndex(now.siblingAtColumn(1));
+  });
+  connectGuarded(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    if (const QModelIndex now = table_->currentIndex(); now.isValid()) row_ = model_->property(now.row()).name;
+  });
+  connectGuarded(model_, &QAbstractItemModel::modelReset, this, [this] {
+    if (const int row = model_->rowOf(row_); row >= 0) table_->setCurrentIndex(model_->index(row, 1));
+  });
   const auto showHeading = [this] { heading_->setText(model_->heading()); };
   connectGuarded(model_, &PropertyModel::headingChanged, this, showHeading);
   showHeading();
 }
 
+void Inspector::endEdit() {
+  if (PropertyEdit* box = std::exchange(box_, nullptr)) static_cast<PropertyDelegate*>(table_->itemDelegate())->end(box);
+}
+
 void Inspector::edit(QStringView property) {
   const int row = model_->rowOf(property);
-  if (row < 0) return;
+  if (row < 0) return table_->setFocus();
   table_->setCurrentIndex(model_->index(row, 1));
   table_->edit(model_->index(row, 1));
 }

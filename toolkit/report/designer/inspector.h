@@ -2,8 +2,10 @@
 
 #include "toolkit/report/designer/property_model.h"
 
+#include <QPointer>
 #include <QWidget>
 
+class PropertyEdit;
 class QLabel;
 class QLineEdit;
 class QTableView;
@@ -18,8 +20,10 @@ class Inspector : public QWidget {
 
   PropertyModel& model() { return *model_; }
   QTableView* table() const { return table_; }
-  /// Opens the box of a property, when it is shown.
+  /// Opens the box of a property; goes to the list of them when it is not shown.
   void edit(QStringView property);
+  /// Takes over what is being written, and closes its box.
+  void endEdit();
 
  Q_SIGNALS:
   /// Why a value was not taken; empty when one was.
@@ -30,4 +34,7 @@ class Inspector : public QWidget {
   QLabel* heading_;
   QLineEdit* search_;
   QTableView* table_;
+  QString row_;  ///< property of the row that was current last
+  QPointer<PropertyEdit> box_;  ///< that is open
+  friend class PropertyDelegate;
 };

@@ -1,9 +1,10 @@
 #include "toolkit/report/designer/label_wizard.h"
 
 #include "base/environment.h"
+#include "base/exceptions.h"
 #include "base/guard.h"
+#include "toolkit/edits/currency_edit.h"
 #include "toolkit/report/designer/arranging.h"
-#include "toolkit/report/designer/page_setup_dialog.h"
 #include "toolkit/report/paged_output.h"
 #include "toolkit/report/report_layout.h"
 
@@ -13,6 +14,9 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -24,6 +28,10 @@ constexpr double barcodeShare = 0.36;  ///< of the label's height
 constexpr double firstShare = 1.6;     ///< height of the first line against the others
 constexpr double mostLine = 8;         ///< mm
 constexpr double pointsPerMillimetre = 72 / 25.4;
+constexpr double leastSide = 10;      ///< mm of a label of one's own size
+constexpr double mostSide = 500;
+constexpr double ownMargin = 2;
+const QSizeF ownSize(60, 40);
 
 }  // namespace
 
@@ -67,18 +75,37 @@ ReportDocument makeLabel(const LabelSheet& sheet, const QStringList& names, cons
 }
 
 LabelWizard::LabelWizard(QWidget* owner, const DesignSample& sample)
-    : QDialog(owner), sample_(sample), size_(new QComboBox(this)), barcode_(new QComboBox(this)), names_(new QListWidget(this)), picture_(new QLabel(this)) {
+    : QDialog(owner),
+      sample_(sample),
+      size_(new QComboBox(this)),
+      width_(new CurrencyEdit(this)),
+      height_(new CurrencyEdit(this)),
+      barcode_(new QComboBox(this)),
+      names_(new QListWidget(this)),
+      picture_(new QLabel(this)) {
   setWindowTitle(u"Sihirbaz: Yeni Etiket"_s);
   size_->setObjectName(u"labelSize"_s);
   size_->setAccessibleName(u"Etiketin boyu"_s);
   for (const LabelSheet& each : usualLabelSheets()) size_->addItem(each.caption);
+  size_->addItem(u"Kendi ölçüm"_s);
   size_->setCurrentIndex(usualSheet);
+  const auto addSide = [](CurrencyEdit& box, const QString& name, const QString& caption, double value) {
+    box.setObjectName(name);
+    box.setAccessibleName(caption);
+    box.setDisplayFormat(u"0.##"_s);
+    box.setValue(value);
+  };
+  addSide(*width_, u"labelWidth"_s, u"Genişlik (mm)"_s, ownSize.width());
+  addSide(*height_, u"labelHeight"_s, u"Yükseklik (mm)"_s, ownSize.height());
   barcode_->setObjectName(u"labelBarcode"_s);
   barcode_->setAccessibleName(u"Barkod"_s);
   barcode_->addItem(u"Barkod yok"_s);
   QStringList barcodes = sample.barcodes.keys();
   barcodes.sort();
-  for (const QString& each : barcodes) barcode_->addItem(each, each);
+  for (const QString& each : barcodes) {
+    const QString now = sample.barcodes.value(each);
+    barcode_->addItem(now.isEmpty() ? each : u"%1 (%2)"_s.arg(each, now), each);
+  }
   for (const ReportVariable& each : sample.data.variables())
     barcode_->addItem(each.explanation.isEmpty() ? each.name : each.explanation, each.name);
   barcode_->setCurrentIndex(barcodes.isEmpty() ? 0 : 1);
@@ -96,11 +123,29 @@ LabelWizard::LabelWizard(QWidget* owner, const DesignSample& sample)
   picture_->setFrameShape(QFrame::StyledPanel);
   auto* form = new QFormLayout;
   form->addRow(u"Etiketin boyu"_s, size_);
+  form->addRow(width_->accessibleName(), width_);
+  form->addRow(height_->accessibleName(), height_);
   form->addRow(u"Barkod"_s, barcode_);
   auto* left = new QVBoxLayout;
   left->addLayout(form);
-  left->addWidget(new QLabel(u"Etikette görünecekler (sürükleyerek sıralayın):"_s, this));
+  left->addWidget(new QLabel(u"Etikette görünecekler, yukarıdan aşağıya:"_s, this));
   left->addWidget(names_, 1);
+  auto* order = new QHBoxLayout;
+  const std::tuple<QString, QString, QString, int> moves[] = {{u"Yukarı (Alt+↑)"_s, u"go-up"_s, u"Alt+Up"_s, -1},
+                                                              {u"Aşağı (Alt+↓)"_s, u"go-down"_s, u"Alt+Down"_s, 1}};
+  for (const auto& [caption, icon, key, by] : moves) {
+    auto* button = new QToolButton(this);
+    button->setText(caption);
+    button->setAccessibleName(caption);
+    button->setIcon(QIcon::fromTheme(icon));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setShortcut(QKeySequence(key));
+    button->setFocusPolicy(Qt::TabFocus);
+    order->addWidget(button);
+    connectGuarded(button, &QToolButton::clicked, this, [this, by = by] { moveCurrent(by); });
+  }
+  order->addStretch(1);
+  left->addLayout(order);
   auto* right = new QVBoxLayout;
   right->addWidget(picture_);
   auto* told = new QLabel(u"Yeni etiket şu anki tasarımın yerine geçer. Geri alınabilir; dosya kaydedince değişir."_s, this);
@@ -111,7 +156,7 @@ LabelWizard::LabelWizard(QWidget* owner, const DesignSample& sample)
   row->addLayout(left, 1);
   row->addLayout(right);
   auto* buttons = new QDialogButtonBox(this);
-  buttons->addButton(u"Etiketi hazırla"_s, QDialogButtonBox::AcceptRole);
+  make_ = buttons->addButton(u"Etiketi hazırla"_s, QDialogButtonBox::AcceptRole);
   buttons->addButton(u"Vazgeç"_s, QDialogButtonBox::RejectRole);
   auto* column = new QVBoxLayout(this);
   column->addLayout(row, 1);
@@ -121,20 +166,68 @@ LabelWizard::LabelWizard(QWidget* owner, const DesignSample& sample)
   const auto anew = [this] { showLabel(); };
   connectGuarded(size_, &QComboBox::currentIndexChanged, this, anew);
   connectGuarded(barcode_, &QComboBox::currentIndexChanged, this, anew);
-  connectGuarded(names_, &QListWidget::itemChanged, this, anew);
+  connectGuarded(width_, &CurrencyEdit::textChanged, this, anew);
+  connectGuarded(height_, &CurrencyEdit::textChanged, this, anew);
+  connectGuarded(names_, &QListWidget::itemChanged, this, [this](QListWidgetItem* item) {
+    if (isMoving_) return;
+    // The list is in the midst of telling; rows move when it is done.
+    if (item->checkState() == Qt::Checked) return postGuarded(this, [this, item] { gather(item); });
+    showLabel();
+  });
   connectGuarded(names_->model(), &QAbstractItemModel::rowsMoved, this, anew);
   resize(820, 480);
   showLabel();
+}
+
+std::optional<LabelSheet> LabelWizard::sheet() const {
+  const auto index = size_t(std::max(0, size_->currentIndex()));
+  if (index < usualLabelSheets().size()) return usualLabelSheets()[index];
+  try {
+    const QSizeF size(width_->value(), height_->value());
+    if (std::min(size.width(), size.height()) < leastSide || std::max(size.width(), size.height()) > mostSide) return {};
+    return LabelSheet{size_->currentText(), size.width(), size.height(), ownMargin, ownMargin, ownMargin, ownMargin};
+  } catch (const EConvertError&) {
+    return {};
+  }
 }
 
 ReportDocument LabelWizard::document() const {
   QStringList names;
   for (int row = 0; row < names_->count(); ++row)
     if (names_->item(row)->checkState() == Qt::Checked) names += names_->item(row)->data(Qt::UserRole).toString();
-  return makeLabel(usualLabelSheets()[size_t(std::max(0, size_->currentIndex()))], names, barcode_->currentData().toString(), sample_);
+  return makeLabel(sheet().value_or(usualLabelSheets().front()), names, barcode_->currentData().toString(), sample_);
+}
+
+void LabelWizard::gather(QListWidgetItem* chosen) {
+  int place = 0;
+  for (int row = 0; row < names_->count(); ++row)
+    if (names_->item(row) != chosen && names_->item(row)->checkState() == Qt::Checked) place = row + 1;
+  const int from = names_->row(chosen);
+  if (from > place) {
+    const QScopedValueRollback quiet(isMoving_, true);
+    names_->insertItem(place, names_->takeItem(from));
+  }
+  showLabel();
+}
+
+void LabelWizard::moveCurrent(int by) {
+  const int row = names_->currentRow();
+  const int to = row + by;
+  if (row < 0 || to < 0 || to >= names_->count()) return;
+  {
+    const QScopedValueRollback quiet(isMoving_, true);
+    names_->insertItem(to, names_->takeItem(row));
+    names_->setCurrentRow(to);
+  }
+  showLabel();
 }
 
 void LabelWizard::showLabel() {
+  const bool isOwn = size_->currentIndex() == size_->count() - 1;
+  width_->setEnabled(isOwn);
+  height_->setEnabled(isOwn);
+  make_->setEnabled(sheet().has_value());
+  if (!sheet()) return picture_->setText(u"Etiketin kenarları %1 ile %2 mm arasında olmalı."_s.arg(leastSide).arg(mostSide));
   const ReportPagedDocument pages(layoutReport(filledWith(document(), sample_), sample_.data, {}, environment().now()));
   if (pages.pageCount() == 0) return;
   const QSizeF size = pages.pageSize(0);

@@ -2,12 +2,16 @@
 
 #include "toolkit/report/designer/design_sample.h"
 
-#include <QDialog>
+#include "toolkit/report/designer/page_setup_dialog.h"
 
+#include <optional>
+
+class CurrencyEdit;
 class QComboBox;
 class QLabel;
 class QListWidget;
-struct LabelSheet;
+class QListWidgetItem;
+class QPushButton;
 
 /// A new label in one go: its size, what it shows, done. A picture shows what comes out.
 class LabelWizard : public QDialog {
@@ -17,13 +21,22 @@ class LabelWizard : public QDialog {
   ReportDocument document() const;
 
  private:
+  /// Nothing while the own size is none.
+  std::optional<LabelSheet> sheet() const;
   void showLabel();
+  /// Brings what was chosen behind what was chosen before it.
+  void gather(QListWidgetItem* chosen);
+  void moveCurrent(int by);
 
   const DesignSample& sample_;
   QComboBox* size_;
+  CurrencyEdit* width_;
+  CurrencyEdit* height_;
   QComboBox* barcode_;
   QListWidget* names_;
   QLabel* picture_;
+  QPushButton* make_;
+  bool isMoving_ = false;
 };
 
 /// What a label shows: texts of variables one below the other, the first one large, and a barcode at the bottom whose text is

@@ -7,6 +7,8 @@
 #include <QScopedValueRollback>
 #include <QTimer>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -36,10 +38,15 @@ ObjectTree::ObjectTree(DesignCanvas& canvas, QWidget* parent) : QTreeWidget(pare
   setSelectionMode(ExtendedSelection);
   rest_->setSingleShot(true);
   rest_->setInterval(0);
-  connectGuarded(rest_, &QTimer::timeout, this, [this] { fill(); });
+  connectGuarded(rest_, &QTimer::timeout, this, [this] {
+    fill();
+    if (hasFocus()) selectCurrent();
+  });
   ReportEditor& editor = canvas.editor();
   const auto anew = [this] {
     const QSignalBlocker quiet(this);
+    place_ = 0;
+    for (QTreeWidgetItemIterator each(this); *each && *each != currentItem(); ++each) ++place_;
     items_.clear();
     clear();
     rest_->start();
@@ -92,6 +99,20 @@ void ObjectTree::showSelection() {
 void ObjectTree::showEvent(QShowEvent* event) {
   QTreeWidget::showEvent(event);
   guarded(this, [&] { showSelection(); });
+}
+
+void ObjectTree::focusInEvent(QFocusEvent* event) {
+  QTreeWidget::focusInEvent(event);
+  guarded(this, [&] { selectCurrent(); });
+}
+
+void ObjectTree::selectCurrent() {
+  if (!selectedItems().isEmpty()) return;
+  std::vector<QTreeWidgetItem*> all;
+  for (QTreeWidgetItemIterator each(this); *each; ++each) all.push_back(*each);
+  if (all.empty()) return;
+  QTreeWidgetItem* chosen = currentItem() ? currentItem() : all[std::min(size_t(place_), all.size() - 1)];
+  setCurrentItem(chosen, 0, QItemSelectionModel::ClearAndSelect);
 }
 
 void ObjectTree::selectShown() {

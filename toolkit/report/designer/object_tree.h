@@ -15,14 +15,18 @@ class ObjectTree : public QTreeWidget {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
 
  private:
   void fill();
   void showSelection();
   void selectShown();
+  /// Whoever works in the list by keys always stands on something.
+  void selectCurrent();
 
   DesignCanvas& canvas_;
   QHash<ReportNode*, QTreeWidgetItem*> items_;
   QTimer* rest_;
+  int place_ = 0;  ///< of what was current before the list was filled anew
   bool isShowing_ = false;
 };

@@ -14,6 +14,8 @@
 #include <QLabel>
 #include <QPainter>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -125,7 +127,7 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
   connectGuarded(buttons, &QDialogButtonBox::accepted, this, [this] { acceptIfRight(); });
   connectGuarded(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
   connectGuarded(preset_, &QComboBox::activated, this, [this](int index) { choosePreset(index); });
-  connectGuarded(paper_, &QComboBox::activated, this, [this] { showSheet(); });
+  connectGuarded(paper_, &QComboBox::activated, this, [this] { choosePaper(); });
   connectGuarded(orientation_, &QComboBox::activated, this, [this] { showSheet(); });
   showChoices();
 }
@@ -134,6 +136,21 @@ void PageSetupDialog::choosePreset(int index) {
   if (index <= 0) return;
   applySheet(usualLabelSheets()[size_t(index - 1)], *page_);
   showChoices();
+}
+
+void PageSetupDialog::choosePaper() {
+  // A size of one's own begins with the paper that was chosen before it.
+  if (const QString paper = paper_->currentData().toString(); paper != u"own") {
+    ReportNode upright(NodeKind::Page);
+    upright.setValue(u"paper", paper);
+    const QSizeF size = ReportSheet(upright).paper;
+    for (const auto& [property, box] : numbers_) {
+      const QSignalBlocker quiet(box);
+      if (property == u"width") box->setValue(size.width());
+      if (property == u"height") box->setValue(size.height());
+    }
+  }
+  showSheet();
 }
 
 void PageSetupDialog::showChoices() {
@@ -147,9 +164,22 @@ void PageSetupDialog::showChoices() {
   showSheet();
 }
 
+void PageSetupDialog::showPreset() {
+  const auto& sheets = usualLabelSheets();
+  const auto fits = [this](const LabelSheet& sheet) {
+    ReportNode page(NodeKind::Page);
+    applySheet(sheet, page);
+    return std::all_of(numbers_.begin(), numbers_.end(), [&](const auto& each) { return each.first == u"repeat" || page.value(each.first) == page_->value(each.first); }) &&
+           page.value(u"paper") == page_->value(u"paper") && page.value(u"orientation") == page_->value(u"orientation");
+  };
+  const auto found = std::find_if(sheets.begin(), sheets.end(), fits);
+  preset_->setCurrentIndex(found == sheets.end() ? 0 : int(found - sheets.begin()) + 1);
+}
+
 void PageSetupDialog::showSheet() {
   try {
     for (auto& [property, value] : values()) page_->setValue(property, value);
+    showPreset();
     picture_->setPixmap(sheetPicture(*page_, pictureRoom, devicePixelRatioF()));
     const ReportSheet sheet(*page_);
     const QString cell = u"%1 × %2 mm"_s.arg(NumberText::fromDouble(std::round(sheet.cell.width() * 10) / 10), NumberText::fromDouble(std::round(sheet.cell.height() * 10) / 10));

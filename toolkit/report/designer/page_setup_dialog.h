@@ -20,8 +20,11 @@ class PageSetupDialog : public QDialog {
 
  private:
   void choosePreset(int index);
+  void choosePaper();
   void showChoices();
   void showSheet();
+  /// Which usual sheet it is.
+  void showPreset();
   void acceptIfRight();
 
   std::unique_ptr<ReportNode> page_;  ///< a copy that follows what is set

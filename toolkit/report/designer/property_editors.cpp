@@ -7,6 +7,7 @@
 #include "toolkit/report/designer/color_button.h"
 #include "toolkit/report/designer/expression_dialog.h"
 
+#include <QApplication>
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QFile>
@@ -21,6 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double fineStep = 0.1;
+constexpr int mostLetters = 1'000'000;
 
 QBoxLayout* rowOf(QWidget* owner) {
   auto* row = new QHBoxLayout(owner);
@@ -81,6 +83,7 @@ class TextEditLine : public PropertyEdit {
       : PropertyEdit(parent), property_(property), line_(new QLineEdit(this)) {
     QBoxLayout* row = rowOf(this);
     row->addWidget(line_, 1);
+    line_->setMaxLength(mostLetters);
     setFocusProxy(line_);
     if (property.type != PropertyType::Expression && !property.isContent) return;
     auto* more = new QToolButton(this);
@@ -171,6 +174,7 @@ class SidesEdit : public PropertyEdit {
       button->setObjectName(word);
       row->addWidget(button, 1);
       buttons_.push_back(button);
+      connectGuarded(button, &QToolButton::clicked, this, [this] { isTouched_ = true; });
     }
     setFocusProxy(buttons_.front());
   }
@@ -178,6 +182,7 @@ class SidesEdit : public PropertyEdit {
     for (QToolButton* button : buttons_) button->setChecked(value && std::get<QString>(*value).contains(button->objectName()));
   }
   std::optional<PropertyValue> value() const override {
+    if (!isTouched_) return {};
     QStringList words;
     for (const QToolButton* button : buttons_)
       if (button->isChecked()) words += button->objectName();
@@ -186,6 +191,7 @@ class SidesEdit : public PropertyEdit {
 
  private:
   std::vector<QToolButton*> buttons_;
+  bool isTouched_ = false;
 };
 
 class ColorEdit : public PropertyEdit {
@@ -229,10 +235,16 @@ class FontEdit : public PropertyEdit {
     points_->setText(value ? NumberText::fromDouble(font_.points) : QString());
   }
   std::optional<PropertyValue> value() const override {
-    if (isDiffering_ && points_->text().isEmpty() && family_->currentText().isEmpty()) return {};
+    const QString family = family_->currentText().trimmed();
+    const QString size = points_->text().trimmed();
+    if (isDiffering_ && size.isEmpty() && family.isEmpty()) return {};
     ReportFont font = font_;
-    if (!family_->currentText().trimmed().isEmpty()) font.family = family_->currentText().trimmed();
-    const auto points = NumberText::toDouble(points_->text());
+    if (!family.isEmpty() || isDiffering_) font.family = family;
+    if (isDiffering_ && size.isEmpty()) {
+      font.points = 0;
+      return font;
+    }
+    const auto points = NumberText::toDouble(size);
     if (!points || *points < 1 || *points > 400) throw EConvertError(u"yazı boyu 1 ile 400 arasında olmalı"_s);
     font.points = *points;
     return font;
@@ -281,6 +293,19 @@ class PictureEdit : public PropertyEdit {
 };
 
 }  // namespace
+
+bool PropertyEdit::focusNextPrevChild(bool isNext) {
+  guarded(this, [&] {
+    QList<QWidget*> fields = findChildren<QWidget*>();
+    fields.removeIf([](const QWidget* each) { return each->focusProxy() || !(each->focusPolicy() & Qt::TabFocus) || !each->isVisible(); });
+    const qsizetype place = fields.indexOf(QApplication::focusWidget()) + (isNext ? 1 : -1);
+    if (place >= 0 && place < fields.size())
+      fields[place]->setFocus(isNext ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    else
+      Q_EMIT passed(isNext);
+  });
+  return true;
+}
 
 PropertyEdit* makePropertyEdit(const PropertyInfo& property, const DesignSample& sample, QWidget* parent) {
   switch (property.type) {

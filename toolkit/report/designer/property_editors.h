@@ -20,6 +20,11 @@ class PropertyEdit : public QWidget {
  Q_SIGNALS:
   /// The value was chosen, and the box is not needed any more.
   void chosen();
+  /// Tab was pressed in the last of its fields, or Shift+Tab in the first one.
+  void passed(bool isNext);
+
+ protected:
+  bool focusNextPrevChild(bool isNext) override;
 };
 
 /// Makes the box for a property; the sample's names are offered where expressions are written.

@@ -119,7 +119,15 @@ void PropertyModel::readValues() {
 
 void PropertyModel::setValue(int row, const PropertyValue& value) {
   PropertyChanges changes;
-  for (ReportNode* node : nodes_) changes.push_back({node, property(row).name, value});
+  for (ReportNode* node : nodes_) {
+    changes.push_back({node, property(row).name, value});
+    const auto* font = std::get_if<ReportFont>(&value);
+    if (!font || values_[size_t(row)]) continue;
+    ReportFont own = node->font(property(row).name);
+    if (!font->family.isEmpty()) own.family = font->family;
+    if (font->points > 0) own.points = font->points;
+    changes.back().value = own;
+  }
   editor_.change(property(row).caption, std::move(changes));
 }
 

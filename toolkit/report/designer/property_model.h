@@ -20,7 +20,7 @@ class PropertyModel : public QAbstractTableModel {
   int rowOf(QStringView property) const;
   /// Nothing when the nodes differ.
   const std::optional<PropertyValue>& value(int row) const { return values_[size_t(row)]; }
-  /// One step of undo for all of them.
+  /// One step of undo for all of them. Where fonts differ, an empty family and a size of 0 leave each its own, as do styles.
   void setValue(int row, const PropertyValue& value);
   /// The nodes that are shown.
   const std::vector<ReportNode*>& nodes() const { return nodes_; }

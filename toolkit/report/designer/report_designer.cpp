@@ -25,6 +25,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -36,7 +38,7 @@ constexpr int rightWidth = 290;
 }  // namespace
 
 ReportDesigner::ReportDesigner(QWidget* parent)
-    : QWidget(parent), editor_(this), commands_(editor_), actions_(new DesignerActions(this)), draftTimer_(new QTimer(this)) {
+    : QWidget(parent), editor_(this), commands_(editor_), actions_(new DesignerActions(this, [this] { settle(); })), draftTimer_(new QTimer(this)) {
   setObjectName(u"frxDesigner1"_s);
   setAccessibleName(u"Rapor tasarımı"_s);
   canvas_ = new DesignCanvas(editor_, sample_, this);
@@ -98,49 +100,26 @@ QWidget* ReportDesigner::buildBars() {
     actions_->fill(*menu, names);
     return menu;
   };
-  addMenu(u"&Dosya"_s, {u"save"_s, {}, u"pageSetup"_s, u"preview"_s, u"testPrint"_s, {}, u"wizard"_s, u"versions"_s, u"delivered"_s, {}, u"close"_s});
-  QAction* undo = editor_.steps().createUndoAction(this, u"Geri al:"_s);
-  undo->setObjectName(u"undo"_s);
-  undo->setIcon(QIcon::fromTheme(u"edit-undo"_s));
-  undo->setShortcut(QKeySequence::Undo);
-  QAction* redo = editor_.steps().createRedoAction(this, u"Yinele:"_s);
-  redo->setObjectName(u"redo"_s);
-  redo->setIcon(QIcon::fromTheme(u"edit-redo"_s));
-  redo->setShortcuts({QKeySequence(u"Ctrl+Y"_s), QKeySequence(u"Ctrl+Shift+Z"_s)});
-  for (QAction* action : {undo, redo}) {
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    addAction(action);
-  }
-  auto* edit = menus->addMenu(u"D&üzen"_s);
-  edit->addActions({undo, redo});
-  edit->addSeparator();
-  actions_->fill(*edit, {u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"remove"_s, {}, u"selectAll"_s, u"editText"_s, u"inspect"_s});
+  addMenu(u"&Dosya"_s, {u"open"_s, u"save"_s, {}, u"pageSetup"_s, u"preview"_s, u"testPrint"_s, {}, u"wizard"_s, u"versions"_s, u"delivered"_s, {}, u"close"_s});
+  addMenu(u"D&üzen"_s, {u"undo"_s, u"redo"_s, {}, u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"remove"_s, {}, u"selectAll"_s, u"editText"_s, u"inspect"_s});
   QStringList bands;
   for (const PropertyChoice& kind : propertiesOf(NodeKind::Band)[*findProperty(NodeKind::Band, u"kind")].choices) bands += u"band_"_s + kind.word;
   QMenu* insert = addMenu(u"&Ekle"_s, {u"toolText"_s, u"toolBarcode"_s, u"toolLine"_s, u"toolRectangle"_s, u"toolPicture"_s, u"toolCheckMark"_s,
                                        u"toolRichText"_s, {}});
   actions_->fill(*insert->addMenu(QIcon::fromTheme(u"view-list-text"_s), u"Bant"_s), bands);
-  actions_->fill(*insert, {u"addPage"_s, u"removePage"_s});
+  actions_->fill(*insert, {u"addPage"_s, u"removePage"_s, u"emptyPage"_s});
   const QStringList arranging = {u"alignLeft"_s, u"alignCenter"_s, u"alignRight"_s, u"alignTop"_s, u"alignMiddle"_s, u"alignBottom"_s};
   QMenu* arrange = addMenu(u"&Yerleşim"_s, arranging);
   actions_->fill(*arrange, {{}, u"distributeAcross"_s, u"distributeDown"_s, {}, u"sameWidth"_s, u"sameHeight"_s, u"sameSize"_s, {}, u"front"_s,
                             u"forward"_s, u"backward"_s, u"back"_s, {}, u"lock"_s});
   addMenu(u"&Görünüm"_s, {u"zoomIn"_s, u"zoomOut"_s, u"zoomPage"_s, u"zoomWidth"_s, u"zoomFull"_s, {}, u"grid"_s, u"snap"_s, {}, u"data"_s,
-                          u"example"_s, {}, u"nextPane"_s, u"previousPane"_s});
+                          u"example"_s, {}, u"nextPage"_s, u"previousPage"_s, {}, u"dataPane"_s, u"objectPane"_s, u"faultPane"_s, u"nextPane"_s, u"previousPane"_s});
   column->addWidget(menus);
   auto* row = new QHBoxLayout;
   row->setContentsMargins(0, 0, 0, 0);
   auto* bar = new QToolBar(bars);
   bar->setIconSize(QSize(18, 18));
-  actions_->fill(*bar, {u"save"_s, u"preview"_s, {}});
-  for (QAction* action : {undo, redo}) {
-    bar->addAction(action);
-    auto* button = static_cast<QToolButton*>(bar->widgetForAction(action));
-    button->setObjectName(action->objectName() + u"Button"_s);
-    button->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    button->setFocusPolicy(Qt::TabFocus);
-  }
-  actions_->fill(*bar, {{}, u"cut"_s, u"copy"_s, u"paste"_s, {}});
+  actions_->fill(*bar, {u"save"_s, u"preview"_s, {}, u"undo"_s, u"redo"_s, {}, u"cut"_s, u"copy"_s, u"paste"_s, {}});
   for (const QString& name : {u"save"_s, u"preview"_s})
     static_cast<QToolButton*>(bar->widgetForAction(actions_->action(name)))->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
   row->addWidget(bar);
@@ -176,7 +155,7 @@ QWidget* ReportDesigner::buildLeft() {
   row->addWidget(lists_, 1);
   connectGuarded(data_, &DataList::nameChosen, this, [this](const QString& name, bool isBarcode) {
     const NodeKind kind = isBarcode ? NodeKind::Barcode : NodeKind::Text;
-    ReportNode* made = commands_.addObject(kind, commands_.freePlace(kind), u'[' + name + u']');
+    ReportNode* made = commands_.addName(kind, commands_.freePlace(kind), name);
     canvas_->ensureSeen(*made);
   });
   connectGuarded(faults_, &FaultList::searched, this, [this](int count) {
@@ -198,6 +177,7 @@ QWidget* ReportDesigner::buildMiddle() {
   pages_->setAccessibleName(u"Sayfalar"_s);
   pages_->setShape(QTabBar::RoundedSouth);
   pages_->setExpanding(false);
+  pages_->setUsesScrollButtons(false);
   auto* add = new QToolButton(middle);
   add->setDefaultAction(actions_->action(u"addPage"_s));
   add->setAutoRaise(true);
@@ -238,11 +218,13 @@ QWidget* ReportDesigner::buildStatus() {
 
 void ReportDesigner::showPages() {
   const QSignalBlocker quiet(pages_);
-  while (pages_->count() > 0) pages_->removeTab(0);
-  int number = 0;
-  for (const ReportNode* page : editor_.pages()) {
-    pages_->addTab(page->name().isEmpty() ? u"Sayfa %1"_s.arg(++number) : page->name());
-    if (page == editor_.page()) pages_->setCurrentIndex(pages_->count() - 1);
+  const std::vector<ReportNode*> all = editor_.pages();
+  while (pages_->count() > int(all.size())) pages_->removeTab(pages_->count() - 1);
+  while (pages_->count() < int(all.size())) pages_->addTab({});
+  for (int place = 0; place < pages_->count(); ++place) {
+    const ReportNode* page = all[size_t(place)];
+    pages_->setTabText(place, page->name().isEmpty() ? u"Sayfa %1"_s.arg(place + 1) : page->name());
+    if (page == editor_.page()) pages_->setCurrentIndex(place);
   }
   actions_->update();
 }
@@ -250,6 +232,11 @@ void ReportDesigner::showPages() {
 void ReportDesigner::showTitle() {
   if (file_) Q_EMIT titleChanged(QFileInfo(file_->file()).fileName() + (editor_.isChanged() ? u" *"_s : QString()));
   actions_->update();
+}
+
+void ReportDesigner::settle() {
+  inspector_->endEdit();
+  canvas_->endText();
 }
 
 void ReportDesigner::tell(const QString& text) const { message_->setText(text); }
@@ -268,9 +255,20 @@ void ReportDesigner::focusNextPane(bool isBack) {
   size_t now = 0;
   for (size_t pane = 0; pane < panes.size(); ++pane)
     if (panes[pane]->hasFocus() || panes[pane]->isAncestorOf(focusWidget())) now = pane;
-  QWidget* next = panes[(now + (isBack ? panes.size() - 1 : 1)) % panes.size()];
-  if (next == data_) next = data_->findChild<QWidget*>(u"dataNames"_s);
-  next->setFocus(Qt::ShortcutFocusReason);
+  const size_t next = (now + (isBack ? panes.size() - 1 : 1)) % panes.size();
+  next == 2 ? showList(lists_->currentIndex()) : panes[next]->setFocus(Qt::ShortcutFocusReason);
+}
+
+void ReportDesigner::showList(int place) {
+  lists_->setCurrentIndex(place);
+  QWidget* list = lists_->widget(place) == data_ ? data_->list() : lists_->widget(place);
+  list->setFocus(Qt::ShortcutFocusReason);
+}
+
+void ReportDesigner::showNextPage(int by) {
+  const std::vector<ReportNode*> all = editor_.pages();
+  const auto now = std::find(all.begin(), all.end(), editor_.page()) - all.begin();
+  editor_.showPage(*all[size_t(now + by + std::ssize(all)) % all.size()]);
 }
 
 QByteArray ReportDesigner::state() const { return parts_->saveState(); }

@@ -24,6 +24,8 @@ class ReportDesigner : public QWidget {
   /// Opens a template with the data that it is shown with, and offers work under way that was left behind. Throws EInOutError,
   /// EReportFile.
   void open(const QString& file, DesignSample sample);
+  /// Where other templates are looked for.
+  void setOpenFolder(const QString& folder) { openFolder_ = folder; }
   /// Asks what to do with changes that are not saved. False: the user stays.
   bool mayLeave();
   /// Ends the work on the file.
@@ -63,16 +65,22 @@ class ReportDesigner : public QWidget {
   void showPages();
   void showTitle();
   void tell(const QString& text) const;
+  /// Takes over what is being written, on the page or among the properties.
+  void settle();
   void menuAt(QPoint global);
   void preview();
   void testPrint();
   void setUpPage();
   void runWizard();
+  void openAnother();
   void showVersions();
   void bringBackDelivered();
   void keepDraft();
   void offerDraft();
   void focusNextPane(bool isBack);
+  /// Brings one of the lists at the left to the front and gives it the keyboard.
+  void showList(int place);
+  void showNextPage(int by);
   bool hasObjects(size_t least = 1) const { return editor_.selectedObjects().size() >= least; }
 
   ReportEditor editor_;
@@ -81,6 +89,7 @@ class ReportDesigner : public QWidget {
   bool showsExample_ = false;
   DesignCommands commands_;
   std::unique_ptr<TemplateFile> file_;
+  QString openFolder_;
   DesignerActions* actions_;
   DesignCanvas* canvas_ = nullptr;
   Inspector* inspector_ = nullptr;

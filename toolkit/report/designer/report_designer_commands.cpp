@@ -1,6 +1,8 @@
+#include "base/guard.h"
 #include "toolkit/report/designer/inspector.h"
 #include "toolkit/report/designer/report_designer.h"
 
+#include <QAction>
 #include <QTabWidget>
 
 using namespace Qt::StringLiterals;
@@ -9,6 +11,7 @@ using namespace Qt::StringLiterals;
 
 void ReportDesigner::addFileCommands() {
   actions_->add({u"save"_s, u"Kaydet"_s, u"document-save"_s, QKeySequence(u"Ctrl+S"_s), [this] { save(); }});
+  actions_->add({u"open"_s, u"Aç…"_s, u"document-open"_s, QKeySequence(u"Ctrl+O"_s), [this] { openAnother(); }, [this] { return file_ != nullptr; }});
   actions_->add({u"versions"_s, u"Önceki sürümler…"_s, u"view-history"_s, {}, [this] { showVersions(); }});
   actions_->add({u"delivered"_s, u"Teslim edilen şablonu geri getir"_s, u"edit-reset"_s, {}, [this] { bringBackDelivered(); },
                  [this] { return file_ && !file_->deliveredFile().isEmpty(); }});
@@ -21,6 +24,12 @@ void ReportDesigner::addFileCommands() {
 
 void ReportDesigner::addEditCommands() {
   const auto isSelected = [this] { return !editor_.selection().empty() && editor_.selection().front()->kind() != NodeKind::Page; };
+  QUndoStack& steps = editor_.steps();
+  QAction* undo = actions_->add({u"undo"_s, u"Geri al"_s, u"edit-undo"_s, QKeySequence::Undo, [&steps] { steps.undo(); }, [&steps] { return steps.canUndo(); }});
+  QAction* redo = actions_->add({u"redo"_s, u"Yinele"_s, u"edit-redo"_s, QKeySequence(u"Ctrl+Y"_s), [&steps] { steps.redo(); }, [&steps] { return steps.canRedo(); }});
+  redo->setShortcuts({redo->shortcut(), QKeySequence(u"Ctrl+Shift+Z"_s)});
+  connectGuarded(&steps, &QUndoStack::undoTextChanged, undo, [undo](const QString& name) { undo->setText(name.isEmpty() ? u"Geri al"_s : u"Geri al: "_s + name); });
+  connectGuarded(&steps, &QUndoStack::redoTextChanged, redo, [redo](const QString& name) { redo->setText(name.isEmpty() ? u"Yinele"_s : u"Yinele: "_s + name); });
   actions_->add({u"cut"_s, u"Kes"_s, u"edit-cut"_s, QKeySequence::Cut, [this] { commands_.cut(); }, isSelected});
   actions_->add({u"copy"_s, u"Kopyala"_s, u"edit-copy"_s, QKeySequence::Copy, [this] { commands_.copy(); }, isSelected});
   actions_->add({u"paste"_s, u"Yapıştır"_s, u"edit-paste"_s, QKeySequence::Paste, [this] { commands_.paste(); }});
@@ -54,13 +63,12 @@ void ReportDesigner::addArrangeCommands() {
   actions_->add({u"sameSize"_s, u"Aynı boyut"_s, u"transform-scale"_s, {}, [this] { commands_.sameSize(true, true); }, [this] { return hasObjects(2); }});
   using Arranging::Order;
   const std::tuple<QString, QString, QString, QString, Order> orders[] = {
-      {u"front"_s, u"En öne getir"_s, u"object-order-front"_s, u"Ctrl+Shift+Up"_s, Order::Front},
+      {u"front"_s, u"En öne getir"_s, u"object-order-front"_s, u"Ctrl+Shift+PgUp"_s, Order::Front},
       {u"forward"_s, u"Öne getir"_s, u"object-order-raise"_s, u"Ctrl+PgUp"_s, Order::Forward},
       {u"backward"_s, u"Arkaya gönder"_s, u"object-order-lower"_s, u"Ctrl+PgDown"_s, Order::Backward},
-      {u"back"_s, u"En arkaya gönder"_s, u"object-order-back"_s, u"Ctrl+Shift+Down"_s, Order::Back}};
+      {u"back"_s, u"En arkaya gönder"_s, u"object-order-back"_s, u"Ctrl+Shift+PgDown"_s, Order::Back}};
   for (const auto& [name, caption, icon, key, order] : orders)
-    actions_->add({name, caption, icon, QKeySequence(order == Order::Front || order == Order::Back ? QString() : key),
-                   [this, order = order] { commands_.reorder(order); }, [this] { return hasObjects(); }});
+    actions_->add({name, caption, icon, QKeySequence(key), [this, order = order] { commands_.reorder(order); }, [this] { return hasObjects(); }});
 }
 
 void ReportDesigner::addInsertCommands() {
@@ -87,6 +95,8 @@ void ReportDesigner::addInsertCommands() {
   actions_->add({u"addPage"_s, u"Sayfa ekle"_s, u"document-new"_s, {}, [this] { commands_.addPage(); }});
   actions_->add({u"removePage"_s, u"Sayfayı sil"_s, u"edit-delete-remove"_s, {}, [this] { commands_.removePage(*editor_.page()); },
                  [this] { return editor_.pages().size() > 1; }});
+  actions_->add({u"emptyPage"_s, u"Sayfayı boşalt"_s, u"edit-clear-all"_s, {}, [this] { commands_.emptyPage(); },
+                 [this] { return editor_.page() && !editor_.page()->children().empty(); }});
 }
 
 void ReportDesigner::addViewCommands() {
@@ -107,6 +117,17 @@ void ReportDesigner::addViewCommands() {
                    sample_ = showsExample_ ? exampleOf(given_) : given_;
                    canvas_->showSample(canvas_->showsData());
                  }, {}, [this] { return showsExample_; }});
+  const auto hasPages = [this] { return editor_.pages().size() > 1; };
+  actions_->add({u"nextPage"_s, u"Sonraki sayfa"_s, u"go-next"_s, QKeySequence(u"Alt+PgDown"_s), [this] { showNextPage(1); }, hasPages});
+  actions_->add({u"previousPage"_s, u"Önceki sayfa"_s, u"go-previous"_s, QKeySequence(u"Alt+PgUp"_s), [this] { showNextPage(-1); }, hasPages});
+  const std::tuple<QString, QString, QString> lists[] = {{u"dataPane"_s, u"Veri listesi"_s, u"Alt+1"_s},
+                                                         {u"objectPane"_s, u"Nesne listesi"_s, u"Alt+2"_s},
+                                                         {u"faultPane"_s, u"Hata listesi"_s, u"Alt+3"_s}};
+  int place = 0;
+  for (const auto& [name, caption, key] : lists) {
+    actions_->add({name, caption, {}, QKeySequence(key), [this, place] { showList(place); }});
+    ++place;
+  }
   actions_->add({u"nextPane"_s, u"Sonraki bölme"_s, {}, QKeySequence(Qt::Key_F7), [this] { focusNextPane(false); }});
   actions_->add({u"previousPane"_s, u"Önceki bölme"_s, {}, QKeySequence(u"Shift+F7"_s), [this] { focusNextPane(true); }});
   actions_->add({u"inspect"_s, u"Özellikler"_s, u"document-properties"_s, QKeySequence(Qt::Key_F4), [this] { inspector_->edit(u"text"); }});

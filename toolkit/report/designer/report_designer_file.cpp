@@ -9,11 +9,12 @@
 #include "toolkit/report/designer/label_wizard.h"
 #include "toolkit/report/designer/page_setup_dialog.h"
 #include "toolkit/report/designer/report_designer.h"
+#include "toolkit/report/designer/template_picker.h"
 #include "toolkit/report/designer/test_sheet.h"
-#include "toolkit/report/designer/versions_dialog.h"
 #include "toolkit/report/preview/preview_window.h"
 #include "toolkit/report/report_file.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QTimer>
 
@@ -47,6 +48,7 @@ void showFailure(QWidget* owner, const QString& instruction, const Exception& er
 void ReportDesigner::open(const QString& file, DesignSample sample) {
   auto opened = std::make_unique<TemplateFile>(file);
   ReportDocument document = opened->load();
+  if (file_) file_->dropDraft();  // whoever opens another one has left this one
   file_ = std::move(opened);
   given_ = std::move(sample);
   showsExample_ = false;
@@ -57,7 +59,8 @@ void ReportDesigner::open(const QString& file, DesignSample sample) {
   canvas_->setFocus();
   showTitle();
   draftTimer_->start();
-  offerDraft();
+  // Asked in front of the window, which is shown after this.
+  postGuarded(this, [this] { offerDraft(); });
 }
 
 void ReportDesigner::close() {
@@ -67,8 +70,26 @@ void ReportDesigner::close() {
   editor_.open(ReportDocument());
 }
 
+void ReportDesigner::openAnother() {
+  if (!mayLeave()) return;
+  TemplatePick pick{.title = u"Şablon Aç"_s,
+                    .explanation = u"%1 klasöründeki şablonlar:"_s.arg(QDir::toNativeSeparators(openFolder_)),
+                    .nothing = u"Bu klasörde şablon yok."_s,
+                    .button = u"Aç"_s,
+                    .entries = {},
+                    .current = file_->file()};
+  for (const QString& file : TemplateFile::allIn(openFolder_)) pick.entries.push_back({TemplateFile::captionOf(file), file});
+  TemplatePicker dialog(window(), std::move(pick), sample_);
+  if (dialog.exec() != QDialog::Accepted) return;
+  try {
+    open(dialog.file(), given_);
+  } catch (const EInOutError& error) {
+    showFailure(window(), u"Şablon açılamadı"_s, error);
+  }
+}
+
 bool ReportDesigner::save() {
-  canvas_->setFocus();  // what is being written in its place belongs to it
+  settle();
   if (!file_ || !editor_.isChanged()) return true;
   try {
     if (file_->isChangedByOthers()) {
@@ -88,7 +109,7 @@ bool ReportDesigner::save() {
 }
 
 bool ReportDesigner::mayLeave() {
-  canvas_->setFocus();
+  settle();
   if (!editor_.isChanged()) return true;
   const int answer = ask(window(), u"Değişiklikler kaydedilsin mi?"_s, u"Kaydetmezseniz bu oturumda yaptıklarınız kaybolur."_s,
                          {{Yes, u"Kaydet"_s}, {No, u"Kaydetme"_s}, {Cancelled, u"Tasarıma dön"_s}});
@@ -99,16 +120,16 @@ bool ReportDesigner::mayLeave() {
 // Work under way
 
 void ReportDesigner::keepDraft() {
-  if (!file_ || !editor_.isChanged()) return;
+  if (!file_ || !(editor_.isChanged() || canvas_->isWriting())) return;
   try {
-    file_->keepDraft(editor_.document());
+    file_->keepDraft(canvas_->workUnderWay());
   } catch (const EInOutError& error) {
     tell(u"Ara kayıt yapılamadı: %1"_s.arg(error.message()));
   }
 }
 
 void ReportDesigner::offerDraft() {
-  const QString draft = file_->orphanedDraft();
+  const QString draft = file_ ? file_->orphanedDraft() : QString();
   if (draft.isEmpty()) return;
   const QString moment = QFileInfo(draft).lastModified().toString(u"dd.MM.yyyy HH:mm"_s);
   const int answer = ask(window(), u"Kaydedilmemiş bir çalışma bulundu"_s,
@@ -127,10 +148,16 @@ void ReportDesigner::offerDraft() {
 // Earlier states
 
 void ReportDesigner::showVersions() {
-  VersionsDialog dialog(window(), file_->versions(), sample_);
+  TemplatePick pick{.title = u"Önceki Sürümler"_s,
+                    .explanation = u"Şablonun son kaydedilen halleri. Geri getirilen, kaydedince geçerli olur."_s,
+                    .nothing = u"Bu şablonun önceki sürümü yok."_s,
+                    .button = u"Geri getir"_s,
+                    .entries = {}};
+  for (const TemplateFile::Version& each : file_->versions()) pick.entries.push_back({each.saved.toString(u"dd.MM.yyyy HH:mm:ss"_s), each.file});
+  TemplatePicker dialog(window(), std::move(pick), sample_);
   if (dialog.exec() != QDialog::Accepted) return;
   try {
-    editor_.replace(u"Önceki sürüm"_s, ReportFile::load(dialog.chosenFile()));
+    editor_.replace(u"Önceki sürüm"_s, ReportFile::load(dialog.file()));
     tell(u"Önceki sürüm geri getirildi; kaydedince geçerli olur."_s);
   } catch (const EInOutError& error) {
     showFailure(window(), u"Sürüm okunamadı"_s, error);
@@ -149,14 +176,13 @@ void ReportDesigner::bringBackDelivered() {
 // Paper
 
 void ReportDesigner::preview() {
-  canvas_->setFocus();
   const ReportDocument filled = filledWith(editor_.document(), sample_);
   auto pages = std::make_shared<const ReportPagedDocument>(layoutReport(filled, sample_.data, sample_.richTexts, environment().now()));
-  if (pages->pageCount() > 0) showPreview(window(), std::move(pages), {.documentName = u"Tasarım"_s});
+  if (pages->pageCount() > 0) showPreview(window(), std::move(pages), {.documentName = u"Tasarım"_s, .printer = sample_.printer});
 }
 
 void ReportDesigner::testPrint() {
-  showPreview(window(), std::make_shared<const TestSheet>(ReportSheet(*editor_.page())), {.caption = u"Deneme baskısı"_s, .documentName = u"Deneme baskısı"_s});
+  showPreview(window(), std::make_shared<const TestSheet>(ReportSheet(*editor_.page())), {.caption = u"Deneme baskısı"_s, .documentName = u"Deneme baskısı"_s, .printer = sample_.printer});
 }
 
 void ReportDesigner::setUpPage() {

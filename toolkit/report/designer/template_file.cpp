@@ -8,6 +8,9 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <algorithm>
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -75,6 +78,29 @@ std::vector<TemplateFile::Version> TemplateFile::versions() const {
     if (saved.isValid()) all.push_back({each.absoluteFilePath(), saved});
   }
   return all;
+}
+
+QStringList TemplateFile::allIn(const QString& folder) {
+  QStringList all;
+  for (const QFileInfo& each : QDir(folder).entryInfoList({u"*.fr3"_s}, QDir::Files)) all += each.absoluteFilePath();
+  const auto key = [](const QString& file) {
+    const QString base = QFileInfo(file).completeBaseName();
+    bool isNumber = false;
+    const int number = base.toInt(&isNumber);
+    return std::pair(isNumber ? number : std::numeric_limits<int>::max(), base);
+  };
+  std::sort(all.begin(), all.end(), [&](const QString& one, const QString& other) { return key(one) < key(other); });
+  return all;
+}
+
+QString TemplateFile::captionOf(const QString& file) {
+  const QString base = QFileInfo(file).completeBaseName();
+  try {
+    const QString name = ReportFile::load(file).root().name();
+    return name.isEmpty() ? base : u"%1 — %2"_s.arg(base, name);
+  } catch (const EInOutError&) {
+    return base;  // whoever picks it is told
+  }
 }
 
 QString TemplateFile::deliveredFile() const {

@@ -31,6 +31,10 @@ class TemplateFile {
 
   /// Saved states before the one that stands, newest first.
   std::vector<Version> versions() const;
+  /// All templates of a folder: by number where they are numbered, by name behind them.
+  static QStringList allIn(const QString& folder);
+  /// A template's file and what it is: "13 — Servis raporu"; one that cannot be read is its file alone.
+  static QString captionOf(const QString& file);
   /// The template as it was delivered; empty when there is none.
   QString deliveredFile() const;
 

@@ -30,15 +30,8 @@ TextInPlace::TextInPlace(DesignCanvas& canvas, ReportNode& object) : QPlainTextE
   onPaper.setColor(QPalette::Base, QColor(0xff, 0xfd, 0xe7));
   onPaper.setColor(QPalette::Text, Qt::black);
   setPalette(onPaper);
-  if (findProperty(object.kind(), u"font")) {
-    const ReportFont& shown = object.font(u"font");
-    QFont letters(shown.family);
-    letters.setPixelSize(std::max(6, qRound(shown.points / pointsPerMillimetre * canvas.toView().m11())));
-    letters.setBold(shown.bold);
-    letters.setItalic(shown.italic);
-    letters.setUnderline(shown.underline);
-    setFont(letters);
-  }
+  showFont();
+  connectGuarded(&canvas.editor(), &ReportEditor::changed, this, [this] { showFont(); });
   const QRect rect = canvas.viewRectOf(object).toAlignedRect();
   setGeometry(QRect(rect.topLeft(), rect.size().expandedTo(QSize(std::min(leastSize.width(), canvas.viewport()->width()), leastSize.height()))));
   selectAll();
@@ -46,8 +39,20 @@ TextInPlace::TextInPlace(DesignCanvas& canvas, ReportNode& object) : QPlainTextE
   setFocus(Qt::OtherFocusReason);
 }
 
+void TextInPlace::showFont() {
+  if (!findProperty(object_.kind(), u"font")) return;
+  const ReportFont& shown = object_.font(u"font");
+  QFont letters(shown.family);
+  letters.setPixelSize(std::max(6, qRound(shown.points / pointsPerMillimetre * canvas_.toView().m11())));
+  letters.setBold(shown.bold);
+  letters.setItalic(shown.italic);
+  letters.setUnderline(shown.underline);
+  setFont(letters);
+}
+
 void TextInPlace::end(bool keeps) {
   if (std::exchange(isEnded_, true)) return;
+  Q_EMIT ended();
   const QString text = toPlainText();
   canvas_.setFocus(Qt::OtherFocusReason);  // before it is hidden, which would pass the focus on, to the next object
   hide();

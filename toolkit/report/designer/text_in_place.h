@@ -14,11 +14,16 @@ class TextInPlace : public QPlainTextEdit {
   /// Keeps the text, or leaves it as it was, and goes.
   void end(bool keeps);
 
+ Q_SIGNALS:
+  void ended();
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  void showFont();
+
   DesignCanvas& canvas_;
   ReportNode& object_;
   bool isEnded_ = false;

@@ -1,4 +1,4 @@
-#include "toolkit/report/designer/versions_dialog.h"
+#include "toolkit/report/designer/template_picker.h"
 
 #include "base/environment.h"
 #include "base/guard.h"
@@ -12,6 +12,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -20,13 +22,13 @@ const QSize pictureRoom(380, 460);
 
 }  // namespace
 
-VersionsDialog::VersionsDialog(QWidget* owner, std::vector<TemplateFile::Version> versions, const DesignSample& sample)
-    : QDialog(owner), versions_(std::move(versions)), sample_(sample), list_(new QListWidget(this)), picture_(new QLabel(this)) {
-  setWindowTitle(u"Önceki Sürümler"_s);
-  list_->setObjectName(u"versions"_s);
-  list_->setAccessibleName(u"Önceki sürümler"_s);
-  list_->setMinimumWidth(200);
-  for (const TemplateFile::Version& each : versions_) list_->addItem(each.saved.toString(u"dd.MM.yyyy HH:mm:ss"_s));
+TemplatePicker::TemplatePicker(QWidget* owner, TemplatePick pick, const DesignSample& sample)
+    : QDialog(owner), entries_(std::move(pick.entries)), sample_(sample), list_(new QListWidget(this)), picture_(new QLabel(this)) {
+  setWindowTitle(pick.title);
+  list_->setObjectName(u"templates"_s);
+  list_->setAccessibleName(pick.title);
+  list_->setMinimumWidth(260);
+  for (const TemplatePick::Entry& each : entries_) list_->addItem(each.caption);
   picture_->setFixedSize(pictureRoom);
   picture_->setAlignment(Qt::AlignCenter);
   picture_->setWordWrap(true);
@@ -34,30 +36,31 @@ VersionsDialog::VersionsDialog(QWidget* owner, std::vector<TemplateFile::Version
   row->addWidget(list_, 1);
   row->addWidget(picture_);
   auto* buttons = new QDialogButtonBox(this);
-  bringBack_ = buttons->addButton(u"Geri getir"_s, QDialogButtonBox::AcceptRole);
+  button_ = buttons->addButton(pick.button, QDialogButtonBox::AcceptRole);
   buttons->addButton(u"Vazgeç"_s, QDialogButtonBox::RejectRole);
   auto* column = new QVBoxLayout(this);
-  column->addWidget(new QLabel(u"Şablonun son kaydedilen halleri. Geri getirilen, kaydedince geçerli olur."_s, this));
+  column->addWidget(new QLabel(pick.explanation, this));
   column->addLayout(row, 1);
   column->addWidget(buttons);
   connectGuarded(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connectGuarded(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
-  connectGuarded(list_, &QListWidget::currentRowChanged, this, [this] { showVersion(); });
-  connectGuarded(list_, &QListWidget::itemDoubleClicked, this, [this] { accept(); });
-  if (versions_.empty())
-    picture_->setText(u"Bu şablonun önceki sürümü yok."_s);
-  else
-    list_->setCurrentRow(0);
-  showVersion();
+  connectGuarded(list_, &QListWidget::currentRowChanged, this, [this] { showPicture(); });
+  connectGuarded(list_, &QListWidget::itemDoubleClicked, this, [this] {
+    if (button_->isEnabled()) accept();
+  });
+  if (entries_.empty()) picture_->setText(pick.nothing);
+  const auto first = std::find_if(entries_.begin(), entries_.end(), [&](const auto& each) { return each.file == pick.current; });
+  list_->setCurrentRow(first == entries_.end() ? 0 : int(first - entries_.begin()));
+  showPicture();
 }
 
-QString VersionsDialog::chosenFile() const { return list_->currentRow() < 0 ? QString() : versions_[size_t(list_->currentRow())].file; }
+QString TemplatePicker::file() const { return list_->currentRow() < 0 ? QString() : entries_[size_t(list_->currentRow())].file; }
 
-void VersionsDialog::showVersion() {
-  bringBack_->setEnabled(list_->currentRow() >= 0);
+void TemplatePicker::showPicture() {
+  button_->setEnabled(list_->currentRow() >= 0);
   if (list_->currentRow() < 0) return;
   try {
-    const ReportDocument filled = filledWith(ReportFile::load(chosenFile()), sample_);
+    const ReportDocument filled = filledWith(ReportFile::load(file()), sample_);
     const ReportPagedDocument pages(layoutReport(filled, sample_.data, sample_.richTexts, environment().now()));
     if (pages.pageCount() == 0) return;
     const QSizeF size = pages.pageSize(0);
@@ -67,6 +70,6 @@ void VersionsDialog::showVersion() {
     picture_->setPixmap(picture);
   } catch (const EInOutError& error) {
     picture_->setText(error.message());
-    bringBack_->setEnabled(false);
+    button_->setEnabled(false);
   }
 }
