@@ -1,4 +1,6 @@
+#include "base/guard.h"
 #include "tests/report/designer_fixture.h"
+#include "toolkit/edits/currency_edit.h"
 #include "toolkit/report/designer/data_list.h"
 #include "toolkit/report/designer/fault_list.h"
 #include "toolkit/report/designer/inspector.h"
@@ -12,13 +14,12 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QTableView>
-
-#include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
+#include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
@@ -244,26 +245,71 @@ TEST_F(DesignerTest, LeavingAsksAndTheSecondOfTwoDesignersToo) {
   EXPECT_TRUE(stored().contains("Kalır")) << "a text that is still being written is part of the work";
 }
 
-TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
-  open(R"(<band height="40"><text name="a">A</text></band>)");
-  const pid_t child = fork();
-  if (child == 0) {
-    TemplateFile own(file);
-    ReportDocument document = own.load();
-    document.find(u"a", NodeKind::Text)->setValue(u"left", 21.0);
-    own.keepDraft(document);
-    kill(getpid(), SIGKILL);
+TEST_F(DesignerTest, AnotherTemplateOfTheFolderIsOpenedInItsPlace) {
+  for (const QString& name : {u"10"_s, u"2"_s, u"bakim"_s}) {
+    file = folder.filePath(name + u".fr3"_s);
+    write("<report version=\"1\" name=\"Makbuz " + name.toUtf8() + "\"><page name=\"S\"/></report>");
   }
-  int status = 0;
-  waitpid(child, &status, 0);
-  ASSERT_TRUE(WIFSIGNALED(status));
+  file = folder.filePath(u"0.fr3"_s);
+  open(R"(<text name="a">A</text>)");
+  editor().change(u"x"_s, *node(u"a"_s), u"left"_s, 7.0);
+  const QByteArray before = stored();
+  designer.setOpenFolder(folder.path());
+  dialogs.answers = {2, 11};
+  designer.actions().action(u"open"_s)->trigger();
+  EXPECT_NE(node(u"a"_s), nullptr) << "stays";
+  postGuarded(&designer, [] {
+    auto* picker = QApplication::activeModalWidget();
+    auto* list = picker->findChild<QListWidget*>(u"templates"_s);
+    EXPECT_EQ(list->currentRow(), 0) << "the one that is open";
+    EXPECT_EQ(list->item(2)->text(), u"10 — Makbuz 10");
+    list->setCurrentRow(1);
+    static_cast<QDialog*>(picker)->accept();
+  });
+  designer.actions().action(u"open"_s)->trigger();
+  EXPECT_EQ(editor().root().name(), u"Makbuz 2");
+  EXPECT_FALSE(editor().isChanged());
+  editor().change(u"x"_s, *editor().page(), u"name"_s, u"Yeni"_s);
+  EXPECT_TRUE(designer.save());
+  EXPECT_EQ(stored(), before);
+  file = folder.filePath(u"2.fr3"_s);
+  EXPECT_TRUE(stored().contains("Yeni"));
+}
+
+TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
+  const QString given = qEnvironmentVariable("KVTK_KILLED_DESIGN");
+  if (!given.isEmpty()) {  // the program that is killed
+    file = given;
+    openFile();
+    designer.setDraftPause(20);
+    click(15, 12);
+    key(Qt::Key_Right);
+    key(Qt::Key_F2);
+    canvas().findChild<QPlainTextEdit*>(u"textInPlace"_s)->setPlainText(u"Yarım"_s);
+    QTest::qWait(60'000);
+    return;
+  }
+  open(R"(<band height="40"><text name="a">A</text></band>)");
+  QProcess other;
+  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+  environment.insert(u"KVTK_KILLED_DESIGN"_s, file);
+  environment.insert(u"TMPDIR"_s, folder.path());
+  other.setProcessEnvironment(environment);
+  other.start(QCoreApplication::applicationFilePath(), {u"--gtest_filter=DesignerTest.WorkUnderWayOutlivesAKilledDesigner"_s});
+  ASSERT_TRUE(QTest::qWaitFor([&] {
+    QFile draft(folder.filePath(u"onceki/0/taslak-1.xml"_s));
+    return draft.open(QIODevice::ReadOnly) && draft.readAll().contains("Yarım");
+  }, 30'000));
+  other.kill();
+  ASSERT_TRUE(other.waitForFinished());
   dialogs.answers = {10};
   designer.open(file, sampleData());
   QCoreApplication::processEvents();
   ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(node(u"a"_s)->millimetres(u"left"), 21);
+  EXPECT_EQ(node(u"a"_s)->millimetres(u"left"), 1);
+  EXPECT_EQ(node(u"a"_s)->text(u"text"), u"Yarım") << "what was being written as well";
   EXPECT_TRUE(editor().isChanged());
-  EXPECT_FALSE(stored().contains("left=\"21\"")) << "the file is written by saving alone";
+  EXPECT_FALSE(stored().contains("left=\"1\"")) << "the file is written by saving alone";
   ReportDesigner second;
   second.open(file, sampleData());
   QCoreApplication::processEvents();
@@ -298,11 +344,28 @@ TEST_F(DesignerTest, ObjectsAreChildrenForAssistiveSoftware) {
 
 TEST_F(DesignerTest, ALabelIsMadeByTheWizardAndAPageBySetUp) {
   open(R"(<band height="40"><text name="a">A</text></band>)");
+  const DesignSample sample = sampleData();
   for (const LabelSheet& sheet : usualLabelSheets()) {
-    const DesignSample sample = sampleData();
     const ReportDocument label = makeLabel(sheet, {u"FIS_NO"_s, u"MUSTERI_ADI"_s}, u"FIS_NO_BARKOD"_s, sample);
     EXPECT_TRUE(findFaults(label, sample).empty()) << sheet.caption.toStdString();
   }
+  LabelWizard wizard(nullptr, sample);
+  auto* size = wizard.findChild<QComboBox*>(u"labelSize"_s);
+  size->setCurrentIndex(size->count() - 1);
+  wizard.findChild<CurrencyEdit*>(u"labelWidth"_s)->setValue(70);
+  auto* names = wizard.findChild<QListWidget*>(u"labelNames"_s);
+  names->item(1)->setCheckState(Qt::Checked);
+  QCoreApplication::processEvents();
+  names->setCurrentRow(1);
+  for (QToolButton* button : wizard.findChildren<QToolButton*>())
+    if (button->text().startsWith(u"Yukarı"_s)) button->click();
+  QStringList texts;
+  ReportDocument made = wizard.document();
+  made.forEach([&](ReportNode& each) {
+    if (each.kind() == NodeKind::Text) texts += each.text(u"text");
+  });
+  EXPECT_EQ(texts.join(u' '), u"[MUSTERI_ADI] [FIS_NO]");
+  EXPECT_EQ(PagePlaces(*made.root().children().front()).cell().size(), QSizeF(66, 36));
   PageSetupDialog dialog(nullptr, *editor().page());
   auto* preset = dialog.findChild<QComboBox*>(u"preset"_s);
   preset->setCurrentIndex(9);

@@ -132,6 +132,8 @@ INSTANTIATE_TEST_SUITE_P(
                   u"Kâğıdın dışına taşıyor|Kâğıdın dışına taşıyor"_s},
         FaultCase{"Covered", R"(<band><text name="a">aaaa</text><rectangle background="#ffffff"/></band>)",
                   u"Metninin üstüne Dikdörtgen geliyor"_s},
+        FaultCase{"CoveredByABand", R"(<text name="a">aaaa</text><band height="30"><rectangle background="#ffffff"/></band>)",
+                  u"Metninin üstüne Dikdörtgen geliyor"_s},
         FaultCase{"FrameAroundText", R"(<band><text name="a">aaaa</text><rectangle/></band>)", {}},
         FaultCase{"TooHigh", R"(<band height="90"/>)", u"Bant sayfadan yüksek"_s}),
     [](const auto& each) { return each.param.name; });

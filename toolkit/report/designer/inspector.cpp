@@ -121,6 +121,7 @@ Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* 
     if (now.isValid() && now.column() == 0) table_->setCurrentIndex(now.siblingAtColumn(1));
   });
   connectGuarded(model_, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+    box_ = nullptr;  // goes with the rows
     if (const QModelIndex now = table_->currentIndex(); now.isValid()) row_ = model_->property(now.row()).name;
   });
   connectGuarded(model_, &QAbstractItemModel::modelReset, this, [this] {
