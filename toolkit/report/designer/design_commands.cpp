@@ -135,16 +135,14 @@ void DesignCommands::grow(QSizeF by, bool joins) {
 }
 
 void DesignCommands::dragged(QPointF by) {
-  const std::vector<ReportNode*> objects = editor_.selectedObjects();
   const PagePlaces before = places();
   const Gesture step(editor_, u"Taşı"_s);
-  for (ReportNode* object : objects) {
-    if (object->flag(u"locked")) continue;
+  std::vector<ReportNode*> staying;
+  for (ReportNode* object : editor_.selectedObjects()) {
     const QRectF rect = before.rectOf(*object).translated(by);
-    ReportNode* parent = object->parent();
     const PagePlaces::Band* under = before.bandAt(rect.center());
-    if (parent->kind() != NodeKind::Band || !under || under->node == parent) {
-      editor_.change(u"Taşı"_s, Arranging::moved({object}, by));
+    if (object->flag(u"locked") || object->parent()->kind() != NodeKind::Band || !under || under->node == object->parent()) {
+      staying.push_back(object);
       continue;
     }
     for (const auto& child : pageOf(object)->children()) {
@@ -153,6 +151,8 @@ void DesignCommands::dragged(QPointF by) {
       editor_.change(u"Taşı"_s, Arranging::placed(*object, rect.translated(-under->rect.topLeft())));
     }
   }
+  // All at once: whoever looks at the selection looks once.
+  editor_.change(u"Taşı"_s, Arranging::moved(staying, by));
 }
 
 void DesignCommands::align(Arranging::Edge edge) { editor_.change(u"Hizala"_s, Arranging::aligned(editor_.selectedObjects(), places(), edge)); }
