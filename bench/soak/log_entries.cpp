@@ -17,7 +17,7 @@ bool holdsAny(const QString& entry, const QStringList& words) {
 }  // namespace
 
 QStringList LogEntries::unexpected(const QString& folder, const QString& services, bool wasCut) {
-  static const QStringList ofCuts{u"Lost connection"_s, u"server has gone away"_s, u"Veritabanı bağlantısı açık değil."_s};
+  static const QStringList ofCuts{u"Lost connection"_s, u"erver has gone away"_s, u"Veritabanı bağlantısı açık değil."_s};
   static const QStringList ofOthers{u"Refresh failed. Found 0 records"_s, u"Update failed. Found 0 records"_s};
   static const QRegularExpression beginning(u"^\\d\\d\\.\\d\\d\\.\\d{4} "_s);
   QStringList entries;

@@ -114,6 +114,8 @@ void Roads::goOne() {
   Telling::line({u"road"_s, road});
 }
 
+bool Roads::hasGoneAll() const { return gone_ >= roadNumbers; }
+
 /// The screen says that a slip is written by the time of the save, which it shows then; the balloon that says it too does not come
 /// when another one is up.
 bool Roads::save() {

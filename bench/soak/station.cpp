@@ -100,7 +100,7 @@ void work(Station& station) {
   bool isMeasured = false;
   while (!station.state.isCut && now() < station.order.endsAt) {
     roads.goOne();
-    if (isMeasured || now() < station.order.measuresAt) continue;
+    if (isMeasured || !roads.hasGoneAll() || now() < station.order.measuresAt) continue;
     isMeasured = true;
     measure();
   }

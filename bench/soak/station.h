@@ -32,6 +32,7 @@ class Roads {
 
   /// Goes one road, and comes home. Throws NotReached.
   void goOne();
+  bool hasGoneAll() const;
 
  private:
   void takeIn();
