@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int balloonMs = 2300;  ///< after which the balloon of a sent message is gone
+
 bool workspaceIsInFront() { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; }
 
 bool stands(const QString& column, const QString& text) { return fServisFis != nullptr && fServisFis->text(column) == text; }
@@ -77,6 +79,7 @@ void FinishRoad::complete(ScreenHands& hands, const Simulator& simulator) {
   });
   if (simulator.mails().back().recipients != QList<QByteArray>{"OZTURK@TORVANE.EXAMPLE"}) throw StationMissed("the mail went elsewhere");
   hands.picture(u"is-bitti"_s);
+  hands.pause(balloonMs);
   PaperRoad::lookAtReceipt(hands, u"teslim-makbuzu"_s);
 }
 

@@ -84,9 +84,23 @@ void ScreenHands::tool(const QStringList& arguments) {
   if (!process.waitForFinished(60000) || process.exitCode() != 0) throw StationMissed("xdotool failed");
 }
 
-void ScreenHands::press(const QStringList& keys) { tool(QStringList{u"key"_s, u"--delay"_s, u"15"_s} + keys); }
+void ScreenHands::awaitKeyboard() {
+  waitFor(u"window with the keyboard"_s, [] {
+    const QWidget* modal = QApplication::activeModalWidget();
+    const QWidget* active = QApplication::activeWindow();
+    return QApplication::activePopupWidget() != nullptr || (active != nullptr && (modal == nullptr || active == modal));
+  });
+}
 
-void ScreenHands::type(const QString& text) { tool({u"type"_s, u"--delay"_s, u"12"_s, u"--"_s, text}); }
+void ScreenHands::press(const QStringList& keys) {
+  awaitKeyboard();
+  tool(QStringList{u"key"_s, u"--delay"_s, u"15"_s} + keys);
+}
+
+void ScreenHands::type(const QString& text) {
+  awaitKeyboard();
+  tool({u"type"_s, u"--delay"_s, u"12"_s, u"--"_s, text});
+}
 
 void ScreenHands::click(const QString& objectName) {
   waitFor(u"control "_s + objectName, [&] {

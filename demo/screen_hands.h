@@ -42,6 +42,8 @@ class ScreenHands {
  private:
   void onMainThread(const std::function<void()>& work);
   void tool(const QStringList& arguments);
+  /// Waits until the program's window in front has the keyboard: the window manager gives it a moment later.
+  void awaitKeyboard();
 
   QString pictureFolder_;
   int pictures_ = 0;
