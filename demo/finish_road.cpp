@@ -80,7 +80,7 @@ void FinishRoad::complete(ScreenHands& hands, const Simulator& simulator) {
   if (simulator.mails().back().recipients != QList<QByteArray>{"OZTURK@TORVANE.EXAMPLE"}) throw StationMissed("the mail went elsewhere");
   hands.picture(u"is-bitti"_s);
   hands.pause(balloonMs);
-  PaperRoad::lookAtReceipt(hands, u"teslim-makbuzu"_s);
+  PaperRoad::lookAtReceipt(hands, u"servis-raporu"_s);
 }
 
 void FinishRoad::deliver(ScreenHands& hands) {
@@ -88,6 +88,8 @@ void FinishRoad::deliver(ScreenHands& hands) {
   hands.press({u"F2"_s});
   hands.waitFor(u"day of delivery"_s, [] { return !fServisFis->text(u"TS_TESLIM_TARIH"_s).isEmpty() && stands(u"TS_TURU"_s, u"TESLİM EDİLDİ"_s); });
   hands.picture(u"teslim-edildi"_s);
+  hands.pause(balloonMs);
+  PaperRoad::lookAtReceipt(hands, u"teslim-makbuzu"_s);
 }
 
 void FinishRoad::loseAndRestore(ScreenHands& hands) {
