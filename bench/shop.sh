@@ -11,7 +11,11 @@ shop_address=127.0.0.49
 tool=$root/server/kvtk-server
 worker=$root/build/release/bench/kvtk-bench-workstation
 
-say_figure() { printf '%s %.3f %s\n' "$@"; }
+# A figure that could not be taken ends the run.
+say_figure() {
+  [[ $2 =~ ^-?[0-9][0-9.e+-]*$ ]] || { echo "bench/run: no figure $1" >&2; exit 1; }
+  printf '%s %.3f %s\n' "$@"
+}
 
 # Runs a command and prints its seconds under a name.
 timed() {
@@ -50,10 +54,10 @@ lines() { cat "$scratch"/work/*.lines | grep -cE "^($1) " || true; }
 # the command given.
 lost_saves() {
   {
-    echo "CREATE TEMPORARY TABLE told (TS_NO VARCHAR(15) PRIMARY KEY, TOKEN VARCHAR(80), LINES INT) CHARSET=latin5 COLLATE=latin5_turkish_ci;"
+    echo "CREATE TEMPORARY TABLE told (TS_NO VARCHAR(15) PRIMARY KEY, TOKEN VARCHAR(80), PARTS INT) CHARSET=latin5 COLLATE=latin5_turkish_ci;"
     cat "$scratch"/work/*.lines | awk '$1 == "done" && ($2 == "new" || $2 == "own") {print "REPLACE INTO told VALUES (\x27" $4 "\x27, \x27" $5 "\x27, " ($2 == "new" ? 2 : 0) ");"}'
     echo "SELECT COUNT(*) FROM told LEFT JOIN teknikservis t USING (TS_NO) LEFT JOIN notlar ON SF_TS_ID = TS_ID
-      WHERE NOT (TS_ACIKLAMA <=> TOKEN AND SF_NOT <=> TOKEN) OR LINES > (SELECT COUNT(*) FROM malzeme WHERE TS_NO_REF = TS_ID AND MZ_PARCA_ADI = TOKEN);"
+      WHERE NOT (TS_ACIKLAMA <=> TOKEN AND SF_NOT <=> TOKEN) OR PARTS > (SELECT COUNT(*) FROM malzeme WHERE TS_NO_REF = TS_ID AND MZ_PARCA_ADI = TOKEN);"
   } | "$@"
 }
 
