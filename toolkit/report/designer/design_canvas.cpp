@@ -19,6 +19,7 @@ namespace {
 constexpr double dotsPerMillimetreAtFull = 96 / 25.4;
 constexpr double leastZoom = 0.1;
 constexpr double mostZoom = 8;
+constexpr double leastFitZoom = 0.25;
 constexpr double mostFitZoom = 3;
 constexpr double gap = 28;           ///< dots around the paper
 constexpr double gridStep = 1;       ///< mm
@@ -169,8 +170,14 @@ void DesignCanvas::fitPage() {
   const double tags = places_->bands().empty() ? gap : bandTagWidth + gap / 2;
   const double across = (viewport()->width() - tags - gap) / seen.width();
   const double down = (viewport()->height() - 2 * gap) / seen.height();
-  zoomTo(std::min({across / dotsPerMillimetreAtFull, down / dotsPerMillimetreAtFull, mostFitZoom}));
+  const double fit = std::min(across, down) / dotsPerMillimetreAtFull;
+  zoomTo(std::clamp(fit, leastFitZoom, mostFitZoom));
   centerOn(seen.center() - QPointF((tags - gap) / 2 / toView().m11(), 0));
+  // A paper that a small view does not hold is shown from its corner; the bands' tags are left of it.
+  if (fit < leastFitZoom) {
+    horizontalScrollBar()->setValue(horizontalScrollBar()->minimum() + static_cast<int>(tags - gap / 2));
+    verticalScrollBar()->setValue(verticalScrollBar()->minimum());
+  }
 }
 
 void DesignCanvas::fitWidth() {
