@@ -10,6 +10,7 @@
 #include "base/whole_file.h"
 #include "comm/http_client.h"
 #include "comm/service_addresses.h"
+#include "extras/named_box.h"
 #include "extras/rate_store.h"
 #include "toolkit/shell/waiting_run.h"
 
@@ -29,16 +30,8 @@ constexpr int ratePlaces = 5;
 const QString path = u"/doviz.xml"_s;
 const QString workingFile = u"temp.adpheadlines.xml"_s;  // beside the program
 
-template <class Box>
-Box* named(Box* box, const QString& name, const QString& caption) {
-  box->setObjectName(name);
-  box->setCaption(caption);
-  box->setFixedWidth(boxWidth);
-  return box;
-}
-
 qcxCurrencyEdit* rateBox(const QString& name, const QString& caption) {
-  auto* box = named(new qcxCurrencyEdit, name, caption);
+  auto* box = namedBox(new qcxCurrencyEdit, name, caption, boxWidth);
   box->setDisplayFormat(u",0.00000;-,0.00000"_s);
   box->setDecimalPlaces(ratePlaces);
   box->setValue(1);
@@ -51,7 +44,7 @@ QString today() { return DateText::date(environment().today()); }
 
 TfDoviz::TfDoviz(QWidget* parent)
     : QDialog(parent),
-      eTarih(named(new qcxTextEdit, u"eTarih"_s, u"Kur Tarihi"_s)),
+      eTarih(namedBox(new qcxTextEdit, u"eTarih"_s, u"Kur Tarihi"_s, boxWidth)),
       eDolar(rateBox(u"eDolar"_s, u"($) Dolar"_s)),
       eEuro(rateBox(u"eEuro"_s, u"(€) Euro"_s)),
       eSterlin(rateBox(u"eSterlin"_s, u"(£) Sterlin"_s)),

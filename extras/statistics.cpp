@@ -4,6 +4,7 @@
 #include "app/editors/qcx_editors.h"
 #include "base/environment.h"
 #include "base/guard.h"
+#include "extras/named_box.h"
 #include "extras/statistics_chart.h"
 #include "extras/statistics_store.h"
 
@@ -23,16 +24,8 @@ constexpr int yearLength = 4;
 constexpr int yearButtonIndex = 1;
 constexpr QSize preferredSize(640, 480);
 
-template <class Box>
-Box* named(Box* box, const QString& name, const QString& caption) {
-  box->setObjectName(name);
-  box->setCaption(caption);
-  box->setFixedWidth(boxWidth);
-  return box;
-}
-
 qcxTextEdit* countBox(const QString& name, const QString& caption) {
-  auto* box = named(new qcxTextEdit, name, caption);
+  auto* box = namedBox(new qcxTextEdit, name, caption, boxWidth);
   box->setReadOnly(true);
   return box;
 }
@@ -42,7 +35,7 @@ qcxTextEdit* countBox(const QString& name, const QString& caption) {
 TIstForm::TIstForm(QWidget* parent)
     : QDialog(parent),
       qSeri(DM->MySQL, u"qSeri"_s),
-      eYil(named(new qcxButtonEdit, u"eYil"_s, u" İŞLEM YILI"_s)),
+      eYil(namedBox(new qcxButtonEdit, u"eYil"_s, u" İŞLEM YILI"_s, boxWidth)),
       eOLUMLU(countBox(u"eOLUMLU"_s, u" OLUMLU İŞLEM"_s)),
       eOLUMSUZ(countBox(u"eOLUMSUZ"_s, u" OLUMSUZ İŞLEM"_s)),
       eSERVIS(countBox(u"eSERVIS"_s, u" SERVİSDE OLAN"_s)),

@@ -150,25 +150,7 @@ void ComboEdit::dismiss() {
 }
 
 bool ComboEdit::keepsKey(const QKeyEvent& key) const {
-  if (!isDropDownOpen()) return false;
-  const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
-  switch (key.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      return modifiers == Qt::NoModifier || modifiers == Qt::AltModifier;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Escape:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_F4:
-      return modifiers == Qt::NoModifier;
-    default:
-      return writesText(key);
-  }
+  return isDropDownOpen() && (DropDown::worksWith(key, {Qt::Key_Tab}) || writesText(key));
 }
 
 void ComboEdit::choose(int index) {

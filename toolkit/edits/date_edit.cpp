@@ -90,26 +90,7 @@ void DateEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
 }
 
 bool DateEdit::keepsKey(const QKeyEvent& key) const {
-  if (!isDropDownOpen()) return false;
-  const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
-  switch (key.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      return modifiers == Qt::NoModifier || modifiers == Qt::AltModifier;
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Escape:
-    case Qt::Key_F4:
-      return modifiers == Qt::NoModifier;
-    default:
-      return false;
-  }
+  return isDropDownOpen() && DropDown::worksWith(key, {Qt::Key_Left, Qt::Key_Right});
 }
 
 /// Does in the open calendar what a key means there; false when it means nothing.

@@ -90,6 +90,26 @@ void DropDown::openUnder(QSize size) {
   show();
 }
 
+bool DropDown::worksWith(const QKeyEvent& key, std::initializer_list<Qt::Key> also) {
+  const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
+  switch (key.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+      return modifiers == Qt::NoModifier || modifiers == Qt::AltModifier;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_Escape:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_F4:
+      return modifiers == Qt::NoModifier;
+    default:
+      return modifiers == Qt::NoModifier && std::ranges::find(also, key.key()) != also.end();
+  }
+}
+
 void DropDown::drawTo(QSize size) {
   resize(size.expandedTo(QSize(120, 80)).boundedTo(screen()->availableGeometry().size()));
   drawnSizes().insert(box_->objectName(), this->size());

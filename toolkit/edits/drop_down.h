@@ -2,6 +2,8 @@
 
 #include <QFrame>
 
+#include <initializer_list>
+
 class EditBox;
 class QKeyEvent;
 
@@ -13,6 +15,10 @@ class DropDown : public QFrame {
  public:
   /// Keys that the box keeps, its line and its button 0 close it by themselves.
   DropDown(EditBox* box, QWidget* content, bool sizeable);
+
+  /// True for a key that every open list or calendar works with, and for those given: Up and Down alone or with Alt, all others
+  /// alone. For EditBox::keepsKey.
+  static bool worksWith(const QKeyEvent& key, std::initializer_list<Qt::Key> also);
 
   /// The user draws it to another size by its lower right corner. All boxes of its box's name open in that size from then
   /// on, as long as the program runs.

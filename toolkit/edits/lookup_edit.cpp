@@ -170,28 +170,7 @@ void LookupEdit::dismiss() {
 
 bool LookupEdit::keepsKey(const QKeyEvent& key) const {
   if (!isDropDownOpen()) return key.key() == Qt::Key_Escape && text() != settledText_;
-  const auto modifiers = key.modifiers() & ~Qt::KeypadModifier;
-  switch (key.key()) {
-    case Qt::Key_Up:
-    case Qt::Key_Down:
-      return modifiers == Qt::NoModifier || modifiers == Qt::AltModifier;
-    case Qt::Key_PageUp:
-    case Qt::Key_PageDown:
-    case Qt::Key_Escape:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_F4:
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-    case Qt::Key_Home:
-    case Qt::Key_End:
-      return modifiers == Qt::NoModifier;
-    default:
-      return writesText(key);
-  }
+  return DropDown::worksWith(key, {Qt::Key_Tab, Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Left, Qt::Key_Right}) || writesText(key);
 }
 
 void LookupEdit::moveHighlight(int by) {
