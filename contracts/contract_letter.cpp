@@ -48,6 +48,7 @@ void ContractLetter::print(QWidget* owner, const ContractQueries& queries) {
     report.setRichText(text, std::move(letter));
   }
   const QString paper = u"Sözleşme formu"_s;
-  if (fParametreler->isChecked(ParameterFiles::PreviewReceipt)) return showReport(owner, report, paper);
-  if (printReport(report, paper)) ports().setStatusText(u"%1 %2 yazıcısına gönderildi..."_s.arg(paper, printerName(report)));
+  const QString name = u"%1 %2"_s.arg(paper, queries.qSozlesme.FieldByName(u"SOZ_NO"_s).value().toText()).trimmed();
+  if (fParametreler->isChecked(ParameterFiles::PreviewReceipt)) return showReport(owner, report, name);
+  if (printReport(report, name)) ports().setStatusText(u"%1 %2 yazıcısına gönderildi..."_s.arg(paper, printerName(report)));
 }

@@ -159,6 +159,11 @@ QString receiptFile(const SlipScreen& slip) {
   return u"%1rapor/%2.fr3"_s.arg(QuendUtil->programFolder).arg(number);
 }
 
+QString caption(Paper paper) { return paper == Receipt ? u"Arıza formu"_s : u"Barkod etiket"_s; }
+
+/// What a paper of a slip is called among the printer's jobs and as a file.
+QString documentName(const SlipScreen& slip, Paper paper) { return u"%1 %2"_s.arg(caption(paper), slip.text(u"TS_NO"_s)).trimmed(); }
+
 /// What a designed paper is shown with: what it would print now.
 DesignSample sampleOf(const SlipScreen& slip, Paper paper) {
   DesignSample sample;
@@ -173,6 +178,7 @@ DesignSample sampleOf(const SlipScreen& slip, Paper paper) {
     logMessage(u"Tasarım verileri"_s, &error);  // an amount that is no number keeps nobody from designing
   }
   sample.printer = (paper == Receipt ? fParametreler->VarsayilanPrinter : fParametreler->yBarkodPrinter)->text();
+  sample.documentName = documentName(slip, paper);
   if (paper == Receipt) sample.data.addRows(u"Malzeme"_s, std::make_shared<PrintedLines>(slip.lines()), u"Fişin malzemeleri"_s);
   return sample;
 }
@@ -185,8 +191,8 @@ void choosePrinter(Report& report, const ComboEdit* printer, const ComboEdit* co
 }
 
 /// Prints without a dialog, and tells in the status bar that it went to the printer; a refusal is told nowhere on the screen.
-void print(const Report& report, const QString& paper) {
-  if (printReport(report, paper)) ports().setStatusText(u"%1 %2 yazıcısına gönderildi..."_s.arg(paper, report.printer));
+void print(const SlipScreen& slip, const Report& report, Paper paper) {
+  if (printReport(report, documentName(slip, paper))) ports().setStatusText(u"%1 %2 yazıcısına gönderildi..."_s.arg(caption(paper), report.printer));
 }
 
 }  // namespace
@@ -208,9 +214,8 @@ void SlipPrinting::printReceipt(SlipScreen& slip) {
   }
   report.data().addRows(u"Malzeme"_s, std::make_shared<PrintedLines>(slip.lines()), u"Fişin malzemeleri"_s);
   choosePrinter(report, fParametreler->VarsayilanPrinter, fParametreler->VarsayilanPrinterCopyNum);
-  const QString paper = u"Arıza formu"_s;
-  if (!fParametreler->isChecked(ParameterFiles::PreviewReceipt)) return print(report, paper);
-  showReport(slip.dialogOwner(), report, paper);
+  if (!fParametreler->isChecked(ParameterFiles::PreviewReceipt)) return print(slip, report, Receipt);
+  showReport(slip.dialogOwner(), report, documentName(slip, Receipt));
 }
 
 void SlipPrinting::printLabel(SlipScreen& slip) {
@@ -220,7 +225,7 @@ void SlipPrinting::printLabel(SlipScreen& slip) {
   setBarcodes(report, slip, Label);
   setVariables(report.data(), slip, Label);
   choosePrinter(report, fParametreler->yBarkodPrinter, fParametreler->yBarkodPrinterCopyNum);
-  print(report, u"Barkod etiket"_s);
+  print(slip, report, Label);
 }
 
 void SlipPrinting::designReceipt(SlipScreen& slip) { ports().designReport(receiptFile(slip), sampleOf(slip, Receipt)); }

@@ -60,7 +60,7 @@ class Answers : public DialogDriver {
   explicit Answers(unsigned seed) : chance_(seed) {}
   int runTaskDialog(QWidget* owner, const TaskDialogRequest& request) override;
   QString askOpenFile(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
-  QString askSaveFile(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
+  QString askSaveFile(QWidget*, const QString&, const QString&, const QString&, const QString&) override { return {}; }
   QString askText(QWidget*, const QString&, const QString&) override;
 
  private:

@@ -39,7 +39,7 @@ class ScriptedDialogs {
       return answer;
     }
     QString askOpenFile(QWidget*, const QString&, const QString&, const QString&) override { return script_.file; }
-    QString askSaveFile(QWidget*, const QString&, const QString&, const QString&) override { return script_.file; }
+    QString askSaveFile(QWidget*, const QString&, const QString&, const QString&, const QString&) override { return script_.file; }
 
    private:
     ScriptedDialogs& script_;

@@ -1,10 +1,12 @@
 #include "base/exceptions.h"
+#include "base/guard.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/toolkit/listed_content.h"
 #include "toolkit/grid/grid_preview.h"
 
 #include <QApplication>
 #include <QFile>
+#include <QFileDialog>
 #include <QPainter>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -127,6 +129,22 @@ TEST(GridPreviewTest, TurnsPagesZoomsAndWritesThemAll) {
     preview.grab().save(shots + u"/preview_found.png"_s);
   }
   EXPECT_THROW(preview.writePdf(folder.filePath(u"yok/liste.pdf"_s)), EInOutError);
+}
+
+TEST(GridPreviewTest, APdfIsProposedUnderTheDocumentsName) {
+  GridPreviewRequest asked = request();
+  asked.documentName = u"Arıza formu 2024/17: \"acil\""_s;
+  GridPreview preview(nullptr, table(3, 2, 100), asked);
+  preview.show();
+  QStringList proposed;
+  postGuarded(&preview, [&] {
+    auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    proposed = dialog->selectedFiles();
+    dialog->reject();
+  });
+  preview.findChild<QToolButton*>(u"pdf_button"_s)->click();
+  ASSERT_EQ(proposed.size(), 1);
+  EXPECT_EQ(proposed[0].section(u'/', -1), u"Arıza formu 2024-17- -acil-.pdf");
 }
 
 TEST(GridPreviewTest, WithoutAPrinterItSaysSo) {

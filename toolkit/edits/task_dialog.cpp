@@ -156,7 +156,15 @@ class TaskDialogWindow : public QDialog {
   int result_;
 };
 
-QString askFile(QWidget* owner, QFileDialog::AcceptMode mode, const QString& title, const QString& filter, const QString& suffix) {
+/// A text as the name of a file on every system.
+QString asFileName(QString text) {
+  for (QChar& letter : text)
+    if (letter < u' ' || u"\\/:*?\"<>|"_s.contains(letter)) letter = u'-';
+  return text.simplified();
+}
+
+QString askFile(QWidget* owner, QFileDialog::AcceptMode mode, const QString& title, const QString& filter, const QString& suffix,
+                const QString& proposed) {
   static QString lastFolder;
   QFileDialog dialog(owner ? owner->window() : nullptr, title, lastFolder, filter);
   dialog.setAcceptMode(mode);
@@ -169,6 +177,7 @@ QString askFile(QWidget* owner, QFileDialog::AcceptMode mode, const QString& tit
   dialog.setLabelText(QFileDialog::FileType, u"Dosya türü:"_s);
   dialog.setLabelText(QFileDialog::Accept, opens ? u"Aç"_s : u"Kaydet"_s);
   dialog.setLabelText(QFileDialog::Reject, u"Vazgeç"_s);
+  if (!proposed.isEmpty()) dialog.selectFile(u"%1.%2"_s.arg(asFileName(proposed), suffix));
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   const QString file = dialog.selectedFiles().first();
   lastFolder = QFileInfo(file).absolutePath();
@@ -203,11 +212,11 @@ int DialogDriver::runTaskDialog(QWidget* owner, const TaskDialogRequest& request
 }
 
 QString DialogDriver::askOpenFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix) {
-  return askFile(owner, QFileDialog::AcceptOpen, title, filter, suffix);
+  return askFile(owner, QFileDialog::AcceptOpen, title, filter, suffix, {});
 }
 
-QString DialogDriver::askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix) {
-  const QString file = askFile(owner, QFileDialog::AcceptSave, title, filter, suffix);
+QString DialogDriver::askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix, const QString& proposed) {
+  const QString file = askFile(owner, QFileDialog::AcceptSave, title, filter, suffix, proposed);
   if (file.isEmpty() || !QFileInfo::exists(file)) return file;
   constexpr int replaceIt = 1;
   const int answer = ::runTaskDialog(owner, {title, u"Dikkat!"_s, u"\"%1\" zaten var.\nÜzerine yazılsın mı?"_s.arg(QFileInfo(file).fileName()),
@@ -233,8 +242,8 @@ QString askOpenFile(QWidget* owner, const QString& title, const QString& filter,
   return activeDriver().askOpenFile(owner, title, filter, suffix);
 }
 
-QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix) {
-  return activeDriver().askSaveFile(owner, title, filter, suffix);
+QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix, const QString& proposed) {
+  return activeDriver().askSaveFile(owner, title, filter, suffix, proposed);
 }
 
 QString askText(QWidget* owner, const QString& title, const QString& prompt) {

@@ -33,9 +33,10 @@ class DialogDriver {
   virtual ~DialogDriver() = default;
   virtual int runTaskDialog(QWidget* owner, const TaskDialogRequest& request);
   /// filter is Qt's ("Resim (*.jpg *.png)"); suffix, without its point, is added to a name that has none. Empty when the
-  /// user gave up.
+  /// user gave up. proposed is the name that a file to save gets unless another one is written; letters that no file name
+  /// holds are left out of it.
   virtual QString askOpenFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
-  virtual QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
+  virtual QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix, const QString& proposed);
   /// One line of text, empty at first; empty as well when the user gave up.
   virtual QString askText(QWidget* owner, const QString& title, const QString& prompt);
 };
@@ -47,7 +48,7 @@ std::unique_ptr<DialogDriver> setDialogDriver(std::unique_ptr<DialogDriver> driv
 /// active, and within it the control, has the focus again.
 int runTaskDialog(QWidget* owner, const TaskDialogRequest& request);
 QString askOpenFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
-QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix);
+QString askSaveFile(QWidget* owner, const QString& title, const QString& filter, const QString& suffix, const QString& proposed = {});
 QString askText(QWidget* owner, const QString& title, const QString& prompt);
 /// A message of text and icon alone, with the button "Tamam".
 void showPlainMessage(QWidget* owner, TaskIcon icon, const QString& text);

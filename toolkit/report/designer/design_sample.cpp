@@ -47,6 +47,12 @@ DesignedObject laidOut(const LayoutObject& object, const DesignSample& sample, c
   return made;
 }
 
+/// The text that the program gives a barcode of that name.
+void putBarcode(LayoutObject& object, const DesignSample& sample) {
+  if (object.kind == NodeKind::Barcode && sample.barcodes.contains(object.name))
+    object.text = ExpressionText(ExpressionText::literal(sample.barcodes.value(object.name)));
+}
+
 }  // namespace
 
 DesignSample exampleOf(const DesignSample& sample) {
@@ -61,6 +67,7 @@ DesignSample exampleOf(const DesignSample& sample) {
   for (auto each = sample.barcodes.begin(); each != sample.barcodes.end(); ++each) made.barcodes.insert(each.key(), u"123456"_s);
   made.richTexts = sample.richTexts;
   made.printer = sample.printer;
+  made.documentName = sample.documentName;
   return made;
 }
 
@@ -71,8 +78,13 @@ ReportDocument filledWith(const ReportDocument& document, const DesignSample& sa
   return filled;
 }
 
-SampleContext::SampleContext(const DesignSample& sample, const ReportNode& object, int row) {
-  const ReportNode* band = object.parent();
+bool waitsForText(const ReportNode& object, const DesignSample& sample) {
+  if (!has(object, u"text") || !object.text(u"text").isEmpty() || object.flag(u"locked")) return false;
+  return !sample.barcodes.contains(object.name()) && !sample.richTexts.contains(object.name());
+}
+
+SampleContext::SampleContext(const DesignSample& sample, const ReportNode& node, int row) {
+  const ReportNode* band = isObject(node.kind()) ? node.parent() : &node;
   const bool isInBand = band && band->kind() == NodeKind::Band;
   const int ours = isInBand ? sample.data.findRows(ReportData::folded(band->text(u"data"))) : -1;
   int set = 0;
@@ -106,8 +118,23 @@ DesignedObject designedObject(const ReportNode& object, const DesignSample& samp
 
 DesignedObject printedObject(const ReportNode& object, const DesignSample& sample, int row) {
   LayoutObject shown(object);
-  if (object.kind() == NodeKind::Barcode && sample.barcodes.contains(object.name()))
-    shown.text = ExpressionText(ExpressionText::literal(sample.barcodes.value(object.name())));
+  putBarcode(shown, sample);
   const SampleContext place(sample, object, row);
   return laidOut(shown, sample, place.context(), &sample.richTexts);
+}
+
+BandBox printedParts(const ReportNode& parent, const DesignSample& sample, int row) {
+  const SampleContext place(sample, parent, row);
+  if (parent.kind() == NodeKind::Band) {
+    LayoutBand band(parent);
+    for (LayoutObject& object : band.objects) putBarcode(object, sample);
+    return layoutBand(band, place.context(), &sample.richTexts);
+  }
+  std::vector<LayoutObject> objects;
+  for (const auto& child : parent.children()) {
+    if (!isObject(child->kind())) continue;
+    objects.emplace_back(*child);
+    putBarcode(objects.back(), sample);
+  }
+  return layoutObjects(objects, 0, place.context(), &sample.richTexts);
 }

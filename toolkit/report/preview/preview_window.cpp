@@ -302,7 +302,7 @@ void PreviewWindow::writePdf(const QString& file) {
 }
 
 void PreviewWindow::savePdf() {
-  const QString file = askSaveFile(this, u"PDF olarak kaydet"_s, u"PDF (*.pdf)"_s, u"pdf"_s);
+  const QString file = askSaveFile(this, u"PDF olarak kaydet"_s, u"PDF (*.pdf)"_s, u"pdf"_s, request_.documentName);
   if (file.isEmpty()) return;
   try {
     writePdf(file);

@@ -17,7 +17,7 @@ class QSpinBox;
 
 struct PreviewRequest {
   QString caption = QStringLiteral("Önizleme");
-  QString documentName = {};  ///< of the printer's job, and of the PDF
+  QString documentName = {};  ///< of the printer's job and of the PDF, which it is proposed for as its file's name
   QString printer = {};       ///< that the print dialog proposes; empty is the system's default
   int copies = 1;
   /// When set, a large button "Excel`e Aktar" in the toolbar calls it with the preview as owner of its messages.
