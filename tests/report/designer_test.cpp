@@ -133,6 +133,47 @@ TEST_F(DesignerTest, ObjectsAreDrawnWithTheirToolsAndDroppedFromTheData) {
   }
   expectStep(u"Metin ekle"_s, [&] { drop("Malzeme.AD", at(20, 60), {}); });
   EXPECT_EQ(node(u"B"_s)->text(u"data"), u"Malzeme") << "the band goes through the field's rows";
+  const qsizetype count = std::ssize(node(u"B"_s)->children());
+  expectStep(u"Metni yaz"_s, [&] { drop("MUSTERI_ADI", at(25, 18), {}); });
+  EXPECT_EQ(editor().root().children().front()->children().front()->children().front()->text(u"text"), u"[MUSTERI_ADI]") << "the empty barcode takes it";
+  EXPECT_EQ(std::ssize(node(u"B"_s)->children()), count);
+  // A picture is asked for when it has been drawn.
+  dialogs.file = folder.filePath(u"logo.png"_s);
+  QImage(2, 2, QImage::Format_RGB32).save(dialogs.file);
+  designer.actions().action(u"toolPicture"_s)->trigger();
+  drag(at(60, 50), at(80, 65));
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(editor().selection().front()->picture(u"picture").isEmpty());
+}
+
+TEST_F(DesignerTest, InsideAFrameTheMouseSelectsAndAClickTakesTheFrame) {
+  open(R"(<band height="60"><rectangle name="r" left="5" top="5" width="60" height="40"/><text name="a" left="10" top="10">A</text></band>)");
+  drag(at(50, 22), at(22, 40));
+  EXPECT_EQ(editor().selection(), std::vector{node(u"a"_s)}) << "a band drawn in the frame does not take it";
+  click(60, 45);
+  EXPECT_EQ(editor().selection(), std::vector{node(u"r"_s)});
+  expectStep(u"Taşı"_s, [&] { drag(at(60, 45), at(65, 45)); });
+}
+
+TEST_F(DesignerTest, PanesYieldToThePageAndAreFolded) {
+  open(R"(<band height="40"><text name="a">A</text></band>)");
+  const auto shown = [&] { return std::pair(designer.dataList().isVisible(), designer.inspector().isVisible()); };
+  EXPECT_EQ(shown(), std::pair(true, true));
+  designer.resize(700, 500);
+  EXPECT_EQ(shown(), std::pair(true, false)) << "narrow";
+  EXPECT_GT(canvas().width(), 350);
+  editor().select(node(u"a"_s));
+  key(Qt::Key_F4);
+  EXPECT_TRUE(designer.inspector().isVisible()) << "what is gone to unfolds";
+  key(Qt::Key_F8);
+  designer.resize(1300, 800);
+  EXPECT_EQ(shown(), std::pair(false, true)) << "what the user folded stays";
+  ReportDesigner other;
+  other.resize(1300, 800);
+  other.restoreState(designer.state());
+  other.show();
+  EXPECT_FALSE(other.dataList().isVisible());
+  EXPECT_TRUE(other.inspector().isVisible());
 }
 
 TEST_F(DesignerTest, TheInspectorShowsWhatAllHaveAndWhereTheyDiffer) {
@@ -183,8 +224,22 @@ TEST_F(DesignerTest, TheInspectorShowsWhatAllHaveAndWhereTheyDiffer) {
   }
   EXPECT_EQ(bytes(), left) << "looking at values changes none";
   editor().change(u"x"_s, *node(u"b"_s), u"font"_s, ReportFont{.family = u"Courier"_s, .points = 20, .bold = true});
-  expectStep(u"Yazı tipi"_s, [&] { model.setValue(model.rowOf(u"font"), ReportFont{.family = {}, .points = 9}); });
+  const auto fontPart = [&](const QString& name) {
+    for (QWidget* part : designer.inspector().table()->findChildren<QWidget*>())
+      if (part->accessibleName() == name && part->isVisible()) return part;
+    return static_cast<QWidget*>(nullptr);
+  };
+  designer.inspector().edit(u"font");
+  expectStep(u"Yazı tipi"_s, [&] {
+    qobject_cast<QLineEdit*>(fontPart(u"Boy"_s))->setText(u"9"_s);
+    canvas().setFocus();
+  });
   EXPECT_EQ(node(u"b"_s)->font(u"font"), (ReportFont{.family = u"Courier"_s, .points = 9, .bold = true})) << "the size alone";
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  designer.inspector().edit(u"font");
+  expectStep(u"Yazı tipi"_s, [&] { QTest::mouseClick(fontPart(u"Eğik"_s), Qt::LeftButton); });
+  EXPECT_EQ(node(u"a"_s)->font(u"font").italic && node(u"b"_s)->font(u"font").italic && !node(u"a"_s)->font(u"font").bold, true) << "a style alone";
+  canvas().setFocus();
   expectStep(u"Kilitli"_s, [&] { model.setData(model.index(model.rowOf(u"locked"), 1), Qt::Checked, Qt::CheckStateRole); });
   designer.findChild<QLineEdit*>(u"propertySearch"_s)->setText(u"YÜKSEK"_s);
   EXPECT_EQ(model.rowCount(), 1);

@@ -134,6 +134,11 @@ INSTANTIATE_TEST_SUITE_P(
                   u"Metninin üstüne Dikdörtgen geliyor"_s},
         FaultCase{"CoveredByABand", R"(<text name="a">aaaa</text><band height="30"><rectangle background="#ffffff"/></band>)",
                   u"Metninin üstüne Dikdörtgen geliyor"_s},
+        FaultCase{"CoveredByAnotherBand", R"(<band height="10"><text name="a" top="5">aaaa</text></band><band><rectangle top="-6" background="#ffffff"/></band>)",
+                  u"Metninin üstüne Dikdörtgen geliyor"_s},
+        FaultCase{"CoveredByTheNextRow", R"(<band data="Malzeme" height="5"><text name="a" width="60">[Malzeme.P]</text><rectangle top="-4" height="3" background="#ffffff"/></band>)",
+                  u"Metninin üstüne Dikdörtgen geliyor"_s},
+        FaultCase{"PushedByAGrownText", R"(<band><text grows="true" width="10">aaaa bbbb cccc dddd</text><text top="5">aaaa</text></band><band><text>aaaa</text></band>)", {}},
         FaultCase{"FrameAroundText", R"(<band><text name="a">aaaa</text><rectangle/></band>)", {}},
         FaultCase{"TooHigh", R"(<band height="90"/>)", u"Bant sayfadan yüksek"_s}),
     [](const auto& each) { return each.param.name; });

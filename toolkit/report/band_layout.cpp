@@ -75,6 +75,7 @@ BandBox finished(std::vector<Placing>& all, double height) {
     const QRectF rect(each.original.left(), each.top, each.original.width(), each.bottom - each.top);
     for (const double start : each.measured.pageStarts) box.pageStarts.push_back(each.top + start);
     for (const KeptRange& range : each.measured.kept) box.kept.push_back({each.top + range.from, each.top + range.behind});
+    box.starts.emplace_back(object.node, box.primitives.size());
     place(each.measured, rect, box.primitives);
     for (const QString& reason : each.measured.faults) box.faults.push_back({object.name, reason});
     for (const QString& notice : each.measured.notices) box.faults.push_back({.object = object.name, .reason = notice, .isNotice = true});

@@ -21,6 +21,8 @@ struct BandBox {
   std::vector<double> pageStarts;  ///< heights at which a new page is asked for
   std::vector<KeptRange> kept;
   std::vector<ReportFault> faults;
+  /// Objects with the place of their first primitive, until a part is taken off. Texts that wait for the number of pages are none's.
+  std::vector<std::pair<const ReportNode*, size_t>> starts;
 };
 
 /// Lays the objects out: what grows pushes down what stands below it, what shrinks lets it up.

@@ -10,6 +10,10 @@
 namespace {
 /// Logical pixels of a dialog's frame and buttons.
 constexpr int aroundContent = 120;
+/// The same with a line or two of text.
+constexpr int aroundPicture = 190;
+/// A dialog's frame.
+constexpr QSize aroundDialog(20, 50);
 /// What a screen that is enlarged by a broken factor may round away of a dialog; without it two scroll bars would come up.
 constexpr QSize slack(2, 2);
 }  // namespace
@@ -40,4 +44,11 @@ QSize ScreenRoom::bounded(QSize wanted) const {
   const int room = screen()->availableSize().height() - aroundContent;
   if (wanted.height() <= room) return wanted + slack;
   return {wanted.width() + verticalScrollBar()->sizeHint().width() + slack.width(), room};
+}
+
+QSize withinScreen(const QWidget& dialog, QSize wanted) { return wanted.boundedTo(dialog.screen()->availableSize() - aroundDialog); }
+
+QSize pictureWithinScreen(const QWidget& dialog, QSize wanted) {
+  const int room = dialog.screen()->availableSize().height() - aroundPicture;
+  return wanted.height() <= room ? wanted : wanted.scaled(wanted.width(), room, Qt::KeepAspectRatio);
 }

@@ -19,3 +19,8 @@ class ScreenRoom : public QScrollArea {
  private:
   QSize bounded(QSize wanted) const;
 };
+
+/// A dialog's wanted size, or what its screen has room for, in logical pixels.
+QSize withinScreen(const QWidget& dialog, QSize wanted);
+/// The same for a picture in a dialog, which keeps its shape.
+QSize pictureWithinScreen(const QWidget& dialog, QSize wanted);

@@ -14,17 +14,29 @@ namespace {
 
 QString millimetres(double value) { return QLocale(QLocale::Turkish).toString(value, 'f', 1); }
 
-std::vector<const ReportNode*> constNodes(const std::vector<ReportNode*>& nodes) { return {nodes.begin(), nodes.end()}; }
-
-class MoveGesture : public CanvasGesture {
+/// Works on the selected objects as one.
+class SelectionGesture : public CanvasGesture {
  public:
-  MoveGesture(DesignCanvas& canvas, QPointF from, bool copies)
+  SelectionGesture(DesignCanvas& canvas, QPointF from)
       : CanvasGesture(canvas),
         from_(from),
         objects_(canvas.editor().selectedObjects()),
         start_(Arranging::bounds(objects_, canvas.places())),
-        snapping_(canvas.places(), constNodes(objects_)),
-        copies_(copies) {}
+        snapping_(canvas.places(), objects_) {}
+
+  void paint(QPainter& painter, const CanvasMarks& marks) const override { marks.paintGuides(painter, guides_); }
+
+ protected:
+  QPointF from_;
+  std::vector<ReportNode*> objects_;
+  QRectF start_;
+  Snapping snapping_;
+  std::vector<QLineF> guides_;
+};
+
+class MoveGesture : public SelectionGesture {
+ public:
+  MoveGesture(DesignCanvas& canvas, QPointF from, bool copies) : SelectionGesture(canvas, from), copies_(copies) {}
 
   void move(QPointF place, Qt::KeyboardModifiers modifiers) override {
     by_ = place - from_;
@@ -46,32 +58,19 @@ class MoveGesture : public CanvasGesture {
     commands.dragged(by_);
   }
   void cancel() override { canvas_.previewMove(objects_, {}); }
-  void paint(QPainter& painter, const CanvasMarks& marks) const override { marks.paintGuides(painter, guides_); }
   QString told() const override {
     const QPointF place = start_.topLeft() + by_ - canvas_.places().cell().topLeft();
     return u"Sol %1 mm, üst %2 mm"_s.arg(millimetres(place.x()), millimetres(place.y()));
   }
 
  private:
-  QPointF from_;
-  std::vector<ReportNode*> objects_;
-  QRectF start_;
-  Snapping snapping_;
   bool copies_;
   QPointF by_;
-  std::vector<QLineF> guides_;
 };
 
-class ResizeGesture : public CanvasGesture {
+class ResizeGesture : public SelectionGesture {
  public:
-  ResizeGesture(DesignCanvas& canvas, QPointF from, int handle)
-      : CanvasGesture(canvas),
-        from_(from),
-        edges_(handleEdges(handle)),
-        objects_(canvas.editor().selectedObjects()),
-        start_(Arranging::bounds(objects_, canvas.places())),
-        rect_(start_),
-        snapping_(canvas.places(), constNodes(objects_)) {}
+  ResizeGesture(DesignCanvas& canvas, QPointF from, int handle) : SelectionGesture(canvas, from), edges_(handleEdges(handle)), rect_(start_) {}
 
   void move(QPointF place, Qt::KeyboardModifiers modifiers) override {
     rect_ = stretched(place - from_, edges_);
@@ -86,7 +85,6 @@ class ResizeGesture : public CanvasGesture {
     canvas_.editor().change(u"Boyutlandır"_s, Arranging::stretched(objects_, canvas_.places(), start_, rect_));
   }
   void cancel() override { canvas_.previewStretch(objects_, start_, start_); }
-  void paint(QPainter& painter, const CanvasMarks& marks) const override { marks.paintGuides(painter, guides_); }
   QString told() const override { return u"Genişlik %1 mm, yükseklik %2 mm"_s.arg(millimetres(rect_.width()), millimetres(rect_.height())); }
 
  private:
@@ -111,13 +109,8 @@ class ResizeGesture : public CanvasGesture {
       rect_.setBottom(start_.top() + size.height());
   }
 
-  QPointF from_;
   Qt::Edges edges_;
-  std::vector<ReportNode*> objects_;
-  QRectF start_;
   QRectF rect_;
-  Snapping snapping_;
-  std::vector<QLineF> guides_;
 };
 
 class RubberGesture : public CanvasGesture {
@@ -129,13 +122,16 @@ class RubberGesture : public CanvasGesture {
     rect_.setBottomRight(place);
     isDrawn_ = true;
     std::vector<ReportNode*> found = before_;
-    for (ReportNode* object : canvas_.objectsIn(rect_.normalized()))
-      if (std::find(found.begin(), found.end(), object) == found.end()) found.push_back(object);
+    for (ReportNode* object : canvas_.objectsIn(rect_.normalized())) {
+      const bool isAround = canvas_.isWithinFrame(*object, rect_.topLeft()) && canvas_.isWithinFrame(*object, rect_.bottomRight());
+      if (!isAround && std::find(found.begin(), found.end(), object) == found.end()) found.push_back(object);
+    }
     canvas_.editor().select(std::move(found));
   }
   void finish() override {
     if (isDrawn_ || adds_) return;
-    canvas_.editor().select(canvas_.holderAt(rect_.topLeft()));
+    ReportNode* frame = canvas_.objectAt(rect_.topLeft());
+    canvas_.editor().select(frame ? frame : canvas_.holderAt(rect_.topLeft()));
   }
   void cancel() override { canvas_.editor().select(before_); }
   void paint(QPainter& painter, const CanvasMarks& marks) const override {

@@ -32,7 +32,8 @@ class CanvasGesture {
 std::unique_ptr<CanvasGesture> moveGesture(DesignCanvas& canvas, QPointF from, bool copies);
 /// Stretches the selected objects by one of eight handles; with Shift both sides alike.
 std::unique_ptr<CanvasGesture> resizeGesture(DesignCanvas& canvas, QPointF from, int handle);
-/// Selects what the rectangle touches; with adds, on top of what is selected. A click selects the band or page below it.
+/// Selects what the rectangle touches; with adds, on top of what is selected. A click selects the frame, band or
+/// page that it is in.
 std::unique_ptr<CanvasGesture> rubberGesture(DesignCanvas& canvas, QPointF from, bool adds);
 /// Puts down an object of the chosen kind; a click puts one of the usual size.
 std::unique_ptr<CanvasGesture> createGesture(DesignCanvas& canvas, QPointF from, NodeKind kind);

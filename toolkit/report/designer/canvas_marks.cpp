@@ -15,11 +15,18 @@ const QColor guideColor(0xe0, 0x3e, 0x8c);
 const QColor marginColor(0x8f, 0xb4, 0xd6);
 const QColor gridColor(0xc4, 0xcd, 0xd6);
 const QColor bandColor(0xa9, 0xb7, 0xc5);
+const QColor hintColor(0x6b, 0x77, 0x83);  // on the paper, which is white in every look
 
 /// Lines on whole dots are sharp.
 QRectF sharp(const QRectF& rect) { return QRectF(rect.toAlignedRect()).adjusted(0.5, 0.5, -0.5, -0.5); }
 
 }  // namespace
+
+QRectF handleFrame(const QRectF& rect) {
+  const double across = std::max(0.0, (3 * handleSize - rect.width()) / 2);
+  const double down = std::max(0.0, (3 * handleSize - rect.height()) / 2);
+  return rect.adjusted(-across, -down, across, down);
+}
 
 QPointF handlePlace(const QRectF& rect, int handle) {
   const double x[] = {rect.left(), rect.center().x(), rect.right(), rect.right(), rect.right(), rect.center().x(), rect.left(), rect.left()};
@@ -97,7 +104,8 @@ void CanvasMarks::paintBands(QPainter& painter, const ReportNode* selected) cons
     const QString data = band.node->text(u"data");
     const QString name = band.node->name().isEmpty() ? kind : band.node->name();
     const QRectF inside = plate.adjusted(8, 0, -4, 0);
-    const bool isHigh = plate.height() >= 2 * metrics.height();
+    const QString lower = data.isEmpty() ? kind : u"%1: %2"_s.arg(kind, data);
+    const bool isHigh = plate.height() >= 2 * metrics.height() && lower != name;
     const QString upper = metrics.elidedText(name, Qt::ElideRight, int(inside.width()));
     if (!isHigh) {
       painter.drawText(inside, Qt::AlignLeft | Qt::AlignVCenter, upper);
@@ -107,7 +115,7 @@ void CanvasMarks::paintBands(QPainter& painter, const ReportNode* selected) cons
     painter.drawText(both, Qt::AlignLeft | Qt::AlignTop, upper);
     painter.setPen(palette.color(isSelected ? QPalette::HighlightedText : QPalette::PlaceholderText));
     painter.drawText(both, Qt::AlignLeft | Qt::AlignBottom,
-                     metrics.elidedText(data.isEmpty() ? kind : u"%1: %2"_s.arg(kind, data), Qt::ElideRight, int(inside.width())));
+                     metrics.elidedText(lower, Qt::ElideRight, int(inside.width())));
   }
 }
 
@@ -125,7 +133,7 @@ void CanvasMarks::paintSelection(QPainter& painter, const std::vector<QRectF>& r
   painter.setPen(QPen(accent, 1.2));
   painter.setBrush(isLocked ? palette.color(QPalette::Mid) : QColor(Qt::white));
   for (int handle = 0; handle < 8; ++handle) {
-    const QPointF middle = handlePlace(around, handle);
+    const QPointF middle = handlePlace(handleFrame(around), handle);
     painter.drawRect(QRectF(middle - QPointF(handleSize / 2, handleSize / 2), QSizeF(handleSize, handleSize)));
   }
 }
@@ -142,4 +150,16 @@ void CanvasMarks::paintRubber(QPainter& painter, const QRectF& rect) const {
   painter.setPen(QPen(accent, 1));
   painter.setBrush(tint);
   painter.drawRect(sharp(toView.mapRect(rect)));
+}
+
+void CanvasMarks::paintHint(QPainter& painter) const {
+  const QString hint = u"Soldaki listeden bir veriyi buraya sürükleyin ya da bir araç seçip çizin.\n\nHer parça için yinelenecek satırlar, sayfa üstü ve "
+                       u"altı: Ekle menüsünde “Bant”."_s;
+  constexpr int flags = Qt::AlignCenter | Qt::TextWordWrap;
+  constexpr double aside = 12;
+  const QRectF room = toView.mapRect(places.cell()).adjusted(aside, aside, -aside, -aside);
+  painter.setFont(font);
+  if (!room.contains(painter.boundingRect(room, flags, hint))) return;
+  painter.setPen(hintColor);
+  painter.drawText(room, flags, hint);
 }

@@ -23,6 +23,8 @@ struct CanvasMarks {
   void paintSelection(QPainter& painter, const std::vector<QRectF>& rects, const QRectF& bounds, bool isLocked) const;
   void paintGuides(QPainter& painter, const std::vector<QLineF>& guides) const;
   void paintRubber(QPainter& painter, const QRectF& rect) const;
+  /// What can be done with a page that holds nothing.
+  void paintHint(QPainter& painter) const;
 
   /// Where a band's name stands, in the view.
   QRectF tagOf(const PagePlaces::Band& band) const;
@@ -32,7 +34,9 @@ struct CanvasMarks {
 inline constexpr double bandTagWidth = 132;
 inline constexpr double handleSize = 8;
 
-/// Middle of a handle of a rectangle, from the upper left one clockwise: 0 to 7.
+/// Where the handles of a rectangle of the view stand: round one that is too small to hold them, they do not hide it.
+QRectF handleFrame(const QRectF& rect);
+/// Middle of a handle of such a frame, from the upper left one clockwise: 0 to 7.
 QPointF handlePlace(const QRectF& rect, int handle);
 /// The edges that a handle moves.
 Qt::Edges handleEdges(int handle);

@@ -19,8 +19,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int expressionRole = Qt::UserRole;
+constexpr double meaningShare = 0.6;  ///< of the list's width
 
-/// Drags an entry's expression.
+/// Drags an entry's expression. The meanings take more room than the names, which their tool tips tell as well.
 class NameTree : public QTreeWidget {
  public:
   using QTreeWidget::QTreeWidget;
@@ -31,6 +32,10 @@ class NameTree : public QTreeWidget {
     auto* dragged = new QMimeData;
     dragged->setData(QString::fromLatin1(dataNameMimeType), items.front()->data(0, expressionRole).toString().toUtf8());
     return dragged;
+  }
+  void resizeEvent(QResizeEvent* event) override {
+    QTreeWidget::resizeEvent(event);
+    guarded(this, [&] { setColumnWidth(0, static_cast<int>(viewport()->width() * meaningShare)); });
   }
 };
 
@@ -50,6 +55,7 @@ void addEntry(QTreeWidgetItem& group, const QString& shown, const QString& expla
   entry->setToolTip(0, explanation.isEmpty() ? shown : u"%1 — %2"_s.arg(shown, explanation));
   entry->setToolTip(1, entry->toolTip(0));
   entry->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled);
+  entry->setFirstColumnSpanned(explanation.isEmpty());
 }
 
 /// A field as expressions write it: names that are no words stand in quotes.
@@ -69,7 +75,7 @@ DataList::DataList(QWidget* parent) : QWidget(parent), search_(new QLineEdit(thi
   list_->setColumnCount(2);
   list_->setHeaderLabels({u"Anlamı"_s, u"Ad"_s});
   list_->setRootIsDecorated(true);
-  list_->header()->setSectionResizeMode(1, QHeaderView::Stretch);
+  list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_->setIndentation(12);
   list_->setUniformRowHeights(true);
   list_->setDragEnabled(true);
@@ -117,8 +123,6 @@ void DataList::show(const ReportData& known, bool withFunctions) {
       addEntry(*functions, each.signature, {}, each.signature.left(each.signature.indexOf(u'(') + 1) + u')');
   }
   list_->expandAll();
-  list_->resizeColumnToContents(0);
-  list_->setColumnWidth(0, std::min(list_->columnWidth(0), 190));
 }
 
 void DataList::filter(const QString& text) {

@@ -24,6 +24,7 @@ constexpr double mostFitZoom = 3;
 constexpr double gap = 28;           ///< dots around the paper
 constexpr double gridStep = 1;       ///< mm
 constexpr double snapReach = 6;      ///< dots
+constexpr double takingReach = 3;    ///< dots beside an edge at which the mouse still takes it
 constexpr double bandsAbovePage = 1e6;
 
 }  // namespace
@@ -219,6 +220,13 @@ bool DesignCanvas::editText(ReportNode& object) {
   return true;
 }
 
+bool DesignCanvas::editContent(ReportNode& object) {
+  if (object.kind() != NodeKind::Picture) return editText(object);
+  editor_.select(&object);
+  Q_EMIT pictureAsked();
+  return true;
+}
+
 void DesignCanvas::endText() {
   if (textInPlace_) textInPlace_->end(true);
 }
@@ -234,7 +242,9 @@ ReportDocument DesignCanvas::workUnderWay() const {
 
 void DesignCanvas::created(ReportNode* object) {
   setTool({});
-  if (object->kind() == NodeKind::Text || object->kind() == NodeKind::RichText) editText(*object);
+  const NodeKind kind = object->kind();
+  if (kind == NodeKind::Text || kind == NodeKind::RichText || kind == NodeKind::Picture) editContent(*object);
+  if (kind == NodeKind::Barcode) Q_EMIT told(u"Bir veriyi barkodun üstüne bırakın ya da çift tıklayıp yazın"_s);
 }
 
 Snapping::Rules DesignCanvas::snapRules(Qt::KeyboardModifiers modifiers) const {
@@ -278,18 +288,26 @@ std::vector<ReportNode*> DesignCanvas::objectsIn(const QRectF& rect) const {
 }
 
 ReportNode* DesignCanvas::objectAt(QPointF place) const {
-  const double reach = 3 / toView().m11();
+  const double reach = takingReach / toView().m11();
   const std::vector<ReportNode*> all = objectsIn(QRectF(place - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach)));
   // The uppermost one; but a frame is taken by its edge where something stands in it.
   ReportNode* frame = nullptr;
   for (auto object = all.rbegin(); object != all.rend(); ++object) {
-    const QRectF rect = places_->rectOf(**object);
-    const bool isHollow = (*object)->kind() == NodeKind::Rectangle && !(*object)->color(u"background").isValid();
-    const bool isInside = rect.adjusted(reach, reach, -reach, -reach).contains(place);
-    if (!isHollow || !isInside) return *object;
+    if (!isWithinFrame(**object, place)) return *object;
     if (!frame) frame = *object;
   }
   return frame;
+}
+
+bool DesignCanvas::isWithinFrame(const ReportNode& object, QPointF place) const {
+  const double reach = takingReach / toView().m11();
+  const bool isHollow = object.kind() == NodeKind::Rectangle && !object.color(u"background").isValid();
+  return isHollow && places_->rectOf(object).adjusted(reach, reach, -reach, -reach).contains(place);
+}
+
+ReportNode* DesignCanvas::movableAt(QPointF place) const {
+  ReportNode* object = objectAt(place);
+  return object && isWithinFrame(*object, place) && !editor_.isSelected(object) ? nullptr : object;
 }
 
 ReportNode* DesignCanvas::mutableNode(const ReportNode* node) const {
@@ -303,7 +321,7 @@ ReportNode* DesignCanvas::holderAt(QPointF place) const { return mutableNode(&pl
 int DesignCanvas::handleAt(QPointF viewPlace) const {
   const std::vector<ReportNode*> objects = editor_.selectedObjects();
   if (objects.empty()) return -1;
-  const QRectF bounds = toView().mapRect(Arranging::bounds(objects, *places_));
+  const QRectF bounds = handleFrame(toView().mapRect(Arranging::bounds(objects, *places_)));
   // From the corners on; small objects keep a middle that can be taken.
   for (const int handle : {4, 0, 2, 6, 3, 5, 7, 1}) {
     const QPointF by = viewPlace - handlePlace(bounds, handle);
@@ -329,7 +347,6 @@ ReportNode* DesignCanvas::bandTagAt(QPointF viewPlace) const {
 }
 
 // Painting
-
 
 void DesignCanvas::drawBackground(QPainter* painter, const QRectF&) {
   guarded(this, [&] {
@@ -360,6 +377,11 @@ void DesignCanvas::drawForeground(QPainter* painter, const QRectF&) {
     const bool isLocked = !objects.empty() && std::all_of(objects.begin(), objects.end(), [](const ReportNode* each) { return each->flag(u"locked"); });
     marks.paintSelection(*painter, rects, bounds, isLocked);
     if (gesture_) gesture_->paint(*painter, marks);
+    if (dropping_) {
+      marks.paintRubber(*painter, dropping_->rect);
+      marks.paintGuides(*painter, dropping_->guides);
+    }
+    if (editor_.page() && editor_.page()->children().empty() && !gesture_ && !dropping_) marks.paintHint(*painter);
     painter->restore();
   });
 }

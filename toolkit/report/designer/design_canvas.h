@@ -46,6 +46,8 @@ class DesignCanvas : public QGraphicsView {
   std::optional<NodeKind> tool() const { return tool_; }
   /// Opens the text of an object for writing in its place. False for one that has none.
   bool editText(ReportNode& object);
+  /// The same; for a picture, which has no text, one is asked for.
+  bool editContent(ReportNode& object);
   /// Takes over the text that is being written in its place.
   void endText();
   /// The document as it would be if that text were taken over now.
@@ -60,8 +62,12 @@ class DesignCanvas : public QGraphicsView {
   std::vector<ReportNode*> objectsIn(const QRectF& rect) const;
   /// The uppermost object at a place; null when there is none.
   ReportNode* objectAt(QPointF place) const;
+  /// The one that the mouse would move there: inside a frame that is not selected, none.
+  ReportNode* movableAt(QPointF place) const;
   /// The band at a place, or the page.
   ReportNode* holderAt(QPointF place) const;
+  /// Whether an object is a frame, empty inside, and the place is not at its edge but in it.
+  bool isWithinFrame(const ReportNode& object, QPointF place) const;
   /// An object was put down by a gesture.
   void created(ReportNode* object);
 
@@ -73,6 +79,8 @@ class DesignCanvas : public QGraphicsView {
   /// What the gesture under way says of itself; empty when it ended.
   void told(const QString& text);
   void menuAsked(QPoint global);
+  /// A file is wanted for the picture that is selected.
+  void pictureAsked();
 
  protected:
   void drawBackground(QPainter* painter, const QRectF& rect) override;
@@ -87,6 +95,7 @@ class DesignCanvas : public QGraphicsView {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -108,6 +117,15 @@ class DesignCanvas : public QGraphicsView {
   bool pressKey(QKeyEvent* event);
   bool nudge(QKeyEvent* event);
 
+  /// Where data that are dragged over the page would be put down.
+  struct Dropping {
+    NodeKind kind;
+    QRectF rect;
+    std::vector<QLineF> guides;
+    ReportNode* filled = nullptr;  ///< an object that shows nothing yet, which the data go to
+  };
+  Dropping droppingAt(const QDropEvent& event) const;
+
   ReportEditor& editor_;
   DesignCommands commands_;
   const DesignSample& sample_;
@@ -121,6 +139,7 @@ class DesignCanvas : public QGraphicsView {
   bool snaps_ = true;
   QPointF lastPlace_;
   std::optional<QPoint> panFrom_;
+  std::optional<Dropping> dropping_;
 };
 
 /// What is dragged from the list of data: the expression, without brackets.

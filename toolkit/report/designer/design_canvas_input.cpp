@@ -61,7 +61,7 @@ void DesignCanvas::press(QMouseEvent* event) {
     gesture_ = resizeGesture(*this, place, handle);
     return;
   }
-  if (ReportNode* object = objectAt(place)) {
+  if (ReportNode* object = movableAt(place)) {
     const std::vector<ReportNode*> selected = editor_.selectedObjects();
     if (editor_.isSelected(object) && (event->modifiers() & Qt::ShiftModifier)) {
       std::vector<ReportNode*> others = selected;
@@ -122,8 +122,8 @@ void DesignCanvas::mouseReleaseEvent(QMouseEvent* event) {
 void DesignCanvas::endGesture(bool isDone) {
   if (!gesture_) return;
   const std::unique_ptr<CanvasGesture> ended = std::move(gesture_);
-  isDone ? ended->finish() : ended->cancel();
   Q_EMIT told({});
+  isDone ? ended->finish() : ended->cancel();
   viewport()->update();
 }
 
@@ -132,7 +132,7 @@ void DesignCanvas::mouseDoubleClickEvent(QMouseEvent* event) {
     ReportNode* object = event->button() == Qt::LeftButton ? objectAt(mapToScene(event->pos())) : nullptr;
     if (!object) return;
     editor_.select(object);
-    editText(*object);
+    editContent(*object);
   });
 }
 
@@ -142,7 +142,7 @@ void DesignCanvas::updateCursor(QPointF viewPlace, Qt::KeyboardModifiers) {
     const int handle = handleAt(viewPlace);
     if (handle >= 0)
       shape = handleCursor(handle);
-    else if (objectAt(toView().inverted().map(viewPlace)))
+    else if (movableAt(toView().inverted().map(viewPlace)))
       shape = Qt::SizeAllCursor;
     else if (bandEdgeAt(viewPlace))
       shape = Qt::SplitVCursor;
@@ -194,8 +194,8 @@ bool DesignCanvas::pressKey(QKeyEvent* event) {
         created(commands_.addObject(*tool_, commands_.freePlace(*tool_)));
         return true;
       }
-      return selection.size() == 1 && editText(*selection.front());
-    case Qt::Key_F2: return selection.size() == 1 && editText(*selection.front());
+      return selection.size() == 1 && editContent(*selection.front());
+    case Qt::Key_F2: return selection.size() == 1 && editContent(*selection.front());
     case Qt::Key_Left:
     case Qt::Key_Right:
     case Qt::Key_Up:
@@ -242,8 +242,29 @@ void DesignCanvas::dragMoveEvent(QDragMoveEvent* event) {
     if (!event->mimeData()->hasFormat(QString::fromLatin1(dataNameMimeType))) return;
     event->acceptProposedAction();
     Q_EMIT pointed(mapToScene(event->position().toPoint()));
-    Q_EMIT told(event->modifiers() & Qt::AltModifier ? u"Barkod olarak bırakılacak"_s : u"Metin olarak bırakılacak; Alt ile barkod"_s);
+    dropping_ = droppingAt(*event);
+    Q_EMIT told(dropping_->filled                       ? u"Boş nesneye yazılacak"_s
+                : dropping_->kind == NodeKind::Barcode ? u"Barkod olarak bırakılacak"_s
+                                                       : u"Metin olarak bırakılacak; Alt ile barkod"_s);
+    viewport()->update();
   });
+}
+
+void DesignCanvas::dragLeaveEvent(QDragLeaveEvent*) {
+  guarded(this, [&] {
+    dropping_.reset();
+    Q_EMIT told({});
+    viewport()->update();
+  });
+}
+
+DesignCanvas::Dropping DesignCanvas::droppingAt(const QDropEvent& event) const {
+  const QPointF place = mapToScene(event.position().toPoint());
+  const NodeKind kind = event.modifiers() & Qt::AltModifier ? NodeKind::Barcode : NodeKind::Text;
+  if (ReportNode* blank = objectAt(place); blank && waitsForText(*blank, sample_)) return {blank->kind(), places_->rectOf(*blank), {}, blank};
+  const QRectF rect(place, DesignCommands::usualSize(kind));
+  const Snapping::Result snapped = Snapping(*places_, {}).moved(rect, snapRules({}));
+  return {kind, rect.translated(snapped.by), snapped.guides};
 }
 
 void DesignCanvas::dropEvent(QDropEvent* event) {
@@ -251,10 +272,12 @@ void DesignCanvas::dropEvent(QDropEvent* event) {
     const QString name = QString::fromUtf8(event->mimeData()->data(QString::fromLatin1(dataNameMimeType)));
     if (name.isEmpty()) return;
     event->acceptProposedAction();
-    const NodeKind kind = event->modifiers() & Qt::AltModifier ? NodeKind::Barcode : NodeKind::Text;
-    QRectF rect(mapToScene(event->position().toPoint()), DesignCommands::usualSize(kind));
-    rect.translate(Snapping(*places_, {}).moved(rect, snapRules({})).by);
-    commands_.addName(kind, rect, name);
+    const Dropping dropped = droppingAt(*event);
+    dropping_.reset();
+    if (dropped.filled)
+      commands_.fill(*dropped.filled, name);
+    else
+      commands_.addName(dropped.kind, dropped.rect, name);
     Q_EMIT told({});
     setFocus(Qt::OtherFocusReason);
   });

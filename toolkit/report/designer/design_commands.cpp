@@ -224,12 +224,18 @@ ReportNode* DesignCommands::addObject(NodeKind kind, const QRectF& rect, const Q
 
 ReportNode* DesignCommands::addName(NodeKind kind, const QRectF& rect, const QString& name) {
   const Gesture step(editor_, u"%1 ekle"_s.arg(kindCaption(kind)));
-  ReportNode* made = addObject(kind, rect, u'[' + name + u']');
-  ReportNode& band = *made->parent();
+  ReportNode* made = addObject(kind, rect);
+  fill(*made, name);
+  return made;
+}
+
+void DesignCommands::fill(ReportNode& object, const QString& name) {
+  const Gesture step(editor_, u"Metni yaz"_s);
+  editor_.change(u"Metni yaz"_s, object, u"text"_s, u'[' + name + u']');
+  ReportNode& band = *object.parent();
   const qsizetype point = name.indexOf(u'.');
   if (point > 0 && band.kind() == NodeKind::Band && band.text(u"kind") == u"rows" && band.text(u"data").isEmpty())
     editor_.change(u"Veri kümesi"_s, band, u"data"_s, name.left(point));
-  return made;
 }
 
 void DesignCommands::addBand(const QString& kind) {

@@ -2,6 +2,8 @@
 
 #include "toolkit/report/designer/page_places.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -23,16 +25,16 @@ class FaultSearch {
 
   void search(const ReportNode& page) {
     const PagePlaces places(page);
-    const std::vector<Shown> below = searchObjects(page, places);
+    searchObjects(page, places);
     for (const auto& child : page.children()) {
       if (child->kind() != NodeKind::Band) continue;
       for (const QStringView property : {u"visible", u"group"}) checkExpression(*child, child->text(property));
       if (child->millimetres(u"height") > places.cell().height() + tolerance) add(*child, u"Bant sayfadan yüksek"_s, true);
       const QString& data = child->text(u"data");
       if (!data.isEmpty() && sample_.data.findRows(ReportData::folded(data)) < 0) add(*child, u"“%1” adlı veri kümesi yok"_s.arg(data));
-      for (const Shown& upper : searchObjects(*child, places))
-        for (const Shown& lower : below) checkCover(lower, upper);
+      searchObjects(*child, places);
     }
+    searchCovers(page);
   }
 
   std::vector<DesignFault> found;
@@ -42,6 +44,7 @@ class FaultSearch {
     const ReportNode* node;
     std::vector<QRectF> texts;
     std::vector<QRectF> covers;
+    QRectF bounds;
   };
 
   void add(const ReportNode& node, const QString& reason, bool isNotice = false) {
@@ -56,18 +59,41 @@ class FaultSearch {
     for (const QString& reason : expression.unknownNames(sample_.data)) add(node, reason);
   }
 
-  std::vector<Shown> searchObjects(const ReportNode& parent, const PagePlaces& places) {
-    std::vector<Shown> shown;
+  void searchObjects(const ReportNode& parent, const PagePlaces& places) {
     for (const auto& child : parent.children()) {
       if (!isObject(child->kind())) continue;
       checkTexts(*child);
-      const QRectF rect = places.rectOf(*child);
-      checkPlace(*child, rect, places);
-      shown.push_back(printed(*child, rect.topLeft()));
+      checkPlace(*child, places.rectOf(*child), places);
+      checkRows(*child);
+    }
+  }
+
+  /// What comes later on the paper covers what came before: the page's own objects, then the bands with the data that there
+  /// are, of rows the first two.
+  void searchCovers(const ReportNode& page) {
+    QHash<const ReportNode*, std::vector<BandBox>> boxes;
+    const auto heightOf = [&](const ReportNode& band) {
+      std::vector<BandBox>& made = boxes[&band];
+      if (made.empty()) {
+        const bool isTwice = band.text(u"kind") == u"rows" && SampleContext(sample_, band).rowCount() > 1;
+        for (int row = 0; row < (isTwice ? 2 : 1); ++row) made.push_back(printedParts(band, sample_, row));
+      }
+      double height = 0;
+      for (const BandBox& each : made) height += each.height;
+      return height;
+    };
+    const PagePlaces printed(page, heightOf);
+    std::vector<Shown> shown;
+    addShown(shown, printedParts(page, sample_), printed.cell().topLeft());
+    for (const PagePlaces::Band& band : printed.bands()) {
+      QPointF place = band.rect.topLeft();
+      for (const BandBox& each : boxes[band.node]) {
+        addShown(shown, each, place);
+        place.ry() += each.height;
+      }
     }
     for (size_t upper = 1; upper < shown.size(); ++upper)
       for (size_t lower = 0; lower < upper; ++lower) checkCover(shown[lower], shown[upper]);
-    return shown;
   }
 
   void checkTexts(const ReportNode& object) {
@@ -87,29 +113,35 @@ class FaultSearch {
       add(object, places.sheet().isSheet() ? u"Etiketin dışına taşıyor"_s : u"Kâğıdın dışına taşıyor"_s);
   }
 
-  /// What the object shows on the paper; its faults with the rows that there are.
-  Shown printed(const ReportNode& object, QPointF place) {
-    Shown made{&object, {}, {}};
+  void checkRows(const ReportNode& object) {
     const int rows = std::clamp(SampleContext(sample_, object).rowCount(), 1, mostRows);
     for (int row = 0; row < rows; ++row) {
-      DesignedObject printed = printedObject(object, sample_, row);
+      const DesignedObject printed = printedObject(object, sample_, row);
       for (const QString& reason : printed.faults) add(object, reason);
       for (const QString& reason : printed.notices) add(object, reason, true);
-      if (row > 0) continue;
-      for (Primitive& primitive : printed.page.primitives) {
-        moveBy(primitive, place.x(), place.y());
-        const QRectF bounds = boundsOf(primitive);
-        const auto* box = std::get_if<BoxMark>(&primitive);
+    }
+  }
+
+  static void addShown(std::vector<Shown>& shown, const BandBox& box, QPointF place) {
+    for (size_t object = 0; object < box.starts.size(); ++object) {
+      const auto& [node, first] = box.starts[object];
+      const size_t behind = object + 1 < box.starts.size() ? box.starts[object + 1].second : box.primitives.size();
+      Shown& made = shown.emplace_back(Shown{node, {}, {}, {}});
+      for (size_t each = first; each < behind; ++each) {
+        const Primitive& primitive = box.primitives[each];
+        const QRectF bounds = boundsOf(primitive).translated(place);
+        const auto* filled = std::get_if<BoxMark>(&primitive);
         const bool isText = std::holds_alternative<TextMark>(primitive);
         if (isText) made.texts.push_back(bounds);
-        if (isText || (box && box->fill.isValid()) || std::holds_alternative<PictureMark>(primitive) || std::holds_alternative<BarsMark>(primitive))
+        if (isText || (filled && filled->fill.isValid()) || std::holds_alternative<PictureMark>(primitive) || std::holds_alternative<BarsMark>(primitive))
           made.covers.push_back(bounds);
+        made.bounds |= bounds;
       }
     }
-    return made;
   }
 
   void checkCover(const Shown& lower, const Shown& upper) {
+    if (!overlaps(lower.bounds, upper.bounds)) return;
     for (const QRectF& text : lower.texts)
       for (const QRectF& cover : upper.covers)
         if (overlaps(text, cover)) return add(*lower.node, u"Metninin üstüne %1 geliyor"_s.arg(shownName(*upper.node)), true);

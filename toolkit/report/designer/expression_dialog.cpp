@@ -4,6 +4,7 @@
 #include "base/guard.h"
 #include "toolkit/report/designer/data_list.h"
 #include "toolkit/report/expression_functions.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QBoxLayout>
 #include <QDialogButtonBox>
@@ -50,7 +51,7 @@ ExpressionDialog::ExpressionDialog(QWidget* owner, const QString& caption, Kind 
   connectGuarded(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
   connectGuarded(text_, &QPlainTextEdit::textChanged, this, [this] { showResult(); });
   showResult();
-  resize(760, 420);
+  resize(withinScreen(*this, QSize(760, 420)));
   text_->setFocus();
 }
 

@@ -122,7 +122,9 @@ void FormatBar::showSelection() {
   const bool isOneFamily = all([&](const ReportNode* node) { return node->font(u"font").family == first.family; });
   const bool isOneSize = all([&](const ReportNode* node) { return node->font(u"font").points == first.points; });
   family_->setEditText(isOneFamily ? first.family : QString());
-  points_->setEditText(isOneSize ? NumberText::fromDouble(first.points) : QString());
+  const QString size = isOneSize ? NumberText::fromDouble(first.points) : QString();
+  points_->setCurrentIndex(points_->findText(size));
+  points_->setEditText(size);
   bold_->setChecked(all([](const ReportNode* node) { return node->font(u"font").bold; }));
   italic_->setChecked(all([](const ReportNode* node) { return node->font(u"font").italic; }));
   underline_->setChecked(all([](const ReportNode* node) { return node->font(u"font").underline; }));

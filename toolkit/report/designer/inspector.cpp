@@ -31,6 +31,7 @@ class PropertyDelegate : public QStyledItemDelegate {
     if (box->focusProxy()) box->focusProxy()->setAccessibleName(property.caption);
     inspector_.box_ = box;
     connectGuarded(box, &PropertyEdit::chosen, &inspector_, [this] { inspector_.endEdit(); });
+    connectGuarded(box, &PropertyEdit::applied, &inspector_, [this, box] { setModelData(box, nullptr, inspector_.table()->currentIndex()); });
     connectGuarded(box, &PropertyEdit::passed, &inspector_, [this](bool isNext) {
       inspector_.endEdit();
       const QModelIndex now = inspector_.table()->currentIndex();
@@ -53,8 +54,8 @@ class PropertyDelegate : public QStyledItemDelegate {
   void setModelData(QWidget* editor, QAbstractItemModel*, const QModelIndex& index) const override {
     guarded(editor, [&] {
       try {
-        const std::optional<PropertyValue> value = static_cast<PropertyEdit*>(editor)->value();
-        if (value) inspector_.model().setValue(index.row(), *value);
+        const auto* box = static_cast<PropertyEdit*>(editor);
+        if (box->value()) inspector_.model().change(index.row(), [box](const PropertyValue& own) { return box->valueFor(own); });
         Q_EMIT inspector_.refused({});
       } catch (const EConvertError& error) {
         Q_EMIT inspector_.refused(u"%1: %2"_s.arg(inspector_.model().property(index.row()).caption, error.message()));
@@ -62,7 +63,10 @@ class PropertyDelegate : public QStyledItemDelegate {
     });
   }
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const override {
-    editor->setGeometry(option.rect);
+    // What needs more than its row covers the next ones, or those before it at the end of the list.
+    QRect place(option.rect.topLeft(), QSize(option.rect.width(), std::max(option.rect.height(), editor->minimumSizeHint().height())));
+    place.moveBottom(std::max(place.height() - 1, std::min(place.bottom(), inspector_.table()->viewport()->height() - 1)));
+    editor->setGeometry(place);
   }
   QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
     return QStyledItemDelegate::sizeHint(option, index).expandedTo(QSize(0, option.fontMetrics.height() + 8));
@@ -72,6 +76,20 @@ class PropertyDelegate : public QStyledItemDelegate {
   Inspector& inspector_;
   const DesignSample& sample_;
 };
+
+namespace {
+
+/// Room for the widest caption that there is.
+int captionWidth(const QFontMetrics& metrics) {
+  constexpr int aside = 8;
+  int widest = 0;
+  for (const NodeKind kind : {NodeKind::Page, NodeKind::Band, NodeKind::Text, NodeKind::Line, NodeKind::Rectangle, NodeKind::Picture, NodeKind::Barcode,
+                              NodeKind::RichText, NodeKind::CheckMark})
+    for (const PropertyInfo& each : propertiesOf(kind)) widest = std::max(widest, metrics.horizontalAdvance(each.caption));
+  return widest + aside;
+}
+
+}  // namespace
 
 Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* parent)
     : QWidget(parent), model_(new PropertyModel(editor, this)), heading_(new QLabel(this)), search_(new QLineEdit(this)), table_(new QTableView(this)) {
@@ -102,7 +120,7 @@ Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* 
   table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Interactive);
   table_->horizontalHeader()->setStretchLastSection(true);
-  table_->setColumnWidth(0, fontMetrics().horizontalAdvance(u"Bandın altına kadar uz"_s));
+  table_->setColumnWidth(0, captionWidth(fontMetrics()));
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 0);
   column->setSpacing(4);

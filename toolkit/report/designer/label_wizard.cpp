@@ -7,6 +7,7 @@
 #include "toolkit/report/designer/arranging.h"
 #include "toolkit/report/paged_output.h"
 #include "toolkit/report/report_layout.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
@@ -22,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QSize pictureRoom(360, 260);
+const QSize mostPicture(360, 260);
 constexpr int usualSheet = 2;
 constexpr double barcodeShare = 0.36;  ///< of the label's height
 constexpr double firstShare = 1.6;     ///< height of the first line against the others
@@ -118,7 +119,7 @@ LabelWizard::LabelWizard(QWidget* owner, const DesignSample& sample)
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled);
     item->setCheckState(names_->count() == 1 ? Qt::Checked : Qt::Unchecked);
   }
-  picture_->setFixedSize(pictureRoom);
+  picture_->setFixedSize(pictureWithinScreen(*this, mostPicture));
   picture_->setAlignment(Qt::AlignCenter);
   picture_->setFrameShape(QFrame::StyledPanel);
   auto* form = new QFormLayout;
@@ -175,7 +176,7 @@ LabelWizard::LabelWizard(QWidget* owner, const DesignSample& sample)
     showLabel();
   });
   connectGuarded(names_->model(), &QAbstractItemModel::rowsMoved, this, anew);
-  resize(820, 480);
+  resize(withinScreen(*this, QSize(820, 480)));
   showLabel();
 }
 
@@ -231,7 +232,7 @@ void LabelWizard::showLabel() {
   const ReportPagedDocument pages(layoutReport(filledWith(document(), sample_), sample_.data, {}, environment().now()));
   if (pages.pageCount() == 0) return;
   const QSizeF size = pages.pageSize(0);
-  const double dots = std::min((pictureRoom.width() - 8) / size.width(), (pictureRoom.height() - 8) / size.height()) * 25.4 * devicePixelRatioF();
+  const double dots = std::min((picture_->width() - 8) / size.width(), (picture_->height() - 8) / size.height()) * 25.4 * devicePixelRatioF();
   QPixmap picture = QPixmap::fromImage(pagePicture(pages, 0, dots, true));
   picture.setDevicePixelRatio(devicePixelRatioF());
   picture_->setPixmap(picture);

@@ -2,13 +2,15 @@
 
 #include <algorithm>
 
-PagePlaces::PagePlaces(const ReportNode& page) : page_(&page), sheet_(page) {
+PagePlaces::PagePlaces(const ReportNode& page) : PagePlaces(page, [](const ReportNode& band) { return band.millimetres(u"height"); }) {}
+
+PagePlaces::PagePlaces(const ReportNode& page, const std::function<double(const ReportNode&)>& heightOf) : page_(&page), sheet_(page) {
   const QRectF room = cell();
   double y = room.top();
   double footers = 0;
   const auto put = [&](const ReportNode& band) {
-    bands_.push_back({&band, QRectF(room.left(), y, room.width(), band.millimetres(u"height"))});
-    y += band.millimetres(u"height");
+    bands_.push_back({&band, QRectF(room.left(), y, room.width(), heightOf(band))});
+    y = bands_.back().rect.bottom();
   };
   const auto forKind = [&](auto&& isWanted, auto&& work) {
     for (const auto& child : page.children())
@@ -17,11 +19,11 @@ PagePlaces::PagePlaces(const ReportNode& page) : page_(&page), sheet_(page) {
   const auto isHeader = [](const QString& kind) { return kind == u"pageheader"; };
   const auto isTitle = [](const QString& kind) { return kind == u"title"; };
   const auto isFooter = [](const QString& kind) { return kind == u"pagefooter"; };
-  forKind(isFooter, [&](const ReportNode& band) { footers += band.millimetres(u"height"); });
+  forKind(isFooter, [&](const ReportNode& band) { footers += heightOf(band); });
   forKind(isHeader, put);
   forKind(isTitle, put);
   forKind([&](const QString& kind) { return !isHeader(kind) && !isTitle(kind) && !isFooter(kind); }, [&](const ReportNode& band) {
-    if (band.flag(u"atbottom")) y = std::max(y, room.bottom() - footers - band.millimetres(u"height"));
+    if (band.flag(u"atbottom")) y = std::max(y, room.bottom() - footers - heightOf(band));
     put(band);
   });
   y = std::max(y, room.bottom() - footers);

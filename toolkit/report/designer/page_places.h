@@ -2,6 +2,8 @@
 
 #include "toolkit/report/report_layout.h"
 
+#include <functional>
+
 /// Where everything of a page stands on its paper while it is designed: bands one below the other at their own height, footers
 /// at the end of the page. Of a sheet the first label is designed. Millimetres from the paper's upper left corner.
 class PagePlaces {
@@ -12,6 +14,8 @@ class PagePlaces {
   };
 
   explicit PagePlaces(const ReportNode& page);
+  /// With bands of other heights, in mm.
+  PagePlaces(const ReportNode& page, const std::function<double(const ReportNode& band)>& heightOf);
 
   const ReportNode& page() const { return *page_; }
   const ReportSheet& sheet() const { return sheet_; }

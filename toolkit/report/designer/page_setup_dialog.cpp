@@ -5,12 +5,12 @@
 #include "base/number_text.h"
 #include "toolkit/edits/currency_edit.h"
 #include "toolkit/report/report_layout.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QBoxLayout>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QFormLayout>
-#include <QGroupBox>
+#include <QGridLayout>
 #include <QLabel>
 #include <QPainter>
 
@@ -20,7 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QSize pictureRoom(220, 280);
+const QSize pictureRoom(170, 230);
+constexpr int leastBox = 76;
 
 const PropertyInfo& info(const QString& property) { return propertiesOf(NodeKind::Page)[*findProperty(NodeKind::Page, property)]; }
 
@@ -94,17 +95,28 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
   for (const LabelSheet& each : usualLabelSheets()) preset_->addItem(each.caption);
   for (const PropertyChoice& each : info(u"paper"_s).choices) paper_->addItem(each.caption, each.word);
   for (const PropertyChoice& each : info(u"orientation"_s).choices) orientation_->addItem(each.caption, each.word);
-  auto* form = new QFormLayout;
-  form->addRow(u"Hazır etiket"_s, named(preset_, u"Hazır etiket"_s));
-  form->addRow(info(u"paper"_s).caption, named(paper_, info(u"paper"_s).caption));
-  form->addRow(info(u"orientation"_s).caption, named(orientation_, info(u"orientation"_s).caption));
-  for (const QString& property : {u"width"_s, u"height"_s, u"marginleft"_s, u"margintop"_s, u"marginright"_s, u"marginbottom"_s, u"columns"_s,
+  auto* content = new QWidget(this);
+  auto* form = new QGridLayout;
+  int place = 2;  // two boxes to a row; the first row is the sheets'
+  const auto addBox = [&](const QString& caption, QWidget* box) {
+    auto* label = new QLabel(caption, content);
+    label->setBuddy(named(box, caption));
+    form->addWidget(label, place / 2, place % 2 * 2);
+    form->addWidget(box, place / 2, place % 2 * 2 + 1);
+    ++place;
+  };
+  form->addWidget(new QLabel(u"Hazır etiket"_s, content), 0, 0);
+  form->addWidget(named(preset_, u"Hazır etiket"_s), 0, 1, 1, 3);
+  addBox(info(u"paper"_s).caption, paper_);
+  addBox(info(u"orientation"_s).caption, orientation_);
+  for (const QString& property : {u"width"_s, u"height"_s, u"marginleft"_s, u"marginright"_s, u"margintop"_s, u"marginbottom"_s, u"columns"_s,
                                   u"rows"_s, u"columngap"_s, u"rowgap"_s, u"repeat"_s}) {
     auto* box = new CurrencyEdit(this);
     box->setObjectName(property);
     box->setDisplayFormat(info(property).type == PropertyType::Integer ? u"0"_s : u"0.##"_s);
     const QString caption = info(property).caption + (info(property).type == PropertyType::Integer ? QString() : u" (mm)"_s);
-    form->addRow(caption, named(box, caption));
+    box->setMinimumWidth(leastBox);
+    addBox(caption, box);
     numbers_.emplace_back(property, box);
     connectGuarded(box, &CurrencyEdit::textChanged, this, [this] { showSheet(); });
   }
@@ -114,15 +126,19 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
   side->addWidget(picture_);
   side->addWidget(told_);
   side->addStretch(1);
-  auto* row = new QHBoxLayout;
-  row->addLayout(form, 1);
+  auto* filled = new QVBoxLayout;
+  filled->addLayout(form);
+  filled->addStretch(1);
+  auto* row = new QHBoxLayout(content);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addLayout(filled, 1);
   row->addSpacing(12);
   row->addLayout(side);
   auto* buttons = new QDialogButtonBox(this);
   buttons->addButton(u"Tamam"_s, QDialogButtonBox::AcceptRole);
   buttons->addButton(u"Vazgeç"_s, QDialogButtonBox::RejectRole);
   auto* column = new QVBoxLayout(this);
-  column->addLayout(row, 1);
+  column->addWidget(new ScreenRoom(content), 1);
   column->addWidget(buttons);
   connectGuarded(buttons, &QDialogButtonBox::accepted, this, [this] { acceptIfRight(); });
   connectGuarded(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });

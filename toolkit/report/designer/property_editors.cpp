@@ -215,45 +215,84 @@ class ColorEdit : public PropertyEdit {
   std::optional<PropertyValue> value_;
 };
 
+/// Family and size, below them the styles. Where fonts differ, each keeps what is not touched.
 class FontEdit : public PropertyEdit {
  public:
   explicit FontEdit(QWidget* parent) : PropertyEdit(parent), family_(new QFontComboBox(this)), points_(new QLineEdit(this)) {
-    QBoxLayout* row = rowOf(this);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    setAutoFillBackground(true);
     family_->setAccessibleName(u"Yazı tipinin adı"_s);
     family_->setMinimumContentsLength(6);
     family_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     points_->setAccessibleName(u"Boy"_s);
-    points_->setFixedWidth(fontMetrics().horizontalAdvance(u"000,00"_s));
-    row->addWidget(family_, 1);
-    row->addWidget(points_);
+    points_->setMinimumWidth(fontMetrics().horizontalAdvance(u"00,00"_s));
+    column->addWidget(family_);
+    auto* styles = new QHBoxLayout;
+    styles->setSpacing(0);
+    styles->addWidget(points_, 1);
+    const std::tuple<QString, QString, bool ReportFont::*> all[] = {{u"bold"_s, u"Kalın"_s, &ReportFont::bold},
+                                                                    {u"italic"_s, u"Eğik"_s, &ReportFont::italic},
+                                                                    {u"underline"_s, u"Altı çizili"_s, &ReportFont::underline},
+                                                                    {u"strikethrough"_s, u"Üstü çizili"_s, &ReportFont::strikeOut}};
+    for (const auto& [word, caption, style] : all) {
+      auto* button = new QToolButton(this);
+      button->setIcon(QIcon::fromTheme(u"format-text-"_s + word));
+      button->setCheckable(true);
+      button->setAutoRaise(true);
+      button->setToolTip(caption);
+      button->setAccessibleName(caption);
+      styles->addWidget(button);
+      styles_.push_back({button, style});
+      connectGuarded(button, &QToolButton::clicked, this, [this, place = styles_.size() - 1] {
+        styles_[place].isTouched = true;
+        Q_EMIT applied();
+      });
+    }
+    column->addLayout(styles);
     setFocusProxy(family_);
+    connectGuarded(family_, &QComboBox::textActivated, this, [this] { Q_EMIT applied(); });
   }
   void setValue(const std::optional<PropertyValue>& value) override {
-    font_ = value ? std::get<ReportFont>(*value) : ReportFont();
+    shown_ = value ? std::get<ReportFont>(*value) : ReportFont();
     isDiffering_ = !value;
-    family_->setEditText(value ? font_.family : QString());
-    points_->setText(value ? NumberText::fromDouble(font_.points) : QString());
+    family_->setEditText(value ? shown_.family : QString());
+    points_->setText(value ? NumberText::fromDouble(shown_.points) : QString());
+    for (Style& each : styles_) {
+      each.button->setChecked(value && shown_.*each.style);
+      each.isTouched = false;
+    }
   }
   std::optional<PropertyValue> value() const override {
-    const QString family = family_->currentText().trimmed();
-    const QString size = points_->text().trimmed();
-    if (isDiffering_ && size.isEmpty() && family.isEmpty()) return {};
-    ReportFont font = font_;
-    if (!family.isEmpty() || isDiffering_) font.family = family;
-    if (isDiffering_ && size.isEmpty()) {
-      font.points = 0;
-      return font;
+    const bool isTouched = std::any_of(styles_.begin(), styles_.end(), [](const Style& each) { return each.isTouched; });
+    if (isDiffering_ && !isTouched && points_->text().trimmed().isEmpty() && family_->currentText().trimmed().isEmpty()) return {};
+    return valueFor(shown_);
+  }
+  PropertyValue valueFor(const PropertyValue& own) const override {
+    auto font = std::get<ReportFont>(own);
+    if (const QString family = family_->currentText().trimmed(); !family.isEmpty()) font.family = family;
+    if (const QString size = points_->text().trimmed(); !isDiffering_ || !size.isEmpty()) {
+      const auto points = NumberText::toDouble(size);
+      if (!points || *points < 1 || *points > 400) throw EConvertError(u"yazı boyu 1 ile 400 arasında olmalı"_s);
+      font.points = *points;
     }
-    const auto points = NumberText::toDouble(size);
-    if (!points || *points < 1 || *points > 400) throw EConvertError(u"yazı boyu 1 ile 400 arasında olmalı"_s);
-    font.points = *points;
+    for (const Style& each : styles_)
+      if (each.isTouched) font.*each.style = each.button->isChecked();
     return font;
   }
 
  private:
+  struct Style {
+    QToolButton* button;
+    bool ReportFont::*style;
+    bool isTouched = false;
+  };
+
   QFontComboBox* family_;
   QLineEdit* points_;
-  ReportFont font_;
+  std::vector<Style> styles_;
+  ReportFont shown_;
   bool isDiffering_ = false;
 };
 
@@ -279,12 +318,8 @@ class PictureEdit : public PropertyEdit {
 
  private:
   void fromFile() {
-    const QString name = askOpenFile(window(), u"Resim seç"_s, u"Resim (*.png *.jpg *.jpeg *.bmp *.gif *.svg)"_s, {});
-    if (name.isEmpty()) return;
-    QFile file(name);
-    QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly)) bytes = file.readAll();
-    if (QImage::fromData(bytes).isNull()) return showPlainMessage(window(), TaskIcon::Warning, u"Bu dosya okunabilen bir resim değil."_s);
+    const QByteArray bytes = askPicture(window());
+    if (bytes.isEmpty()) return;
     value_ = bytes;
     Q_EMIT chosen();
   }
@@ -305,6 +340,17 @@ bool PropertyEdit::focusNextPrevChild(bool isNext) {
       Q_EMIT passed(isNext);
   });
   return true;
+}
+
+QByteArray askPicture(QWidget* owner) {
+  const QString name = askOpenFile(owner, u"Resim seç"_s, u"Resim (*.png *.jpg *.jpeg *.bmp *.gif *.svg)"_s, {});
+  if (name.isEmpty()) return {};
+  QFile file(name);
+  QByteArray bytes;
+  if (file.open(QIODevice::ReadOnly)) bytes = file.readAll();
+  if (!QImage::fromData(bytes).isNull()) return bytes;
+  showPlainMessage(owner, TaskIcon::Warning, u"Bu dosya okunabilen bir resim değil."_s);
+  return {};
 }
 
 PropertyEdit* makePropertyEdit(const PropertyInfo& property, const DesignSample& sample, QWidget* parent) {

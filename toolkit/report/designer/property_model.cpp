@@ -117,17 +117,9 @@ void PropertyModel::readValues() {
   }
 }
 
-void PropertyModel::setValue(int row, const PropertyValue& value) {
+void PropertyModel::change(int row, const std::function<PropertyValue(const PropertyValue& own)>& made) {
   PropertyChanges changes;
-  for (ReportNode* node : nodes_) {
-    changes.push_back({node, property(row).name, value});
-    const auto* font = std::get_if<ReportFont>(&value);
-    if (!font || values_[size_t(row)]) continue;
-    ReportFont own = node->font(property(row).name);
-    if (!font->family.isEmpty()) own.family = font->family;
-    if (font->points > 0) own.points = font->points;
-    changes.back().value = own;
-  }
+  for (ReportNode* node : nodes_) changes.push_back({node, property(row).name, made(node->value(property(row).name))});
   editor_.change(property(row).caption, std::move(changes));
 }
 
@@ -169,7 +161,7 @@ QVariant PropertyModel::data(const QModelIndex& index, int role) const {
 
 bool PropertyModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (role != Qt::CheckStateRole || !checkIndex(index, CheckIndexOption::IndexIsValid)) return false;
-  setValue(index.row(), value.toInt() == Qt::Checked);
+  change(index.row(), [&](const PropertyValue&) { return value.toInt() == Qt::Checked; });
   return true;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QAbstractTableModel>
 
+#include <functional>
 #include <optional>
 
 /// The properties that all selected nodes have, from the one table of them: captions at the left, values at the right. A value
@@ -20,8 +21,8 @@ class PropertyModel : public QAbstractTableModel {
   int rowOf(QStringView property) const;
   /// Nothing when the nodes differ.
   const std::optional<PropertyValue>& value(int row) const { return values_[size_t(row)]; }
-  /// One step of undo for all of them. Where fonts differ, an empty family and a size of 0 leave each its own, as do styles.
-  void setValue(int row, const PropertyValue& value);
+  /// One step of undo for all of them; made gets each node's own value.
+  void change(int row, const std::function<PropertyValue(const PropertyValue& own)>& made);
   /// The nodes that are shown.
   const std::vector<ReportNode*>& nodes() const { return nodes_; }
   /// What is shown, as a heading: "Metin1 (Metin)", "3 nesne".

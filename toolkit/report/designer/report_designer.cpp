@@ -32,8 +32,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int draftPauseMs = 60'000;
-constexpr int leftWidth = 300;
-constexpr int rightWidth = 290;
+constexpr double paneShare = 0.23;   ///< of the window's width
+constexpr int leastPane = 170;
+constexpr int mostPane = 310;
+constexpr int leastWithLists = 560;  ///< width of a window that has room for the lists beside the page
+constexpr int leastWithBoth = 760;
 
 }  // namespace
 
@@ -57,6 +60,7 @@ ReportDesigner::ReportDesigner(QWidget* parent)
   connectGuarded(&editor_, &ReportEditor::pagesChanged, this, [this] { showPages(); });
   connectGuarded(&editor_, &ReportEditor::pageShown, this, [this] { showPages(); });
   connectGuarded(canvas_, &DesignCanvas::menuAsked, this, [this](QPoint global) { menuAt(global); });
+  connectGuarded(canvas_, &DesignCanvas::pictureAsked, this, [this] { postGuarded(this, [this] { choosePicture(); }); });
   connectGuarded(canvas_, &DesignCanvas::told, this, [this](const QString& text) { tell(text); });
   connectGuarded(inspector_, &Inspector::refused, this, [this](const QString& reason) { tell(reason); });
   draftTimer_->setInterval(draftPauseMs);
@@ -78,15 +82,24 @@ void ReportDesigner::build() {
   column->setSpacing(0);
   column->addWidget(buildBars());
   parts_ = new QSplitter(this);
-  parts_->addWidget(buildLeft());
+  left_ = buildLeft();
+  parts_->addWidget(left_);
   parts_->addWidget(buildMiddle());
   parts_->addWidget(inspector_);
   parts_->setStretchFactor(1, 1);
-  parts_->setSizes({leftWidth, 700, rightWidth});
   parts_->setChildrenCollapsible(false);
+  connectGuarded(parts_, &QSplitter::splitterMoved, this, [this] { arePanesChosen_ = true; });
   column->addWidget(parts_, 1);
   column->addWidget(buildStatus());
   showPages();
+}
+
+QMenu* ReportDesigner::bandMenu(QWidget* owner) {
+  auto* menu = new QMenu(u"Bant"_s, owner);
+  menu->setIcon(QIcon::fromTheme(u"view-list-text"_s));
+  for (const PropertyChoice& kind : propertiesOf(NodeKind::Band)[*findProperty(NodeKind::Band, u"kind")].choices)
+    menu->addAction(actions_->action(u"band_"_s + kind.word));
+  return menu;
 }
 
 QWidget* ReportDesigner::buildBars() {
@@ -100,20 +113,18 @@ QWidget* ReportDesigner::buildBars() {
     actions_->fill(*menu, names);
     return menu;
   };
-  addMenu(u"&Dosya"_s, {u"open"_s, u"save"_s, {}, u"pageSetup"_s, u"preview"_s, u"testPrint"_s, {}, u"wizard"_s, u"versions"_s, u"delivered"_s, {}, u"close"_s});
+  addMenu(u"&Dosya"_s, {u"open"_s, u"save"_s, {}, u"pageSetup"_s, u"preview"_s, u"testPrint"_s, {}, u"wizard"_s, u"emptyPage"_s, {}, u"versions"_s, u"delivered"_s, {}, u"close"_s});
   addMenu(u"D&üzen"_s, {u"undo"_s, u"redo"_s, {}, u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"remove"_s, {}, u"selectAll"_s, u"editText"_s, u"inspect"_s});
-  QStringList bands;
-  for (const PropertyChoice& kind : propertiesOf(NodeKind::Band)[*findProperty(NodeKind::Band, u"kind")].choices) bands += u"band_"_s + kind.word;
   QMenu* insert = addMenu(u"&Ekle"_s, {u"toolText"_s, u"toolBarcode"_s, u"toolLine"_s, u"toolRectangle"_s, u"toolPicture"_s, u"toolCheckMark"_s,
                                        u"toolRichText"_s, {}});
-  actions_->fill(*insert->addMenu(QIcon::fromTheme(u"view-list-text"_s), u"Bant"_s), bands);
+  insert->addMenu(bandMenu(insert));
   actions_->fill(*insert, {u"addPage"_s, u"removePage"_s, u"emptyPage"_s});
   const QStringList arranging = {u"alignLeft"_s, u"alignCenter"_s, u"alignRight"_s, u"alignTop"_s, u"alignMiddle"_s, u"alignBottom"_s};
   QMenu* arrange = addMenu(u"&Yerleşim"_s, arranging);
   actions_->fill(*arrange, {{}, u"distributeAcross"_s, u"distributeDown"_s, {}, u"sameWidth"_s, u"sameHeight"_s, u"sameSize"_s, {}, u"front"_s,
                             u"forward"_s, u"backward"_s, u"back"_s, {}, u"lock"_s});
   addMenu(u"&Görünüm"_s, {u"zoomIn"_s, u"zoomOut"_s, u"zoomPage"_s, u"zoomWidth"_s, u"zoomFull"_s, {}, u"grid"_s, u"snap"_s, {}, u"data"_s,
-                          u"example"_s, {}, u"nextPage"_s, u"previousPage"_s, {}, u"dataPane"_s, u"objectPane"_s, u"faultPane"_s, u"nextPane"_s, u"previousPane"_s});
+                          u"example"_s, {}, u"lists"_s, u"inspector"_s, {}, u"nextPage"_s, u"previousPage"_s, {}, u"dataPane"_s, u"objectPane"_s, u"faultPane"_s, u"nextPane"_s, u"previousPane"_s});
   column->addWidget(menus);
   auto* row = new QHBoxLayout;
   row->setContentsMargins(0, 0, 0, 0);
@@ -143,7 +154,15 @@ QWidget* ReportDesigner::buildLeft() {
   tools->setOrientation(Qt::Vertical);
   tools->setIconSize(QSize(22, 22));
   actions_->fill(*tools, {u"toolSelect"_s, {}, u"toolText"_s, u"toolBarcode"_s, u"toolLine"_s, u"toolRectangle"_s, u"toolPicture"_s, u"toolCheckMark"_s,
-                          u"toolRichText"_s});
+                          u"toolRichText"_s, {}});
+  auto* bands = new QToolButton(tools);
+  bands->setObjectName(u"bandButton"_s);
+  bands->setIcon(QIcon::fromTheme(u"table"_s));
+  bands->setToolTip(u"Bant ekle"_s);
+  bands->setAccessibleName(u"Bant ekle"_s);
+  bands->setPopupMode(QToolButton::InstantPopup);
+  bands->setMenu(bandMenu(bands));
+  tools->addWidget(bands);
   row->addWidget(tools);
   lists_ = new QTabWidget(left);
   lists_->setDocumentMode(true);
@@ -155,8 +174,10 @@ QWidget* ReportDesigner::buildLeft() {
   row->addWidget(lists_, 1);
   connectGuarded(data_, &DataList::nameChosen, this, [this](const QString& name, bool isBarcode) {
     const NodeKind kind = isBarcode ? NodeKind::Barcode : NodeKind::Text;
-    ReportNode* made = commands_.addName(kind, commands_.freePlace(kind), name);
-    canvas_->ensureSeen(*made);
+    const std::vector<ReportNode*> selected = editor_.selectedObjects();
+    // What has been drawn and shows nothing yet waits for it.
+    if (selected.size() == 1 && waitsForText(*selected.front(), sample_) && (!isBarcode || selected.front()->kind() == kind)) return commands_.fill(*selected.front(), name);
+    canvas_->ensureSeen(*commands_.addName(kind, commands_.freePlace(kind), name));
   });
   connectGuarded(faults_, &FaultList::searched, this, [this](int count) {
     lists_->setTabText(2, count == 0 ? u"Hatalar"_s : u"Hatalar (%1)"_s.arg(count));
@@ -183,10 +204,12 @@ QWidget* ReportDesigner::buildMiddle() {
   add->setAutoRaise(true);
   auto* below = new QHBoxLayout;
   below->setContentsMargins(0, 0, 0, 0);
+  below->addWidget(foldButton(u"lists"_s));
   below->addWidget(pages_);
   below->addWidget(add);
   below->addStretch(1);
-  grid->addLayout(below, 2, 1);
+  below->addWidget(foldButton(u"inspector"_s));
+  grid->addLayout(below, 2, 0, 1, 2);
   connectGuarded(pages_, &QTabBar::currentChanged, this, [this](int place) {
     const std::vector<ReportNode*> all = editor_.pages();
     if (place >= 0 && size_t(place) < all.size()) editor_.showPage(*all[size_t(place)]);
@@ -246,20 +269,54 @@ void ReportDesigner::menuAt(QPoint global) {
   actions_->fill(menu, {u"editText"_s, u"inspect"_s, {}, u"cut"_s, u"copy"_s, u"paste"_s, u"duplicate"_s, u"remove"_s, {}});
   actions_->fill(*menu.addMenu(u"Hizala"_s), {u"alignLeft"_s, u"alignCenter"_s, u"alignRight"_s, u"alignTop"_s, u"alignMiddle"_s, u"alignBottom"_s, {},
                                               u"distributeAcross"_s, u"distributeDown"_s});
-  actions_->fill(menu, {u"front"_s, u"back"_s, u"lock"_s, {}, u"pageSetup"_s});
+  actions_->fill(menu, {u"front"_s, u"back"_s, u"lock"_s, {}});
+  menu.addMenu(bandMenu(&menu));
+  actions_->fill(menu, {u"pageSetup"_s});
   menu.exec(global);
 }
 
 void ReportDesigner::focusNextPane(bool isBack) {
-  const std::vector<QWidget*> panes = {canvas_, inspector_->findChild<QWidget*>(u"properties"_s), lists_->currentWidget()};
+  std::vector<QWidget*> panes = {canvas_};
+  if (inspector_->isVisible()) panes.push_back(inspector_->table());
+  if (left_->isVisible()) panes.push_back(lists_->currentWidget());
   size_t now = 0;
   for (size_t pane = 0; pane < panes.size(); ++pane)
     if (panes[pane]->hasFocus() || panes[pane]->isAncestorOf(focusWidget())) now = pane;
   const size_t next = (now + (isBack ? panes.size() - 1 : 1)) % panes.size();
-  next == 2 ? showList(lists_->currentIndex()) : panes[next]->setFocus(Qt::ShortcutFocusReason);
+  panes[next] == lists_->currentWidget() ? showList(lists_->currentIndex()) : panes[next]->setFocus(Qt::ShortcutFocusReason);
+}
+
+void ReportDesigner::showPane(QWidget* pane, bool isShown) {
+  arePanesChosen_ = true;
+  if (!isShown && pane->isAncestorOf(focusWidget())) canvas_->setFocus();
+  pane->setVisible(isShown);
+  actions_->update();
+}
+
+void ReportDesigner::arrangePanes() {
+  if (arePanesChosen_) return;
+  const int side = std::clamp(static_cast<int>(width() * paneShare), leastPane, mostPane);
+  left_->setVisible(width() >= leastWithLists);
+  inspector_->setVisible(width() >= leastWithBoth);
+  parts_->setSizes({side, width() - 2 * side, side});
+  actions_->update();
+}
+
+void ReportDesigner::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  guarded(this, [&] { arrangePanes(); });
+}
+
+QToolButton* ReportDesigner::foldButton(const QString& action) {
+  auto* button = new QToolButton(this);
+  button->setDefaultAction(actions_->action(action));
+  button->setAutoRaise(true);
+  button->setAccessibleName(actions_->action(action)->text());
+  return button;
 }
 
 void ReportDesigner::showList(int place) {
+  showPane(left_, true);
   lists_->setCurrentIndex(place);
   QWidget* list = lists_->widget(place) == data_ ? data_->list() : lists_->widget(place);
   list->setFocus(Qt::ShortcutFocusReason);
@@ -271,10 +328,14 @@ void ReportDesigner::showNextPage(int by) {
   editor_.showPage(*all[size_t(now + by + std::ssize(all)) % all.size()]);
 }
 
-QByteArray ReportDesigner::state() const { return parts_->saveState(); }
+QByteArray ReportDesigner::state() const { return parts_->saveState() + char('0' + left_->isVisibleTo(this) + 2 * inspector_->isVisibleTo(this)); }
 
 void ReportDesigner::restoreState(const QByteArray& state) {
-  if (!state.isEmpty()) parts_->restoreState(state);
+  if (state.isEmpty() || !parts_->restoreState(state.chopped(1))) return;
+  arePanesChosen_ = true;
+  left_->setVisible((state.back() - '0') & 1);
+  inspector_->setVisible((state.back() - '0') & 2);
+  actions_->update();
 }
 
 void ReportDesigner::setDraftPause(int milliseconds) { draftTimer_->setInterval(milliseconds); }

@@ -8,10 +8,12 @@ class FaultList;
 class Inspector;
 class DataList;
 class QLabel;
+class QMenu;
 class QSplitter;
 class QTabBar;
 class QTabWidget;
 class QTimer;
+class QToolButton;
 
 /// The template designer as one widget: commands above, tools, data and lists at the left, the page in the middle, the
 /// properties of what is selected at the right. Opens a file, writes over it, and keeps what was there.
@@ -51,6 +53,9 @@ class ReportDesigner : public QWidget {
   void titleChanged(const QString& title);
   void closeAsked();
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void addFileCommands();
   void addEditCommands();
@@ -59,6 +64,7 @@ class ReportDesigner : public QWidget {
   void addViewCommands();
   void build();
   QWidget* buildBars();
+  QMenu* bandMenu(QWidget* owner);
   QWidget* buildLeft();
   QWidget* buildMiddle();
   QWidget* buildStatus();
@@ -68,6 +74,8 @@ class ReportDesigner : public QWidget {
   /// Takes over what is being written, on the page or among the properties.
   void settle();
   void menuAt(QPoint global);
+  /// For the selected picture, from a file.
+  void choosePicture();
   void preview();
   void testPrint();
   void setUpPage();
@@ -80,6 +88,11 @@ class ReportDesigner : public QWidget {
   void focusNextPane(bool isBack);
   /// Brings one of the lists at the left to the front and gives it the keyboard.
   void showList(int place);
+  /// Folds or unfolds the lists at the left, or the properties at the right.
+  void showPane(QWidget* pane, bool isShown);
+  /// Until the user does so, the panes take what the page can spare.
+  void arrangePanes();
+  QToolButton* foldButton(const QString& action);
   void showNextPage(int by);
   bool hasObjects(size_t least = 1) const { return editor_.selectedObjects().size() >= least; }
 
@@ -101,5 +114,7 @@ class ReportDesigner : public QWidget {
   QLabel* message_ = nullptr;
   QLabel* zoomText_ = nullptr;
   QSplitter* parts_ = nullptr;
+  QWidget* left_ = nullptr;
+  bool arePanesChosen_ = false;
   QTimer* draftTimer_;
 };

@@ -128,7 +128,14 @@ void ReportDesigner::addViewCommands() {
     actions_->add({name, caption, {}, QKeySequence(key), [this, place] { showList(place); }});
     ++place;
   }
+  actions_->add({u"lists"_s, u"Soldaki listeler"_s, u"sidebar-collapse-left"_s, QKeySequence(Qt::Key_F8), [this] { showPane(left_, !left_->isVisibleTo(this)); }, {},
+                 [this] { return left_ && left_->isVisibleTo(this); }});
+  actions_->add({u"inspector"_s, u"Sağdaki özellikler"_s, u"sidebar-collapse-right"_s, QKeySequence(Qt::Key_F9), [this] { showPane(inspector_, !inspector_->isVisibleTo(this)); }, {},
+                 [this] { return inspector_->isVisibleTo(this); }});
   actions_->add({u"nextPane"_s, u"Sonraki bölme"_s, {}, QKeySequence(Qt::Key_F7), [this] { focusNextPane(false); }});
   actions_->add({u"previousPane"_s, u"Önceki bölme"_s, {}, QKeySequence(u"Shift+F7"_s), [this] { focusNextPane(true); }});
-  actions_->add({u"inspect"_s, u"Özellikler"_s, u"document-properties"_s, QKeySequence(Qt::Key_F4), [this] { inspector_->edit(u"text"); }});
+  actions_->add({u"inspect"_s, u"Özellikler"_s, u"document-properties"_s, QKeySequence(Qt::Key_F4), [this] {
+                   showPane(inspector_, true);
+                   inspector_->edit(u"text");
+                 }});
 }

@@ -8,6 +8,7 @@
 #include "toolkit/report/designer/fault_list.h"
 #include "toolkit/report/designer/label_wizard.h"
 #include "toolkit/report/designer/page_setup_dialog.h"
+#include "toolkit/report/designer/property_editors.h"
 #include "toolkit/report/designer/report_designer.h"
 #include "toolkit/report/designer/template_picker.h"
 #include "toolkit/report/designer/test_sheet.h"
@@ -178,11 +179,18 @@ void ReportDesigner::bringBackDelivered() {
 void ReportDesigner::preview() {
   const ReportDocument filled = filledWith(editor_.document(), sample_);
   auto pages = std::make_shared<const ReportPagedDocument>(layoutReport(filled, sample_.data, sample_.richTexts, environment().now()));
-  if (pages->pageCount() > 0) showPreview(window(), std::move(pages), {.documentName = u"Tasarım"_s, .printer = sample_.printer});
+  if (pages->pageCount() > 0) showPreview(window(), std::move(pages), {.documentName = sample_.documentName, .printer = sample_.printer});
 }
 
 void ReportDesigner::testPrint() {
   showPreview(window(), std::make_shared<const TestSheet>(ReportSheet(*editor_.page())), {.caption = u"Deneme baskısı"_s, .documentName = u"Deneme baskısı"_s, .printer = sample_.printer});
+}
+
+void ReportDesigner::choosePicture() {
+  const std::vector<ReportNode*> selected = editor_.selectedObjects();
+  if (selected.size() != 1 || selected.front()->kind() != NodeKind::Picture) return;
+  const QByteArray bytes = askPicture(window());
+  if (!bytes.isEmpty()) editor_.change(u"Resim"_s, *selected.front(), u"picture"_s, bytes);
 }
 
 void ReportDesigner::setUpPage() {

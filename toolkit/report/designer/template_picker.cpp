@@ -5,6 +5,7 @@
 #include "toolkit/report/paged_output.h"
 #include "toolkit/report/report_layout.h"
 #include "toolkit/report/report_file.h"
+#include "toolkit/shell/screen_room.h"
 
 #include <QBoxLayout>
 #include <QDialogButtonBox>
@@ -18,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QSize pictureRoom(380, 460);
+const QSize mostPicture(380, 460);
 
 }  // namespace
 
@@ -27,9 +28,9 @@ TemplatePicker::TemplatePicker(QWidget* owner, TemplatePick pick, const DesignSa
   setWindowTitle(pick.title);
   list_->setObjectName(u"templates"_s);
   list_->setAccessibleName(pick.title);
-  list_->setMinimumWidth(260);
+  list_->setMinimumWidth(240);
   for (const TemplatePick::Entry& each : entries_) list_->addItem(each.caption);
-  picture_->setFixedSize(pictureRoom);
+  picture_->setFixedSize(pictureWithinScreen(*this, mostPicture));
   picture_->setAlignment(Qt::AlignCenter);
   picture_->setWordWrap(true);
   auto* row = new QHBoxLayout;
@@ -64,7 +65,7 @@ void TemplatePicker::showPicture() {
     const ReportPagedDocument pages(layoutReport(filled, sample_.data, sample_.richTexts, environment().now()));
     if (pages.pageCount() == 0) return;
     const QSizeF size = pages.pageSize(0);
-    const double dots = std::min(pictureRoom.width() / size.width(), pictureRoom.height() / size.height()) * 25.4 * devicePixelRatioF();
+    const double dots = std::min(picture_->width() / size.width(), picture_->height() / size.height()) * 25.4 * devicePixelRatioF();
     QPixmap picture = QPixmap::fromImage(pagePicture(pages, 0, dots));
     picture.setDevicePixelRatio(devicePixelRatioF());
     picture_->setPixmap(picture);
