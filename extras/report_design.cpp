@@ -26,6 +26,7 @@ const QString statePath = u"Software\\FastReport"_s;
 const QString stateSection = u"Designer"_s;
 const QString stateKey = u"Layout"_s;
 constexpr QSize mostSize(1480, 920);
+constexpr int leastRoom = 640;  ///< height of a screen that has room for the window's edges
 
 }  // namespace
 
@@ -83,8 +84,9 @@ void TfRaporTasarla::showEvent(QShowEvent* event) {
     const QRect room = screen()->availableGeometry();
     const QSize size(std::min(mostSize.width(), room.width() - 40), std::min(mostSize.height(), room.height() - 60));
     setGeometry(QStyle::alignedRect(layoutDirection(), Qt::AlignCenter, size, room));
+    if (room.height() < leastRoom) setWindowState(windowState() | Qt::WindowMaximized);
     layout()->activate();
-    postGuarded(this, [this] { frxDesigner1->canvas().fitPage(); });
+    postGuarded(this, [this] { frxDesigner1->canvas().fitReadable(); });
   });
 }
 

@@ -70,8 +70,8 @@ void CanvasMarks::paintPaper(QPainter& painter, const QRect& view, double grid) 
 
 QRectF CanvasMarks::tagOf(const PagePlaces::Band& band) const {
   const QRectF rect = toView.mapRect(band.rect);
-  const double left = toView.map(QPointF()).x() - bandTagWidth - 4;
-  return {left, rect.top(), bandTagWidth, std::max(rect.height(), 3.0)};
+  const double left = toView.map(QPointF()).x() - tagWidth - 4;
+  return {left, rect.top(), tagWidth, std::max(rect.height(), 3.0)};
 }
 
 void CanvasMarks::paintBands(QPainter& painter, const ReportNode* selected) const {

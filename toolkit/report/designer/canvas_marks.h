@@ -15,6 +15,7 @@ struct CanvasMarks {
   QTransform toView;       ///< millimetres on the paper to dots of the view
   QPalette palette;
   QFont font;
+  double tagWidth;         ///< of the names of the bands, in dots
 
   /// Paper with margins, labels of a sheet, grid (step in mm, 0 for none). Painter and rectangle are the view's.
   void paintPaper(QPainter& painter, const QRect& view, double grid) const;
@@ -30,8 +31,6 @@ struct CanvasMarks {
   QRectF tagOf(const PagePlaces::Band& band) const;
 };
 
-/// Width of the names of the bands, in dots.
-inline constexpr double bandTagWidth = 132;
 inline constexpr double handleSize = 8;
 
 /// Where the handles of a rectangle of the view stand: round one that is too small to hold them, they do not hide it.

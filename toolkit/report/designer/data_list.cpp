@@ -7,11 +7,13 @@
 
 #include <QApplication>
 #include <QBoxLayout>
+#include <QDrag>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QTreeWidget>
 
 using namespace Qt::StringLiterals;
@@ -33,9 +35,35 @@ class NameTree : public QTreeWidget {
     dragged->setData(QString::fromLatin1(dataNameMimeType), items.front()->data(0, expressionRole).toString().toUtf8());
     return dragged;
   }
+  void startDrag(Qt::DropActions) override {
+    guarded(this, [&] {
+      QMimeData* dragged = mimeData(selectedItems());
+      if (!dragged) return;
+      // The name stands left above the pointer: what it becomes is shown right below it.
+      const QString name = selectedItems().front()->text(0);
+      const QRect text = fontMetrics().boundingRect(name).adjusted(-6, -4, 6, 4);
+      QPixmap picture(text.size() * devicePixelRatioF());
+      picture.setDevicePixelRatio(devicePixelRatioF());
+      picture.fill(palette().color(QPalette::ToolTipBase));
+      QPainter painter(&picture);
+      painter.setFont(font());
+      painter.setPen(palette().color(QPalette::ToolTipText));
+      painter.drawRect(0, 0, text.width() - 1, text.height() - 1);
+      painter.drawText(QRect(QPoint(), text.size()), Qt::AlignCenter, name);
+      painter.end();
+      auto* drag = new QDrag(this);
+      drag->setMimeData(dragged);
+      drag->setPixmap(picture);
+      drag->setHotSpot(QPoint(text.width() + 4, text.height() + 4));
+      drag->exec(Qt::CopyAction);
+    });
+  }
   void resizeEvent(QResizeEvent* event) override {
     QTreeWidget::resizeEvent(event);
-    guarded(this, [&] { setColumnWidth(0, static_cast<int>(viewport()->width() * meaningShare)); });
+    guarded(this, [&] {
+      setColumnWidth(0, static_cast<int>(viewport()->width() * meaningShare));
+      setColumnWidth(1, viewport()->width() - columnWidth(0));
+    });
   }
 };
 
@@ -75,6 +103,7 @@ DataList::DataList(QWidget* parent) : QWidget(parent), search_(new QLineEdit(thi
   list_->setColumnCount(2);
   list_->setHeaderLabels({u"Anlamı"_s, u"Ad"_s});
   list_->setRootIsDecorated(true);
+  list_->header()->setStretchLastSection(false);
   list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list_->setIndentation(12);
   list_->setUniformRowHeights(true);
@@ -126,12 +155,15 @@ void DataList::show(const ReportData& known, bool withFunctions) {
 }
 
 void DataList::filter(const QString& text) {
+  // Every word stands somewhere: in the meaning, in the name, or above them.
+  const QStringList words = text.split(u' ', Qt::SkipEmptyParts);
   for (int group = 0; group < list_->topLevelItemCount(); ++group) {
     QTreeWidgetItem* top = list_->topLevelItem(group);
     bool isShown = false;
     for (int entry = 0; entry < top->childCount(); ++entry) {
       QTreeWidgetItem* item = top->child(entry);
-      const bool fits = text.isEmpty() || TurkishText::contains(item->text(0), text) || TurkishText::contains(item->text(1), text);
+      const QString all = item->text(0) + u' ' + item->text(1) + u' ' + top->text(0);
+      const bool fits = std::all_of(words.begin(), words.end(), [&](const QString& word) { return TurkishText::contains(all, word); });
       item->setHidden(!fits);
       isShown |= fits;
     }

@@ -21,7 +21,11 @@ constexpr double leastZoom = 0.1;
 constexpr double mostZoom = 8;
 constexpr double leastFitZoom = 0.25;
 constexpr double mostFitZoom = 3;
+constexpr double readableZoom = 0.45;
 constexpr double gap = 28;           ///< dots around the paper
+constexpr double tagShare = 0.2;     ///< of the view's width that the names of the bands may take
+constexpr double leastTag = 60;      ///< dots
+constexpr double mostTag = 132;
 constexpr double gridStep = 1;       ///< mm
 constexpr double snapReach = 6;      ///< dots
 constexpr double takingReach = 3;    ///< dots beside an edge at which the mouse still takes it
@@ -56,7 +60,7 @@ DesignCanvas::DesignCanvas(ReportEditor& editor, const DesignSample& sample, QWi
   });
   connectGuarded(&editor, &ReportEditor::pageShown, this, [this] {
     rebuild();
-    fitPage();
+    fitReadable();
   });
   connectGuarded(&editor, &ReportEditor::selectionChanged, this, [this] {
     viewport()->update();
@@ -102,7 +106,7 @@ void DesignCanvas::remeasure() {
   places_ = std::make_unique<PagePlaces>(*editor_.page());
   const double scale = toView().m11();
   const double room = gap / scale;
-  const double tags = places_->bands().empty() ? room : (bandTagWidth + gap / 2) / scale;
+  const double tags = places_->bands().empty() ? room : (tagWidth() + gap / 2) / scale;
   scene()->setSceneRect(places_->whole().adjusted(-tags, -room, room, room));
   placeItems();
 }
@@ -155,6 +159,10 @@ void DesignCanvas::markFaults(const std::vector<const ReportNode*>& nodes) {
 
 // View
 
+double DesignCanvas::tagWidth() const { return std::clamp(std::round(viewport()->width() * tagShare), leastTag, mostTag); }
+
+CanvasMarks DesignCanvas::marksNow() const { return {*places_, toView(), palette(), font(), tagWidth()}; }
+
 double DesignCanvas::zoom() const { return transform().m11() / dotsPerMillimetreAtFull; }
 
 void DesignCanvas::zoomTo(double zoom) {
@@ -168,7 +176,7 @@ void DesignCanvas::zoomTo(double zoom) {
 void DesignCanvas::fitPage() {
   // Of a sheet of labels the one that is designed is shown.
   const QRectF seen = places_->sheet().isSheet() ? places_->cell() : places_->whole();
-  const double tags = places_->bands().empty() ? gap : bandTagWidth + gap / 2;
+  const double tags = places_->bands().empty() ? gap : tagWidth() + gap / 2;
   const double across = (viewport()->width() - tags - gap) / seen.width();
   const double down = (viewport()->height() - 2 * gap) / seen.height();
   const double fit = std::min(across, down) / dotsPerMillimetreAtFull;
@@ -181,8 +189,17 @@ void DesignCanvas::fitPage() {
   }
 }
 
+void DesignCanvas::fitReadable() {
+  fitPage();
+  const double whole = zoom();
+  if (whole >= readableZoom) return;
+  fitWidth();
+  if (zoom() > 1) zoomTo(1);
+  if (zoom() <= whole) fitPage();
+}
+
 void DesignCanvas::fitWidth() {
-  const double tags = places_->bands().empty() ? gap : bandTagWidth + gap / 2;
+  const double tags = places_->bands().empty() ? gap : tagWidth() + gap / 2;
   zoomTo((viewport()->width() - tags - gap) / places_->sheet().paper.width() / dotsPerMillimetreAtFull);
   horizontalScrollBar()->setValue(horizontalScrollBar()->minimum());
   verticalScrollBar()->setValue(verticalScrollBar()->minimum());
@@ -333,14 +350,14 @@ int DesignCanvas::handleAt(QPointF viewPlace) const {
 ReportNode* DesignCanvas::bandEdgeAt(QPointF viewPlace) const {
   for (const PagePlaces::Band& band : places_->bands()) {
     const QRectF rect = toView().mapRect(band.rect);
-    const bool isAcross = viewPlace.x() >= rect.left() - bandTagWidth - gap && viewPlace.x() <= rect.right();
+    const bool isAcross = viewPlace.x() >= rect.left() - tagWidth() - gap && viewPlace.x() <= rect.right();
     if (isAcross && std::abs(viewPlace.y() - rect.bottom()) <= 3) return mutableNode(band.node);
   }
   return nullptr;
 }
 
 ReportNode* DesignCanvas::bandTagAt(QPointF viewPlace) const {
-  const CanvasMarks marks{*places_, toView(), palette(), font()};
+  const CanvasMarks marks = marksNow();
   for (const PagePlaces::Band& band : places_->bands())
     if (marks.tagOf(band).contains(viewPlace)) return mutableNode(band.node);
   return nullptr;
@@ -353,7 +370,7 @@ void DesignCanvas::drawBackground(QPainter* painter, const QRectF&) {
     painter->save();
     painter->setWorldTransform(QTransform());
     painter->setRenderHint(QPainter::Antialiasing, false);
-    const CanvasMarks marks{*places_, toView(), palette(), font()};
+    const CanvasMarks marks = marksNow();
     marks.paintPaper(*painter, viewport()->rect(), isGridShown_ ? gridStep : 0);
     marks.paintBands(*painter, editor_.selection().size() == 1 ? editor_.selection().front() : nullptr);
     painter->restore();
@@ -365,7 +382,7 @@ void DesignCanvas::drawForeground(QPainter* painter, const QRectF&) {
     painter->save();
     painter->setWorldTransform(QTransform());
     painter->setRenderHint(QPainter::Antialiasing, false);
-    const CanvasMarks marks{*places_, toView(), palette(), font()};
+    const CanvasMarks marks = marksNow();
     const std::vector<ReportNode*> objects = editor_.selectedObjects();
     std::vector<QRectF> rects;
     for (const ReportNode* object : objects)

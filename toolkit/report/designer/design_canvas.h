@@ -31,6 +31,8 @@ class DesignCanvas : public QGraphicsView {
   /// Keeps the middle, or the place under the mouse, where it is.
   void zoomTo(double zoom);
   void fitPage();
+  /// The whole page, or where that would be too small to read, its width.
+  void fitReadable();
   void fitWidth();
   void showGrid(bool isShown);
   bool isGridShown() const { return isGridShown_; }
@@ -107,6 +109,8 @@ class DesignCanvas : public QGraphicsView {
   void placeItems();
   void refresh(const std::vector<ReportNode*>& nodes);
   void remeasure();
+  double tagWidth() const;
+  CanvasMarks marksNow() const;
   int handleAt(QPointF viewPlace) const;
   ReportNode* bandEdgeAt(QPointF viewPlace) const;
   ReportNode* bandTagAt(QPointF viewPlace) const;

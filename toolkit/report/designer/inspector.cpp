@@ -89,10 +89,29 @@ int captionWidth(const QFontMetrics& metrics) {
   return widest + aside;
 }
 
+/// The captions have the room of the widest one, unless the values would have too little.
+class PropertyTable : public QTableView {
+ public:
+  using QTableView::QTableView;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override {
+    QTableView::resizeEvent(event);
+    guarded(this, [&] {
+      constexpr double mostShare = 0.58;
+      setColumnWidth(0, std::min(captions_, static_cast<int>(viewport()->width() * mostShare)));
+      setColumnWidth(1, viewport()->width() - columnWidth(0));
+    });
+  }
+
+ private:
+  int captions_ = captionWidth(fontMetrics());
+};
+
 }  // namespace
 
 Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* parent)
-    : QWidget(parent), model_(new PropertyModel(editor, this)), heading_(new QLabel(this)), search_(new QLineEdit(this)), table_(new QTableView(this)) {
+    : QWidget(parent), model_(new PropertyModel(editor, this)), heading_(new QLabel(this)), search_(new QLineEdit(this)), table_(new PropertyTable(this)) {
   QFont bold = font();
   bold.setBold(true);
   heading_->setFont(bold);
@@ -118,9 +137,7 @@ Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* 
   table_->verticalHeader()->hide();
   table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
   table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Interactive);
-  table_->horizontalHeader()->setStretchLastSection(true);
-  table_->setColumnWidth(0, captionWidth(fontMetrics()));
+  table_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(6, 6, 6, 0);
   column->setSpacing(4);

@@ -20,8 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QSize pictureRoom(170, 230);
-constexpr int leastBox = 76;
+const QSize pictureRoom(150, 212);
+constexpr int boxWidth = 90;
 
 const PropertyInfo& info(const QString& property) { return propertiesOf(NodeKind::Page)[*findProperty(NodeKind::Page, property)]; }
 
@@ -105,6 +105,10 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
     form->addWidget(box, place / 2, place % 2 * 2 + 1);
     ++place;
   };
+  for (QComboBox* box : {paper_, orientation_}) {
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setFixedWidth(boxWidth);
+  }
   form->addWidget(new QLabel(u"Hazır etiket"_s, content), 0, 0);
   form->addWidget(named(preset_, u"Hazır etiket"_s), 0, 1, 1, 3);
   addBox(info(u"paper"_s).caption, paper_);
@@ -115,7 +119,7 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
     box->setObjectName(property);
     box->setDisplayFormat(info(property).type == PropertyType::Integer ? u"0"_s : u"0.##"_s);
     const QString caption = info(property).caption + (info(property).type == PropertyType::Integer ? QString() : u" (mm)"_s);
-    box->setMinimumWidth(leastBox);
+    box->setFixedWidth(boxWidth);
     addBox(caption, box);
     numbers_.emplace_back(property, box);
     connectGuarded(box, &CurrencyEdit::textChanged, this, [this] { showSheet(); });

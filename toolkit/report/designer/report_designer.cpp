@@ -32,9 +32,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int draftPauseMs = 60'000;
-constexpr double paneShare = 0.23;   ///< of the window's width
+constexpr double paneShare = 0.22;   ///< of the window's width
 constexpr int leastPane = 170;
-constexpr int mostPane = 310;
+constexpr int mostPane = 300;
+constexpr int toolsWidth = 40;
 constexpr int leastWithLists = 560;  ///< width of a window that has room for the lists beside the page
 constexpr int leastWithBoth = 760;
 
@@ -142,6 +143,8 @@ QWidget* ReportDesigner::buildBars() {
                            u"data"_s});
   row->addWidget(places, 1);
   column->addLayout(row);
+  // What has no room stands behind this button; the style's own sign is black in every look.
+  for (QToolButton* more : bars->findChildren<QToolButton*>(u"qt_toolbar_ext_button"_s)) more->setIcon(QIcon::fromTheme(u"arrow-right-double"_s));
   return bars;
 }
 
@@ -160,12 +163,15 @@ QWidget* ReportDesigner::buildLeft() {
   bands->setIcon(QIcon::fromTheme(u"table"_s));
   bands->setToolTip(u"Bant ekle"_s);
   bands->setAccessibleName(u"Bant ekle"_s);
+  bands->setAutoRaise(true);
   bands->setPopupMode(QToolButton::InstantPopup);
   bands->setMenu(bandMenu(bands));
   tools->addWidget(bands);
   row->addWidget(tools);
   lists_ = new QTabWidget(left);
   lists_->setDocumentMode(true);
+  lists_->setUsesScrollButtons(false);
+  lists_->setElideMode(Qt::ElideRight);
   data_ = new DataList(left);
   faults_ = new FaultList(*canvas_, sample_, left);
   lists_->addTab(data_, u"Veri"_s);
@@ -298,7 +304,7 @@ void ReportDesigner::arrangePanes() {
   const int side = std::clamp(static_cast<int>(width() * paneShare), leastPane, mostPane);
   left_->setVisible(width() >= leastWithLists);
   inspector_->setVisible(width() >= leastWithBoth);
-  parts_->setSizes({side, width() - 2 * side, side});
+  parts_->setSizes({side + toolsWidth, width() - 2 * side - toolsWidth, side});
   actions_->update();
 }
 

@@ -199,12 +199,12 @@ void ReportDesigner::setUpPage() {
   PropertyChanges changes;
   for (auto& [property, value] : dialog.values()) changes.push_back({editor_.page(), property, value});
   editor_.change(u"Sayfa düzeni"_s, std::move(changes));
-  canvas_->fitPage();
+  canvas_->fitReadable();
 }
 
 void ReportDesigner::runWizard() {
   LabelWizard wizard(window(), sample_);
   if (wizard.exec() != QDialog::Accepted) return;
   editor_.replace(u"Sihirbaz"_s, wizard.document());
-  canvas_->fitPage();
+  canvas_->fitReadable();
 }
