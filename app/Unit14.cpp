@@ -14,6 +14,7 @@
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/password_line.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/hourglass.h"
 
 #include <QApplication>
 #include <QFileDialog>
@@ -34,15 +35,6 @@ const QString serviceName = u"MySQL_Quendrine"_s;
 const QString settingsPath = u"SOFTWARE\\Quendrine"_s;
 const QString settingsSection = u"KVTK"_s;
 const QString fingerprintKey = u"SunucuParmakIzi"_s;
-
-/// The hourglass for as long as this object lives.
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 /// What a failed connection is told with. A character of the password is not shown, though the error names it.
 QString failureText(const std::exception& error, const QString& passwordCaption) {
@@ -146,7 +138,7 @@ void TLogin_Form::formShow() {
 }
 
 bool TLogin_Form::serviceRuns() const {
-  const WaitCursor waiting;
+  const Hourglass waiting;
   return DM->MyServerControl1.serviceStatus(serviceName) == ServerControl::Running;
 }
 
@@ -170,7 +162,7 @@ void TLogin_Form::connectToServer() {
     DM->MySQL.Password = LoginRules::password(parola->text());
     DM->MySQL.Database = databaseName;
     DM->MySQL.CertificateFingerprint = SettingsStore::read(settingsPath, settingsSection, fingerprintKey).trimmed();
-    const WaitCursor waiting;
+    const Hourglass waiting;
     DM->MySQL.Connect();
   } catch (const std::exception& error) {
     DM->MySQL.Password.clear();

@@ -3,16 +3,14 @@
 #include "toolkit/shell/redraw_lock.h"
 #include "toolkit/shell/ribbon.h"
 
-#include <QGuiApplication>
-
 SlipFrame::SlipFrame(Ribbon& ribbon, RedrawLock& lock) : ribbon_(ribbon), lock_(lock) {
   ribbon_.beginUpdate();
   lock_.acquire();
-  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  hourglass_.emplace();
 }
 
 SlipFrame::~SlipFrame() {
-  QGuiApplication::restoreOverrideCursor();
+  hourglass_.reset();
   lock_.release();
   ribbon_.endUpdate();
 }

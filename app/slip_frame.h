@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QtGlobal>
+#include "toolkit/shell/hourglass.h"
+
+#include <optional>
 
 class RedrawLock;
 class Ribbon;
@@ -16,4 +18,5 @@ class SlipFrame {
  private:
   Ribbon& ribbon_;
   RedrawLock& lock_;
+  std::optional<Hourglass> hourglass_;
 };

@@ -14,7 +14,6 @@
 #include "extras/rate_store.h"
 #include "toolkit/shell/waiting_run.h"
 
-#include <QApplication>
 #include <QBoxLayout>
 #include <QPushButton>
 #include <QTabWidget>
@@ -149,9 +148,8 @@ void TfDoviz::setDate(const QString& date) { eTarih->setText(date); }
 void TfDoviz::setRate(Currency currency, double rate) { box(currency)->setValue(rate); }
 
 void TfDoviz::setHourglass(bool on) {
-  if (on == hourglass_) return;
-  hourglass_ = on;
-  on ? QApplication::setOverrideCursor(Qt::WaitCursor) : QApplication::restoreOverrideCursor();
+  if (!on) hourglass_.reset();
+  if (on && !hourglass_) hourglass_.emplace();
 }
 
 void TfDoviz::setStatusText(const QString& text) { ports().setStatusText(text); }

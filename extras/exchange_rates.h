@@ -1,8 +1,11 @@
 #pragma once
 
 #include "extras/rate_load.h"
+#include "toolkit/shell/hourglass.h"
 
 #include <QDialog>
+
+#include <optional>
 
 class QPushButton;
 class qcxCurrencyEdit;
@@ -43,7 +46,7 @@ class TfDoviz : public QDialog, private RateScreen {
   bool download(const QString& file) override;
   void store() override;
 
-  bool hourglass_ = false;
+  std::optional<Hourglass> hourglass_;
 };
 
 /// The one instance; null before it is created and after it is gone.

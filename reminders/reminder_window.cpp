@@ -19,7 +19,6 @@
 #include "toolkit/shell/edge_snap.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QBoxLayout>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -199,7 +198,7 @@ void TfHatirlaForm::prepare() {
 void TfHatirlaForm::RzPageControl1Change() {
   if (!isVisible()) return;
   for (DateEdit* box : {GunHatirlatTarih, bakimTarih}) readFor_.insert(box, box->text());
-  if (!std::exchange(isWaiting_, true)) QApplication::setOverrideCursor(Qt::WaitCursor);
+  if (!hourglass_) hourglass_.emplace();
   switch (RzPageControl1->currentIndex()) {
     case SlipPage:
       ReminderStore::openSlipsOfDay(qServis, GunHatirlatTarih->text());
@@ -211,8 +210,7 @@ void TfHatirlaForm::RzPageControl1Change() {
       ReminderStore::openOverdueSlips(qServis);
       break;
   }
-  QApplication::restoreOverrideCursor();
-  isWaiting_ = false;
+  hourglass_.reset();
 }
 
 /// Goes by the grid of page 0 on page 2 as well: meant.

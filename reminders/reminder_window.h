@@ -1,9 +1,12 @@
 #pragma once
 
 #include "base/data/my_query.h"
+#include "toolkit/shell/hourglass.h"
 #include "toolkit/shell/window_place.h"
 
 #include <QWidget>
+
+#include <optional>
 
 class CommandBar;
 class DataGrid;
@@ -56,7 +59,7 @@ class TfHatirlaForm : public QWidget {
 
   WindowPlace place_;
   QHash<DateEdit*, QString> readFor_;  ///< what each box held when rows were read
-  bool isWaiting_ = false;  ///< the wait cursor is on
+  std::optional<Hourglass> hourglass_;
 };
 
 extern TfHatirlaForm* fHatirlaForm;

@@ -26,7 +26,7 @@ WaitPanel::~WaitPanel() { setWaitObserver(nullptr); }
 
 void WaitPanel::waitBegins() {
   pause_.emplace();
-  QApplication::setOverrideCursor(Qt::WaitCursor);
+  hourglass_.emplace();
   since_.start();
 }
 
@@ -37,7 +37,7 @@ void WaitPanel::waiting() {
 
 void WaitPanel::waitEnds() {
   delete panel_;
-  QApplication::restoreOverrideCursor();
+  hourglass_.reset();
   pause_.reset();
 }
 

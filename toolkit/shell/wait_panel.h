@@ -2,6 +2,7 @@
 
 #include "base/data/server_wait.h"
 #include "base/guard.h"
+#include "toolkit/shell/hourglass.h"
 
 #include <QElapsedTimer>
 #include <QPointer>
@@ -25,6 +26,7 @@ class WaitPanel : public WaitObserver {
   void show();
 
   std::optional<GuardedPause> pause_;
+  std::optional<Hourglass> hourglass_;
   QElapsedTimer since_;
   QPointer<QWidget> panel_;
 };

@@ -1,6 +1,7 @@
 #include "toolkit/shell/waiting_run.h"
 
 #include "base/guard.h"
+#include "toolkit/shell/hourglass.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -22,11 +23,6 @@ class CloseRefusal : public QObject {
     event->ignore();
     return true;
   }
-};
-
-struct Hourglass {
-  Hourglass() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~Hourglass() { QGuiApplication::restoreOverrideCursor(); }
 };
 
 }  // namespace
