@@ -66,7 +66,7 @@ std::optional<QDate> dayOf(const std::optional<FilterExpression>& filter) {
 }  // namespace
 
 TfGelenAramalar::TfGelenAramalar(QWidget* mainForm)
-    : QWidget(mainForm, Qt::Window),
+    : QWidget(mainForm, aboveParent),
       qCaller(DM->MySQL, u"qCaller"_s),
       grid_(new DataGrid(qCaller, callColumns(), u"Gelen Aramalar"_s, this)),
       place_(placeFile, u"fGelenAramalar"_s, QuendUtil->BilgisayarAdi()) {

@@ -45,7 +45,7 @@ const QString layoutFiles[] = {u"./bakim.ini"_s, u"./hatirla.ini"_s};
 }  // namespace
 
 TfHatirlaForm::TfHatirlaForm(QWidget* mainForm)
-    : QWidget(mainForm, Qt::Window),
+    : QWidget(mainForm, aboveParent),
       qServis(DM->MySQL, u"qServis"_s),
       qBakim(DM->MySQL, u"qBakim"_s),
       RzPageControl1(new QTabWidget(this)),
