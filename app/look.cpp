@@ -78,10 +78,15 @@ class MissingTexts : public QTranslator {
   }
 };
 
-/// Fusion, with icons of disabled commands as pale as their captions, and frames that are seen on dark colours.
+/// Fusion in colours of ours, with icons of disabled commands as pale as their captions, and frames that are seen on dark colours.
 class Style : public QProxyStyle {
  public:
-  Style() : QProxyStyle(u"Fusion"_s) {}
+  explicit Style(QPalette colors) : QProxyStyle(u"Fusion"_s), colors_(std::move(colors)) {}
+
+  using QProxyStyle::polish;
+  /// Colours that are told to the application instead would be copied for every widget, and a picture of every button kept for
+  /// each of them.
+  void polish(QPalette& palette) override { palette = colors_.resolve(palette); }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override {
     return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
@@ -112,6 +117,8 @@ class Style : public QProxyStyle {
  private:
   static constexpr int DarkestOfPale = 110;
   static constexpr int DarkWindow = 127;
+
+  QPalette colors_;
 };
 
 /// The first of the faces that the computer has; the system's own otherwise.
@@ -127,8 +134,7 @@ LookColors wantedColors() { return qEnvironmentVariable("KVTK_LOOK") == "dark"_L
 
 void applyLook(QApplication& application, LookColors colors) {
   const bool dark = colors == LookColors::Dark;
-  QApplication::setStyle(new Style);
-  QApplication::setPalette(dark ? darkPalette() : lightPalette());
+  QApplication::setStyle(new Style(dark ? darkPalette() : lightPalette()));
   QApplication::setFont(interfaceFont());
   // Where the platform knows of no icon folders, the usual ones are searched.
   QIcon::setThemeSearchPaths(QIcon::themeSearchPaths() + QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s,

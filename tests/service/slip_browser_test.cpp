@@ -19,6 +19,7 @@
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -447,6 +448,7 @@ TEST(StatusColoursTest, AllCanBeReadInBothLooksAndStayThemselves) {
   for (const LookColors look : {LookColors::Dark, LookColors::Light}) {
     applyLook(*qApp, look);
     const QPalette palette = QApplication::palette();
+    EXPECT_EQ(QPushButton().palette().cacheKey(), palette.cacheKey()) << "or a picture is kept of every single button";
     const QColor backgrounds[] = {palette.color(QPalette::Base), palette.color(QPalette::AlternateBase), RowColors::selection(palette)};
     const auto isReadable = [&](const QColor& color) {
       return std::ranges::all_of(backgrounds, [&](const QColor& each) { return RowColors::contrast(color, each) >= RowColors::leastContrast; });
