@@ -4,7 +4,10 @@
 set -uo pipefail
 server=$1
 : "${KVTK_ACCOUNT_TOOL:?the built kvtk-account}"
-address=127.0.0.52
+# Loopback addresses of this run alone, so that several work beside each other: numbered neighbours of its database's.
+own_address() { awk -F. -v number="$1" '{ print $1 "." $2 + number "." $3 "." $4 }' <<<"${KVTK_TEST_SERVER:-127.0.0.42}"; }
+address=$(own_address 10)
+elsewhere=$(own_address 11)
 scratch=$(mktemp -d)
 export KVTK_HOME=$scratch/home KVTK_BIND=$address KVTK_DAILY=off
 folder=$KVTK_HOME/server
@@ -135,8 +138,8 @@ case_users() {
 
 case_accounts_follow_the_address() {
   "$server" stop
-  KVTK_BIND=127.0.0.53 "$server" start || fail "start elsewhere"
-  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.db WHERE User = 'QUEND'")" 127.0.0.1,127.0.0.53
+  KVTK_BIND=$elsewhere "$server" start || fail "start elsewhere"
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.db WHERE User = 'QUEND'")" 127.0.0.1,$elsewhere
   "$server" stop
   "$server" start
   equal "$(login quend "SELECT 1")" 1
@@ -146,15 +149,15 @@ case_network() {
   mkdir "$scratch/bin"
   printf '#!/bin/sh\n[ "$1" = -I ] && echo 10.9.8.7 || echo localhost\n' >"$scratch/bin/hostname"
   chmod +x "$scratch/bin/hostname"
-  export KVTK_HOME=$scratch/second KVTK_BIND=127.0.0.53 PATH=$scratch/bin:$PATH
+  export KVTK_HOME=$scratch/second KVTK_BIND=$elsewhere PATH=$scratch/bin:$PATH
   refused "is no network" "$server" create --network 10.9.8
   refused "is no network" "$server" create --network 10.9.8.0/33
   refused "no address in the network" "$server" create --network 10.9.9.0/24
   [ ! -e "$KVTK_HOME/server" ] || fail "a refused create leaves something"
   "$server" create --network 10.9.8.7/24 && "$server" start || fail "create --network"
-  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.user WHERE User = 'QUEND'")" 10.9.8.0/255.255.255.0,127.0.0.1,127.0.0.53
+  equal "$(sql <<<"SELECT GROUP_CONCAT(Host ORDER BY 1) FROM mysql.user WHERE User = 'QUEND'")" 10.9.8.0/255.255.255.0,127.0.0.1,$elsewhere
   # What goes over the line is encrypted, by the same certificate after the next start; only its owner reads the key.
-  address=127.0.0.53
+  address=$elsewhere
   local print
   print=$("$server" fingerprint)
   [[ $(login quend "SHOW STATUS LIKE 'Ssl_cipher'" --ssl) == Ssl_cipher*TLS_* ]] || fail "not encrypted"
@@ -319,7 +322,7 @@ first_instance() {
 case_older_tables_are_brought_up_to_date() {
   local fresh copy
   fresh=$(shape)
-  export KVTK_HOME=$scratch/old KVTK_BIND=127.0.0.53
+  export KVTK_HOME=$scratch/old KVTK_BIND=$elsewhere
   trap '"$server" stop' EXIT
   first_instance
   # A newer program starts: once while the old one's server still runs, once as after an interrupted middle.
@@ -343,7 +346,7 @@ case_older_tables_are_brought_up_to_date() {
 }
 
 case_interrupted_or_failing_steps_are_taken_back() {
-  export KVTK_HOME=$scratch/steps KVTK_BIND=127.0.0.53
+  export KVTK_HOME=$scratch/steps KVTK_BIND=$elsewhere
   "$server" create
   mkdir "$scratch/next"
   cp -r "$server" "$(dirname "$server")"/{*.sh,schema} "$scratch/next/"
@@ -461,7 +464,7 @@ case_older_shops_are_adopted() {
   kinds="another's in case:1 cut pictures:1 no calendar:1 another one's serial:1 empty telephone:3 firms without:1 further rows:1 lines of slips:1
     notes of slips:1 pictures of slips:1 cannot be read:1 customers who are gone:2 stand twice, taken:1 under a new key:1 service types:2
     overdue list:1 slips with another:1 more than one note:1 too long:2 no clock:1 blanks around:2 contracts with another:1"
-  export KVTK_BIND=127.0.0.53
+  export KVTK_BIND=$elsewhere
   trap '"$server" stop' EXIT
   for age in 4.1 5.0 8.0; do
     export KVTK_HOME=$scratch/adopt$age
@@ -554,7 +557,7 @@ case_service() {
   printf '#!/bin/sh\nexit 1\n' >"$scratch/systemd/systemctl"
   printf '#!/bin/sh\n[ "$1" = -u ] && echo 1000 || echo shop\n' | tee "$scratch/systemd/id" >"$scratch/systemd/loginctl"
   chmod +x "$scratch"/systemd/*
-  export KVTK_HOME=$scratch/boot KVTK_BIND=127.0.0.53 HOME=$scratch XDG_CONFIG_HOME=
+  export KVTK_HOME=$scratch/boot KVTK_BIND=$elsewhere HOME=$scratch XDG_CONFIG_HOME=
   "$server" create
   trap '"$server" stop' EXIT
   refused "no systemd at work" env PATH="$scratch/systemd:$PATH" "$server" service install
@@ -585,7 +588,7 @@ case_service() {
 case_eight_at_once() {
   local i
   for i in 1 2 3 4 5 6 7 8; do
-    (export KVTK_HOME=$scratch/eight$i KVTK_BIND=127.0.0.$((120 + i)); "$server" create && "$server" start && "$server" sql -N >"$scratch/eight$i.said" \
+    (export KVTK_HOME=$scratch/eight$i KVTK_BIND=$(own_address $((11 + i))); "$server" create && "$server" start && "$server" sql -N >"$scratch/eight$i.said" \
       <<<"CREATE TEMPORARY TABLE t (a INT); INSERT INTO t SELECT seq FROM seq_1_to_1000; SELECT COUNT(*) FROM t") >"$scratch/eight$i.errors" 2>&1 &
   done
   wait
