@@ -30,16 +30,15 @@ constexpr int margin = 8;
 constexpr int rowGap = 4;
 constexpr int halfWidth = wideBox + 2 * inset;
 constexpr int sideWidth = boxWidth + 2 * inset;
-constexpr int widestSide = 360;
-constexpr int widestSideBelow = 560;  ///< where the customer stands below, so that little room is left empty
+constexpr int widestSide = 360;  ///< beside a device that has a column of its own
 /// What stands left of the amounts, with the customer beside the slip or below it.
-constexpr int wideLeft = margin + halfWidth + margin + halfWidth + margin;
-constexpr int narrowLeft = margin + halfWidth + margin;
-constexpr int fullRows = 6;  ///< of the groups in the upper line
+constexpr int threeLeft = margin + halfWidth + margin + halfWidth + margin;
+constexpr int twoLeft = margin + halfWidth + margin;
+constexpr int fullRows = 6;  ///< of all groups but these:
 constexpr int deviceRows = 5;
+constexpr int deviceBoxRows = 4;  ///< of the boxes among them
 constexpr int recordRows = 2;
-
-bool isWide(int width) { return width >= wideLeft + sideWidth + margin; }
+constexpr int memoRows = 2;  ///< of each memo that stands below, at least
 
 }  // namespace
 
@@ -52,20 +51,34 @@ SlipFieldsPage::SlipFieldsPage(QWidget* parent) : QWidget(parent) {
   }
   fillLists();
   connectAids();
-  setMinimumSize(narrowLeft + sideWidth + margin, sizeHint().height());
+  setMinimumSize(margin + halfWidth + margin, sizeHint().height());
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
 }
 
 QSize SlipFieldsPage::sizeHint() const {
-  constexpr int width = wideLeft + sideWidth + margin;
+  constexpr int width = threeLeft + sideWidth + margin;
   return {width, heightForWidth(width)};
 }
 
 int SlipFieldsPage::heightForWidth(int width) const {
   const int upper = margin + groupHeight(fullRows);
-  return (isWide(width) ? upper : 2 * upper) + margin + groupHeight(deviceRows) + margin;
+  switch (arrangementFor({width, 0})) {
+    case Arrangement::OneColumn:
+      return 3 * upper + margin + groupHeight(deviceBoxRows + 3 * memoRows) + margin;
+    case Arrangement::TwoColumns:
+      return 2 * upper + margin + groupHeight(deviceRows) + margin;
+    default:
+      return upper + margin + groupHeight(deviceRows) + margin;
+  }
+}
+
+SlipFieldsPage::Arrangement SlipFieldsPage::arrangementFor(QSize room) const {
+  if (room.width() < twoLeft + sideWidth + margin) return Arrangement::OneColumn;
+  if (room.width() < threeLeft + sideWidth + margin) return Arrangement::TwoColumns;
+  const bool hasRoom = room.width() > threeLeft + widestSide + margin && room.height() >= 2 * (margin + groupHeight(fullRows)) + margin;
+  return hasRoom ? Arrangement::DeviceColumn : Arrangement::ThreeColumns;
 }
 
 void SlipFieldsPage::fillLists() {
@@ -144,37 +157,79 @@ void SlipFieldsPage::resizeEvent(QResizeEvent* event) {
 }
 
 void SlipFieldsPage::arrange() {
-  const bool wide = isWide(width());
-  const int left = wide ? wideLeft : narrowLeft;
-  const int side = std::clamp(width() - left - margin, sideWidth, wide ? widestSide : widestSideBelow);
-  const int sideBox = side - 2 * inset;
-  const int top = groupHeight(fullRows);
-  const int second = margin + top + margin;
-  const int lowerTop = wide ? second : second + top + margin;
-  const int lower = std::max(groupHeight(deviceRows), height() - lowerTop - margin);
-  placeGroup(groups_[SlipGroup::Slip], {margin, margin, halfWidth, top}, boxWidth);
-  if (wide)
-    placeGroup(groups_[SlipGroup::Customer], {narrowLeft, margin, halfWidth, top}, boxWidth);
-  else
-    placeGroup(groups_[SlipGroup::Customer], {margin, second, halfWidth, top}, boxWidth);
-  const int farWidth = wide ? wideBox : sideBox;
-  placeGroup(groups_[SlipGroup::Device], {margin, lowerTop, narrowLeft + farWidth + 2 * inset - margin, lower}, boxWidth, farWidth);
-  placeGroup(groups_[SlipGroup::Amounts], {left, margin, side, top}, sideBox);
-  placeGroup(groups_[SlipGroup::Record], {left, second, side, wide ? lower : groupHeight(recordRows)}, sideBox);
+  using enum SlipGroup;
+  const int whole = width() - 2 * margin;
+  const int upper = groupHeight(fullRows);
+  const int second = margin + upper + margin;
+  const int third = second + upper + margin;
+  const auto toBottom = [this](int top, int rows) { return std::max(groupHeight(rows), height() - top - margin); };
+  const Widths plain{boxWidth, boxWidth};
+  switch (arrangementFor(size())) {
+    case Arrangement::OneColumn: {
+      const Widths wide{boxWidth, whole - 2 * inset - boxWidth - gap};
+      const int device = groupHeight(deviceBoxRows + 3 * memoRows);
+      const int side = (whole - margin) / 2;
+      const int last = third + device + margin;
+      placeGroup(Slip, {margin, margin, whole, upper}, wide);
+      placeGroup(Customer, {margin, second, whole, upper}, wide);
+      placeGroup(Device, {margin, third, whole, device}, wide);
+      placeGroup(Amounts, {margin, last, side, upper}, {side - 2 * inset});
+      placeGroup(Record, {margin + side + margin, last, side, upper}, {side - 2 * inset});
+      return;
+    }
+    case Arrangement::TwoColumns: {
+      const int side = width() - twoLeft - margin;
+      placeGroup(Slip, {margin, margin, halfWidth, upper}, plain);
+      placeGroup(Customer, {margin, second, halfWidth, upper}, plain);
+      placeGroup(Device, {margin, third, whole, toBottom(third, deviceRows)}, {boxWidth, boxWidth, side - 2 * inset});
+      placeGroup(Amounts, {twoLeft, margin, side, upper}, {side - 2 * inset});
+      placeGroup(Record, {twoLeft, second, side, groupHeight(recordRows)}, {side - 2 * inset});
+      return;
+    }
+    case Arrangement::ThreeColumns: {
+      const int side = width() - threeLeft - margin;
+      const int lower = toBottom(second, deviceRows);
+      placeGroup(Slip, {margin, margin, halfWidth, upper}, plain);
+      placeGroup(Customer, {twoLeft, margin, halfWidth, upper}, plain);
+      placeGroup(Device, {margin, second, threeLeft - 2 * margin, lower}, {boxWidth, boxWidth, wideBox});
+      placeGroup(Amounts, {threeLeft, margin, side, upper}, {side - 2 * inset});
+      placeGroup(Record, {threeLeft, second, side, lower}, {side - 2 * inset});
+      return;
+    }
+    case Arrangement::DeviceColumn: {
+      const int sideLeft = width() - margin - widestSide;
+      const int device = sideLeft - margin - twoLeft;
+      const int box = (device - 2 * inset - gap) / 2;
+      placeGroup(Slip, {margin, margin, halfWidth, upper}, plain);
+      placeGroup(Customer, {margin, second, halfWidth, toBottom(second, fullRows)}, plain);
+      placeGroup(Device, {twoLeft, margin, device, height() - 2 * margin}, {box, box});
+      placeGroup(Amounts, {sideLeft, margin, widestSide, upper}, {widestSide - 2 * inset});
+      placeGroup(Record, {sideLeft, second, widestSide, toBottom(second, fullRows)}, {widestSide - 2 * inset});
+      return;
+    }
+  }
 }
 
-/// farWidth: of the boxes behind the second column.
-void SlipFieldsPage::placeGroup(const Group& group, QRect place, int width, int farWidth) {
+void SlipFieldsPage::placeGroup(SlipGroup name, QRect place, Widths widths) {
+  const Group& group = groups_[name];
   group.box->setGeometry(place);
   const int top = fontMetrics().height() + inset;
-  const int memoStep = (place.height() - top - inset + rowGap) / 3;
+  const int both = widths.first + gap + widths.second;
+  const bool memosBeside = widths.memo > 0;
+  const int memoLeft = memosBeside ? inset + halfWidth + margin : inset;
+  const int memoTop = memosBeside ? top : top + deviceBoxRows * rowStep();
+  const int memoStep = (place.height() - memoTop - inset + rowGap) / 3;
   for (const SlipField* field : group.fields) {
-    const bool isFar = field->gridColumn > 1;
-    const int x = inset + (isFar ? halfWidth + margin : 0) + field->gridColumn % 2 * (boxWidth + gap);
-    const int step = field->editor == SlipEditor::Memo ? memoStep : rowStep();
     EditFrame* frame = frames_[field->column];
-    const int nearWidth = field->gridSpan == 1 && frame != widened_ ? width : wideBox;
-    frame->setGeometry(x, top + field->gridRow * step, isFar ? farWidth : nearWidth, step - rowGap);
+    if (field->editor == SlipEditor::Memo) {
+      frame->setGeometry(memoLeft, memoTop + field->gridRow * memoStep, memosBeside ? widths.memo : both, memoStep - rowGap);
+      continue;
+    }
+    const bool isSecond = field->gridColumn == 1;
+    int width = isSecond ? widths.second : widths.first;
+    if (field->gridSpan > 1) width = both;
+    if (frame == widened_) width = wideBox;
+    frame->setGeometry(inset + (isSecond ? widths.first + gap : 0), top + field->gridRow * rowStep(), width, rowStep() - rowGap);
   }
 }
 

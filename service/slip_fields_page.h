@@ -12,9 +12,8 @@
 enum class SlipGroup;
 struct SlipField;
 
-/// The page "Fiş Bilgileri": the controls of the field table on one grid, and the aids that stand between them. Where it has
-/// not the room for two groups beside the amounts, the customer's stands below the slip's, and the page is scrolled in height
-/// only.
+/// The page "Fiş Bilgileri": the controls of the field table in groups, and the aids that stand between them. How the groups
+/// stand goes by the room, which they always use to the right; the page is scrolled in height only.
 class SlipFieldsPage : public QWidget {
   Q_OBJECT
  public:
@@ -42,7 +41,7 @@ class SlipFieldsPage : public QWidget {
   /// Selects a status by its place, as the user would; nothing happens when the list is shorter.
   void chooseStatus(int item);
 
-  /// With all groups beside one another.
+  /// With the slip's, the customer's and the amounts beside one another.
   QSize sizeHint() const override;
   int heightForWidth(int width) const override;
 
@@ -54,7 +53,17 @@ class SlipFieldsPage : public QWidget {
     QGroupBox* box;
     std::vector<const SlipField*> fields;
   };
-  void placeGroup(const Group& group, QRect place, int boxWidth, int farWidth = 0);
+  /// How the groups stand: all below one another, the slip's and the customer's beside the amounts, these three beside one
+  /// another above the device, or the device with its memos as a column of its own.
+  enum class Arrangement { OneColumn, TwoColumns, ThreeColumns, DeviceColumn };
+  /// Widths in a group: of the boxes in its first and second column, and of the memos behind these, 0 where they stand below.
+  struct Widths {
+    int first;
+    int second = 0;
+    int memo = 0;
+  };
+  Arrangement arrangementFor(QSize room) const;
+  void placeGroup(SlipGroup name, QRect place, Widths widths);
   int rowStep() const;
   int groupHeight(int rows) const;
   void arrange();

@@ -131,17 +131,18 @@ TEST_F(SlipFormTest, AWindowOfAnyWidthShowsEachBoxWholeAndApart) {
   const auto* area = qobject_cast<QScrollArea*>(pages(slip)->widget(TfServisFis::FieldsPage));
   const QWidget* view = area->viewport();
   slip->parentWidget()->showNormal();
-  for (const int width : {1500, 1000, 800}) {
-    slip->parentWidget()->setGeometry(0, 0, width, 420);
+  for (const QSize size : {QSize(2500, 1200), QSize(1890, 700), QSize(1890, 420), QSize(1500, 420), QSize(1000, 420), QSize(800, 420), QSize(680, 300)}) {
+    slip->parentWidget()->setGeometry(QRect({}, size));
     QCoreApplication::processEvents();
     QRegion taken;
     for (const EditFrame* box : slip->findChildren<EditFrame*>()) {
       if (!box->objectName().startsWith(u"TS_"_s)) continue;
       const QRect place(box->mapTo(view, QPoint()), box->size());
-      EXPECT_TRUE(place.left() >= 0 && place.right() < view->width()) << box->objectName().toStdString() << " at " << width;
-      EXPECT_FALSE(taken.intersects(place)) << box->objectName().toStdString() << " at " << width;
+      EXPECT_TRUE(place.left() >= 0 && place.right() < view->width()) << box->objectName().toStdString() << " at " << size.width();
+      EXPECT_FALSE(taken.intersects(place)) << box->objectName().toStdString() << " at " << size.width();
       taken += place;
     }
+    EXPECT_GT(taken.boundingRect().right(), view->width() - 30) << "room left at the right at " << size.width();
   }
   slip->parentWidget()->resize(slip->parentWidget()->sizeHint());
   QCoreApplication::processEvents();
