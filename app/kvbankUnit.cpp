@@ -236,7 +236,10 @@ void TfKvb::setChildCaption(QWidget* editor, const QString& caption) { children_
 
 QList<QWidget*> TfKvb::childWindows() const { return children_->contents(); }
 
-void TfKvb::setStatusText(const QString& text) { statusText_->setText(text); }
+void TfKvb::setStatusText(const QString& text) {
+  statusText_->setText(text);
+  statusText_->setToolTip(text);  // a narrow bar shows its beginning
+}
 
 /// The ribbon's groups give their room to the slip; they stay away until the user unfolds them.
 void TfKvb::hideRibbonWhenAsked() {

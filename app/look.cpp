@@ -92,14 +92,20 @@ class Style : public QProxyStyle {
     return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
   }
 
+  /// Its frames and its marks that are not set would be nearly as dark as what they stand on.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    const bool framed = element == PE_IndicatorCheckBox || element == PE_FrameMenu;
-    if (!framed || option->palette.color(QPalette::Window).lightness() > DarkWindow) return;
+    const bool isMark = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck || element == PE_IndicatorRadioButton;
+    if ((!isMark && element != PE_FrameMenu) || option->palette.color(QPalette::Window).lightness() > DarkWindow) return;
     painter->save();
-    painter->setPen(option->palette.color(QPalette::Mid).lighter(130));
+    painter->setPen(isMark ? QPen(option->palette.color(QPalette::PlaceholderText), 1.5) : QPen(option->palette.color(QPalette::Mid).lighter(130)));
     painter->setBrush(Qt::NoBrush);
-    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    if (element == PE_IndicatorRadioButton) {
+      painter->setRenderHint(QPainter::Antialiasing);
+      painter->drawEllipse(QRectF(option->rect).adjusted(1, 1, -1, -1));
+    } else {
+      painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    }
     painter->restore();
   }
 

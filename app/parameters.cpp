@@ -109,6 +109,9 @@ QWidget* TfParametreler::buildSwitches() {
   list->setAccessibleName(u"Kullanıcı Parametreleri"_s);
   list->setModel(ParamList_);
   list->setSpacing(2);
+  list->setWordWrap(true);
+  list->setResizeMode(QListView::Adjust);
+  list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   list->setCurrentIndex(ParamList_->index(1));
   return list;
 }

@@ -30,7 +30,7 @@ namespace {
 constexpr int boxWidth = 460;
 constexpr int captionWidth = 220;
 constexpr int markerWidth = 170;
-constexpr int memoHeight = 150;
+constexpr int memoHeight = 90;
 const QString file = u"Smtp"_s;
 const QString section = u"Smtp"_s;
 

@@ -24,7 +24,7 @@ namespace {
 
 constexpr int openingDelayMs = 100;
 constexpr int boxWidth = 520;
-constexpr int messageHeight = 130;
+constexpr int messageHeight = 70;
 
 /// What typed characters become in a message that holds length of them.
 QString passingText(const QString& typed, qsizetype length) {
@@ -100,10 +100,10 @@ void TsmsYollaForm::buildForm() {
   auto* parts = new QVBoxLayout(content);
   parts->setContentsMargins(0, 0, 0, 0);
   parts->addWidget(cxGroupBox1, 1);
-  parts->addWidget(uyariPan);
   parts->addWidget(buildInformation());
   auto* all = new QVBoxLayout(this);
   all->addWidget(new ScreenRoom(content), 1);
+  all->addWidget(uyariPan);
   all->addLayout(buttons);
 }
 

@@ -28,7 +28,7 @@ namespace {
 
 constexpr int boxWidth = 330;
 constexpr int markerWidth = 170;
-constexpr int memoHeight = 170;
+constexpr int memoHeight = 90;
 const QString file = u"Sms"_s;
 const QString section = u"Sms"_s;
 const QString nothingKept = u"-1"_s;

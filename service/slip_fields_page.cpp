@@ -238,12 +238,12 @@ void SlipFieldsPage::connectAids() {
     auto* box = edit<EditBox>(column);
     connectGuarded(box, &EditBox::entered, this, [this, box] {
       widened_ = box;
-      box->resize(wideBox, box->height());
       box->raise();
+      arrange();
     });
-    connectGuarded(box, &EditBox::left, this, [this, box] {
+    connectGuarded(box, &EditBox::left, this, [this] {
       widened_ = nullptr;
-      box->resize(boxWidth, box->height());
+      arrange();
     });
   }
 

@@ -1,17 +1,21 @@
+#include "app/look.h"
 #include "app/parameter_models.h"
 #include "app/parameters.h"
 #include "app/quendUtils.h"
 #include "tests/support/scripted_dialogs.h"
 #include "toolkit/edits/combo_edit.h"
+#include "toolkit/grid/row_colors.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QListView>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QRandomGenerator>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -253,6 +257,22 @@ TEST_F(ParametersTest, AFileThatCannotBeWrittenIsNamedAndTheFormStays) {
     form.btnPost->click();
     EXPECT_FALSE(form.isVisible());
     for (const QString& file : QDir(folder.path()).entryList(QDir::Files)) QFile::remove(folder.filePath(file));
+  }
+}
+
+TEST(LooksTest, MarksThatAreNotSetAreSeenInBoth) {
+  for (const LookColors look : {LookColors::Dark, LookColors::Light}) {
+    applyLook(*qApp, look);
+    QRadioButton radio;
+    QCheckBox check;
+    for (QAbstractButton* mark : {static_cast<QAbstractButton*>(&radio), static_cast<QAbstractButton*>(&check)}) {
+      mark->resize(mark->sizeHint());
+      const QImage drawn = mark->grab().toImage();
+      double most = 1;
+      for (int x = 0; x < drawn.width(); ++x)
+        most = std::max(most, RowColors::contrast(drawn.pixelColor(x, drawn.height() / 2), mark->palette().color(QPalette::Base)));
+      EXPECT_GE(most, look == LookColors::Dark ? 3 : 1.5) << mark->metaObject()->className();
+    }
   }
 }
 

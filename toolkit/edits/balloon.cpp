@@ -5,6 +5,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QBitmap>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
@@ -50,7 +51,7 @@ class Bubble : public QWidget {
     setGeometry(QRect(QPoint(left, top), whole));
     label_->setGeometry(QRect(QPoint(10, (below_ ? tipHeight : 0) + 6), size));
     // Where no compositor runs, what the outline leaves free would be black.
-    setMask(QRegion(outline().toFillPolygon().toPolygon()).united(QRegion(outline().translated(0.5, 0.5).toFillPolygon().toPolygon())));
+    setMask(drawnPixels());
   }
 
  protected:
@@ -64,6 +65,17 @@ class Bubble : public QWidget {
   void mousePressEvent(QMouseEvent*) override { hide(); }
 
  private:
+  QRegion drawnPixels() const {
+    QBitmap drawn(size());
+    drawn.clear();
+    QPainter painter(&drawn);
+    painter.setPen(Qt::color1);
+    painter.setBrush(Qt::color1);
+    painter.drawPath(outline());
+    painter.end();
+    return QRegion(drawn);
+  }
+
   QPainterPath outline() const {
     QRectF field = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     (below_ ? field.setTop(field.top() + tipHeight) : field.setBottom(field.bottom() - tipHeight));
@@ -71,9 +83,10 @@ class Bubble : public QWidget {
     QPainterPath body;
     body.addRoundedRect(field, 5, 5);
     QPainterPath tip;
-    tip.moveTo(tipPlace - 7, edge);
+    const qreal inside = edge + (below_ ? 1 : -1);  // so that nothing is drawn between the two
+    tip.moveTo(tipPlace - 7, inside);
     tip.lineTo(tipPlace, below_ ? 0.5 : height() - 0.5);
-    tip.lineTo(tipPlace + 7, edge);
+    tip.lineTo(tipPlace + 7, inside);
     tip.closeSubpath();
     return body.united(tip);
   }

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double captionShare = 0.9;  ///< of the input's font size
-constexpr double narrowestCaption = 0.85;  ///< of its letters' width
+constexpr double narrowestCaption = 0.95;  ///< of its letters' width
 constexpr int captionInset = 6;    ///< at its left, whatever blanks the caption begins with
 constexpr int captionPadding = captionInset + 2;
 constexpr int captionStep = 8;  ///< captions of about the same length get the same room

@@ -43,6 +43,8 @@ QSize ScreenRoom::bounded(QSize wanted) const {
     wanted.setHeight(std::max(wanted.height(), layout->totalHeightForWidth(wanted.width())));
   const int room = screen()->availableSize().height() - aroundContent;
   if (wanted.height() <= room) return wanted + slack;
+  // What can be lower than it would like to be is not scrolled.
+  if (widget()->minimumSizeHint().expandedTo(widget()->minimumSize()).height() <= room) return {wanted.width() + slack.width(), room};
   return {wanted.width() + verticalScrollBar()->sizeHint().width() + slack.width(), room};
 }
 
