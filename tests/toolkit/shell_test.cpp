@@ -19,7 +19,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTabBar>
 #include <QTemporaryDir>
@@ -420,6 +422,24 @@ TEST(CommandBarTest, CommandsTakeAnotherRowInsteadOfHidingAndDialogsEndOnTheScre
   column->setAlignment(bar, {});
   dialog.resize(bar->sizeHint().width(), dialog.height());
   EXPECT_EQ(rows(), 2);
+}
+
+TEST(ScreenRoomTest, WhatCanBeLowerIsNotScrolledAndWhatCannotIsScrolledInHeightOnly) {
+  for (const int least : {100, 3000}) {
+    QDialog dialog;
+    auto* content = new QWidget;
+    auto* text = new QPlainTextEdit;
+    text->setMinimumHeight(least);
+    auto* column = new QVBoxLayout(content);
+    column->addWidget(text);
+    column->addSpacing(dialog.screen()->availableSize().height() - 300);
+    auto* room = new ScreenRoom(content);
+    (new QVBoxLayout(&dialog))->addWidget(room);
+    dialog.show();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(room->verticalScrollBar()->isVisible(), least > 100);
+    EXPECT_FALSE(room->horizontalScrollBar()->isVisible());
+  }
 }
 
 TEST(ScreenRoomTest, TheDialogGrowsWithWhatItsContentComesToSay) {
