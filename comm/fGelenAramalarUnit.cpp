@@ -15,6 +15,7 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
@@ -137,6 +138,11 @@ void TfGelenAramalar::showEvent(QShowEvent* event) {
     wasShown_ = true;
     if (!QFileInfo::exists(placeFile)) placeAboveStatusBar(this);
   });
+}
+
+void TfGelenAramalar::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Cancel)) return QWidget::keyPressEvent(event);
+  guarded(this, [this] { close(); });
 }
 
 void TfGelenAramalar::closeEvent(QCloseEvent* event) {

@@ -32,6 +32,8 @@ class TfGelenAramalar : public QWidget {
  protected:
   void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  /// Escape that nothing within uses closes the window, as it does dialogs.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void openFor(std::optional<QDate> day);

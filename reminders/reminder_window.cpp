@@ -187,6 +187,11 @@ void TfHatirlaForm::showEvent(QShowEvent* event) {
   if (!event->spontaneous()) guarded(this, [this] { prepare(); });
 }
 
+void TfHatirlaForm::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Cancel)) return QWidget::keyPressEvent(event);
+  guarded(this, [this] { close(); });
+}
+
 void TfHatirlaForm::prepare() {
   if (!QFileInfo::exists(placeFile)) placeAboveStatusBar(this);
   for (const QString& file : layoutFiles) tvBakim->restoreLayout(file);

@@ -44,6 +44,8 @@ class TfHatirlaForm : public QWidget {
 
  protected:
   void showEvent(QShowEvent* event) override;
+  /// Escape that nothing within uses closes the window, as it does dialogs.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   enum Page { SlipPage, ContractPage, OverduePage };

@@ -30,7 +30,7 @@ TEST_F(SlipFormTest, TheCallListShowsTodaysCallsWithTheirCustomersAndFollowsNewO
   workspace.UDPCallerIDUDPRead(u"a"_s, u"b"_s);
   EXPECT_EQ(model->rowCount(), 5) << "the list rests after a reading";
   EXPECT_TRUE(QTest::qWaitFor([&] { return model->rowCount() == 7; }));
-  list.close();
+  QTest::keyClick(list.grid()->view(), Qt::Key_Escape);
   EXPECT_FALSE(list.qCaller.Active());
   list.Giris();
   EXPECT_EQ(model->rowCount(), 5);

@@ -93,7 +93,8 @@ TEST_F(ReminderWindowTest, TheDayCanBeChangedAndIsTodayAtTheNextShow) {
   EXPECT_EQ(numbers(), "101");
   typeDate(*window.GunHatirlatTarih, {});
   EXPECT_EQ(numbers(), "");
-  window.close();
+  QTest::keyClick(window.tvFis->view(), Qt::Key_Escape);
+  EXPECT_FALSE(window.isVisible());
   show();
   EXPECT_EQ(numbers(), "100");
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
