@@ -1,9 +1,6 @@
 #include "app/backup_store.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 TEST(BackupWarning, TellsFailuresAndThreeDaysWithoutACopy) {
   const QDateTime now(QDate(2026, 11, 23), QTime(9, 0));

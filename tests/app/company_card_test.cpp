@@ -4,15 +4,8 @@
 #include "app/quendUtils.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/test_database.h"
-#include "tests/support/typing.h"
-
-#include <gtest/gtest.h>
-
-#include <QPushButton>
-#include <QTimer>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,11 +22,12 @@ class CompanyCard : public testing::Test {
   QLineEdit& line(const QString& column) { return *card.findChild<qcxButtonEdit*>(column)->findChild<QLineEdit*>(); }
   /// Opens the card, lets a user work in it and closes it if the work has not.
   int show(const std::function<void()>& work) {
-    QTimer::singleShot(0, &card, [&] {
+    int result = 0;
+    within([&] { result = card.Giris(); }, card, [&] {
       work();
       if (card.isVisible()) card.reject();
     });
-    return card.Giris();
+    return result;
   }
 
   TestDatabase database;
@@ -61,8 +55,7 @@ TEST_F(CompanyCard, WhatTheServerRefusesStaysOnTheScreen) {
   QString told;
   setUnhandledHandler([&](QObject*, const std::exception& error) { told = QString::fromUtf8(error.what()); });
   EXPECT_EQ(show([&] {
-              const QString own = database.rows(u"SELECT MAX(ID) FROM information_schema.PROCESSLIST WHERE ID <> CONNECTION_ID()"_s);
-              database.run(u"KILL "_s + own);
+              database.cut(data.MySQL);
               line(u"SIRKET_ADI"_s).setText(u"YENİ"_s);
               card.Tamam_Button->click();
               EXPECT_TRUE(card.isVisible());

@@ -1,6 +1,8 @@
 #include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "app/quendUtils.h"
+#include "tests/support/picture.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/test_database.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/currency_edit.h"
@@ -11,28 +13,7 @@
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/edits/time_edit.h"
 
-#include <gmock/gmock.h>
-
-#include <QBuffer>
-#include <QCheckBox>
-#include <QListWidget>
-#include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTextEdit>
-
-using namespace Qt::StringLiterals;
-
 namespace {
-
-QByteArray jpeg(QColor colour) {
-  QImage image(8, 6, QImage::Format_RGB32);
-  image.fill(colour);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, "JPG");
-  return bytes;
-}
 
 /// A form with one control of each class, and a table with a column for each and one more that no control has.
 class FieldBindingTest : public testing::Test {
@@ -46,20 +27,15 @@ class FieldBindingTest : public testing::Test {
     query.SQL.setText(u"select * from bag"_s);
     query.Options.SetEmptyStrToNull = true;
     query.Open();
-    named(picture, u"B_RESIM"_s);
-    named(customer, u"B_CARI"_s);
-    named(list, u"B_LISTE"_s);
-    named(numberedList, u"B_LISTENO"_s);
-    named(agreed, u"B_ONAY"_s);
-    named(chosen, u"B_SECIM"_s);
-    named(type, u"B_TIP"_s);
-    named(numberedType, u"B_TIPNO"_s);
-    named(name, u"B_AD"_s);
-    named(amount, u"B_TUTAR"_s);
-    named(day, u"B_TARIH"_s);
-    named(hour, u"B_SAAT"_s);
-    named(note, u"B_NOT"_s);
-    named(rich, u"B_ZENGIN"_s);
+    const std::initializer_list<std::pair<QWidget*, QString>> controls{
+        {picture, u"B_RESIM"_s}, {customer, u"B_CARI"_s}, {list, u"B_LISTE"_s}, {numberedList, u"B_LISTENO"_s}, {agreed, u"B_ONAY"_s},
+        {chosen, u"B_SECIM"_s}, {type, u"B_TIP"_s}, {numberedType, u"B_TIPNO"_s}, {name, u"B_AD"_s}, {amount, u"B_TUTAR"_s},
+        {day, u"B_TARIH"_s}, {hour, u"B_SAAT"_s}, {note, u"B_NOT"_s}, {rich, u"B_ZENGIN"_s}};
+    for (const auto& [control, column] : controls) {
+      control->setParent(&form);
+      control->setObjectName(column);
+      control->setAccessibleName(u"Başlık "_s + column);
+    }
     for (QListWidget* widget : {list, numberedList})
       for (const auto& [text, number] : entries) {
         auto* item = new QListWidgetItem(text, widget);
@@ -75,11 +51,6 @@ class FieldBindingTest : public testing::Test {
     database.connection().execute("DROP TABLE bag");
   }
 
-  void named(QWidget* control, const QString& column) {
-    control->setParent(&form);
-    control->setObjectName(column);
-    control->setAccessibleName(u"Başlık "_s + column);
-  }
   void fill() {
     picture->setImageBytes(bytes);
     customer->setText(u"IŞIK TİCARET"_s);
@@ -96,6 +67,13 @@ class FieldBindingTest : public testing::Test {
     note->setText(u"bir\niki"_s);
     rich->setPlainText(u"zengin"_s);
   }
+  /// What the controls show, from the picture's size to the last text.
+  QStringList shown() const {
+    const auto number = [](auto value) { return QString::number(value); };
+    return {number(picture->imageBytes().size()), customer->text(), number(list->currentRow()), number(numberedList->currentRow()),
+            number(agreed->isChecked()), number(chosen->isChecked()), number(type->itemIndex()), number(numberedType->itemIndex()), name->text(),
+            number(amount->value()), day->text(), hour->text(), note->text(), rich->toPlainText()};
+  }
   QStringList stored() {
     QStringList texts;
     for (int i = 2; i < query.fieldCount(); ++i) texts += query.field(i).isNull() ? u"NULL"_s : query.field(i).asText();
@@ -103,7 +81,8 @@ class FieldBindingTest : public testing::Test {
   }
 
   const std::vector<std::pair<QString, int>> entries{{u"İLK"_s, 10}, {u"SON"_s, 20}};
-  const QByteArray bytes = jpeg(Qt::red);
+  const QByteArray bytes = pictureBytes("JPG");
+  const QStringList empty = u"0||-1|-1|0|0|-1|-1||0||||"_s.split(u'|');
   TestDatabase database;
   TMyQuery query;
   QTemporaryDir folder;
@@ -135,28 +114,17 @@ TEST_F(FieldBindingTest, ControlsGoToTheRowAndComeBack) {
                                    u"05.03.2020"_s, u"08:30:00"_s, u"bir\niki"_s, u"zengin"_s, u"NULL"_s}));
   EXPECT_EQ(query.FieldByName(u"B_RESIM"_s).asBytes(), bytes);
 
+  utilities.AlanlardanEkrana(form, query);
+  const QStringList filled = shown();
   utilities.EkranReset(form, query);
-  EXPECT_TRUE(picture->isEmpty());
-  EXPECT_EQ(list->currentRow() + numberedList->currentRow() + type->itemIndex() + numberedType->itemIndex(), -4);
-  EXPECT_FALSE(agreed->isChecked());
-  EXPECT_EQ(customer->text() + name->text() + day->text() + hour->text() + note->text() + rich->toPlainText(), QString());
-  EXPECT_EQ(amount->value(), 0.0);
+  EXPECT_EQ(shown(), empty);
   EXPECT_EQ(name->maxLength(), 12);
 
   chosen->setChecked(true);
   utilities.AlanlardanEkrana(form, query);
+  EXPECT_EQ(shown(), filled);
   EXPECT_EQ(picture->imageBytes(), bytes);
-  EXPECT_EQ(customer->text(), u"IŞIK TİCARET"_s);
-  EXPECT_EQ(list->currentRow(), 1);
-  EXPECT_EQ(numberedList->currentRow(), 1);
-  EXPECT_TRUE(agreed->isChecked());
-  EXPECT_FALSE(chosen->isChecked());
-  EXPECT_EQ(type->itemIndex(), 0);
-  EXPECT_EQ(numberedType->itemIndex(), 1);
-  EXPECT_EQ(amount->value(), 1250.5);
-  EXPECT_EQ(day->text(), u"05.03.2020"_s);
-  EXPECT_EQ(note->text(), u"bir\niki"_s);
-  EXPECT_EQ(rich->toPlainText(), u"zengin"_s);
+  EXPECT_EQ(filled.mid(1).join(u'|'), u"IŞIK TİCARET|1|1|1|0|0|1|Ayşe|1250.5|05.03.2020|08:30|bir\niki|zengin"_s);
 }
 
 TEST_F(FieldBindingTest, NullsEmptyTheControls) {
@@ -164,17 +132,14 @@ TEST_F(FieldBindingTest, NullsEmptyTheControls) {
   query.Refresh();
   fill();
   utilities.AlanlardanEkrana(form, query);
-  EXPECT_TRUE(picture->isEmpty());
-  EXPECT_EQ(list->currentRow() + numberedList->currentRow() + type->itemIndex() + numberedType->itemIndex(), -4);
-  EXPECT_FALSE(agreed->isChecked());
-  EXPECT_EQ(name->text() + day->text() + hour->text(), QString());
+  EXPECT_EQ(shown(), empty);
   query.Edit();
   utilities.EkrandanAlanlara(form, query);
   query.Post();
   query.Refresh();
-  QStringList empty(14, u"NULL"_s);
-  empty[3] = empty[4] = u"0"_s;
-  EXPECT_EQ(stored(), empty);
+  QStringList nulls(14, u"NULL"_s);
+  nulls[3] = nulls[4] = u"0"_s;
+  EXPECT_EQ(stored(), nulls);
 }
 
 TEST_F(FieldBindingTest, WhatDoesNotConvertIsToldByItsCaption) {

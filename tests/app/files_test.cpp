@@ -3,29 +3,15 @@
 #include "base/platform/machine.h"
 #include "base/platform/server_check.h"
 #include "base/platform/settings_store.h"
-
-#include <gmock/gmock.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 namespace {
 
 class Files : public testing::Test {
  protected:
   QString path(const QString& name) const { return folder.filePath(name); }
-  void put(const QString& name, const QByteArray& bytes) const {
-    QFile file(path(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-  }
-  QByteArray content(const QString& name) const {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-  }
+  void put(const QString& name, const QByteArray& bytes) const { ::put(path(name), bytes); }
+  QByteArray content(const QString& name) const { return contentOf(path(name)); }
   QTemporaryDir folder;
 };
 

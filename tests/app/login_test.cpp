@@ -9,23 +9,12 @@
 #include "base/process_end.h"
 #include "base/program_paths.h"
 #include "app/quendUtils.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
-#include "tests/support/typing.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/text_edit.h"
 
-#include <gmock/gmock.h>
-
-#include <QFile>
-#include <QLabel>
-#include <QProcess>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
-
 #include <optional>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -66,10 +55,7 @@ class LoginTest : public testing::Test {
     type(login.parola, password);
     QTest::keyClick(login.parola->line(), Qt::Key_Return);
   }
-  QString log() const {
-    QFile file(logFileName());
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-  }
+  QString log() const { return QString::fromUtf8(contentOf(logFileName())); }
   /// Runs statements as the server's owner, in the program's own character set.
   static void runAsOwner(const QString& statements) {
     QProcess tool;

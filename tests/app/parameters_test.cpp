@@ -2,26 +2,11 @@
 #include "app/parameter_models.h"
 #include "app/parameters.h"
 #include "app/quendUtils.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/grid/row_colors.h"
 
-#include <gtest/gtest.h>
-
-#include <QAbstractItemModelTester>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QFile>
-#include <QListView>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QRandomGenerator>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 using namespace ParameterFiles;
 
 namespace {
@@ -139,15 +124,8 @@ class ParametersTest : public testing::Test {
   ParametersTest() : utilities_(folder.filePath(u"kvtk"_s)) { QuendUtil = &utilities_; }
   ~ParametersTest() override { QuendUtil = nullptr; }
 
-  QByteArray content(const QString& name) const {
-    QFile file(folder.filePath(name));
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-  }
-  void put(const QString& name, const QByteArray& bytes) const {
-    QFile file(folder.filePath(name));
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write(bytes);
-  }
+  QByteArray content(const QString& name) const { return contentOf(folder.filePath(name)); }
+  void put(const QString& name, const QByteArray& bytes) const { ::put(folder.filePath(name), bytes); }
   static void setPrinters(TfParametreler& form, const QStringList& names) {
     form.systemPrinters = [names] { return names; };
   }

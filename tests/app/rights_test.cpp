@@ -7,17 +7,9 @@
 #include "base/program_paths.h"
 #include "app/Unit14.h"
 #include "tests/support/fixed_environment.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
 #include "toolkit/edits/text_edit.h"
-#include "toolkit/shell/command_updates.h"
-
-#include <gmock/gmock.h>
-
-#include <QAction>
-#include <QFile>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -54,10 +46,7 @@ class RightsLogTest : public testing::Test {
     login.Kullanici->setText(u"AYŞE"_s);
   }
   ~RightsLogTest() override { QFile::remove(logFileName()); }
-  static QString log() {
-    QFile file(logFileName());
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-  }
+  static QString log() { return QString::fromUtf8(contentOf(logFileName())); }
 
   ScopedEnvironment fixed{std::make_unique<FixedEnvironment>()};
   ScriptedDialogs dialogs;
@@ -84,20 +73,6 @@ TEST_F(RightsLogTest, AMarkedNodeOfTheWorkspaceForbidsItsCommand) {
   EXPECT_EQ(data.Kullanici_Yetkileri(u"Kartlar\\Cihaz Kartları"_s), 2);
   EXPECT_EQ(data.Kullanici_Yetkileri(u"Kartlar"_s), 1);
   EXPECT_EQ(log(), QString());
-}
-
-TEST_F(RightsLogTest, TheLogGrowsByAScreenThatShowsOnly) {
-  QWidget screen;
-  auto* action = new QAction(u"Sil"_s, &screen);
-  keepUpdated(&screen, action, [&] { return data.Kullanici_Yetkileri(u"Servis Fişleri\\"_s + action->text()) != Right::Checked; });
-  screen.show();
-  QTest::qWait(300);
-  EXPECT_FALSE(action->isEnabled());
-  EXPECT_TRUE(log().contains(u"Yetki Path hatası...: Servis Fişleri\\Sil\r\n"_s));
-  screen.hide();
-  const QString before = log();
-  QTest::qWait(500);
-  EXPECT_EQ(log(), before);
 }
 
 }  // namespace

@@ -6,10 +6,7 @@
 #include "base/text_tools.h"
 #include "base/turkish_text.h"
 #include "tests/support/fixed_environment.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 namespace {
 

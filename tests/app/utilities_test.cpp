@@ -4,30 +4,15 @@
 #include "base/program_paths.h"
 #include "app/quendUtils.h"
 #include "tests/support/fixed_environment.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
-
-#include <gmock/gmock.h>
-
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 class Utilities : public testing::Test {
  protected:
   ~Utilities() override { machine() = machine_; }
-  void put(const QString& name, const QByteArray& bytes) const {
-    QFile file(folder.filePath(name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-  }
+  void put(const QString& name, const QByteArray& bytes) const { ::put(folder.filePath(name), bytes); }
   QTemporaryDir folder;
   ScopedEnvironment fixed{std::make_unique<FixedEnvironment>()};
   TQuendUtil utilities{folder.filePath(u"kvtk"_s)};
@@ -62,24 +47,11 @@ TEST_F(Utilities, Dialogs) {
     EXPECT_EQ(request.title, QCoreApplication::applicationName());
     EXPECT_EQ(request.instruction, cases[i].instruction);
     EXPECT_EQ(request.icon, cases[i].icon);
+    EXPECT_TRUE(request.defaultButton == 0 || request.defaultButton == TQuendUtil::Confirmed);
     EXPECT_EQ(captions, cases[i].captions);
     EXPECT_EQ(request.closeAfterMs, cases[i].closeAfterMs);
     EXPECT_EQ(request.beep, cases[i].beep);
   }
-}
-
-TEST_F(Utilities, TheFormTakesTheFocusBackAfterAMessage) {
-  QWidget form;
-  QLineEdit first(&form), second(&form);
-  form.show();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(&form));
-  second.setFocus();
-  QTimer::singleShot(50, &form, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape); });
-  EXPECT_EQ(utilities.Mesaj(&form, u"Silinsin mi?"_s), 2);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return second.hasFocus(); }));
-  QTimer::singleShot(50, &form, [] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Return); });
-  EXPECT_EQ(utilities.Mesaj(&form, u"Silinsin mi?"_s), 100);
-  EXPECT_EQ(utilities.mesajTimeOut(&form, u"Kendiliğinden kapanır"_s, 50), 2);
 }
 
 TEST_F(Utilities, FactsOfTheMachine) {

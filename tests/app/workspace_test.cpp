@@ -14,6 +14,8 @@
 #include "app/Unit14.h"
 #include "reminders/fhatirlat_unit.h"
 #include "tests/support/fixed_environment.h"
+#include "tests/support/picture.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/edits/button_edit.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/date_edit.h"
@@ -22,22 +24,7 @@
 #include "toolkit/shell/ribbon.h"
 #include "toolkit/shell/ribbon_button.h"
 
-#include <gmock/gmock.h>
-
-#include <QAction>
-#include <QCloseEvent>
-#include <QDir>
-#include <QFile>
-#include <QLabel>
-#include <QMenu>
-#include <QScreen>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-
 #include <optional>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -160,10 +147,7 @@ TEST_F(WorkspaceTest, TheStatusBarsDateFollowsTheDayUnlessAnotherOneWasChosen) {
 }
 
 TEST_F(WorkspaceTest, AFolderThatCannotBeWrittenLeavesOneLineInTheLog) {
-  const auto logSize = [] {
-    QFile log(logFileName());
-    return log.open(QFile::ReadOnly) ? log.readAll().count('\n') : 0;
-  };
+  const auto logSize = [] { return contentOf(logFileName()).count('\n'); };
   TfKvb workspace;
   const auto lines = logSize();
   QDir::setCurrent(u"/proc"_s);
@@ -183,9 +167,7 @@ TEST_F(WorkspaceTest, ACancelledLoginEndsTheProcessWithoutAnotherStep) {
 
 TEST_F(WorkspaceTest, ALoginFillsPanelsAndShowsThePictureBesideTheProgram) {
   const QString picture = programFolder() + u"masaustu.png"_s;
-  QImage image(40, 30, QImage::Format_RGB32);
-  image.fill(Qt::green);
-  ASSERT_TRUE(image.save(picture));
+  put(picture, pictureBytes("PNG"));
   TfKvb workspace;
   TDM data;
   TfParametreler parameters;
@@ -224,11 +206,9 @@ TEST_F(WorkspaceTest, GuardedCommandsAreDisabledForAllButTheMaster) {
     }
     for (const QString& name : {u"dxBarLargeButton2"_s, u"calls"_s, u"parameters"_s, u"closeProgram"_s})
       EXPECT_TRUE(workspace.command(name)->isEnabled()) << name.toStdString();
-    QFile log(logFileName());
     QStringList logged;
-    if (log.open(QFile::ReadOnly))
-      for (const QString& line : QString::fromUtf8(log.readAll()).split(u"\r\n"_s))
-        if (line.contains(u"Yetki Path hatası...: "_s)) logged.append(line.section(u"...: "_s, 1));
+    for (const QString& line : QString::fromUtf8(contentOf(logFileName())).split(u"\r\n"_s))
+      if (line.contains(u"Yetki Path hatası...: "_s)) logged.append(line.section(u"...: "_s, 1));
     EXPECT_EQ(logged, master ? QStringList() : paths);
   }
 }
@@ -320,11 +300,7 @@ TEST_F(WorkspaceTest, ParametersOpenByTheirCommandAndMayHideTheRibbonsGroups) {
 TEST_F(WorkspaceTest, TheHelperIsStartedUnlessItRuns) {
   const QString helper = programFolder() + u"Vigil.Exe"_s;
   const QString trace = folder.filePath(u"started"_s);
-  QFile script(helper);
-  ASSERT_TRUE(script.open(QFile::WriteOnly));
-  script.write("#!/bin/sh\ntouch '" + trace.toUtf8() + "'\n");
-  script.close();
-  script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  putScript(helper, "touch '" + trace.toUtf8() + "'\n");
   for (const bool running : {true, false}) {
     ended.reset();
     machine().processFiles = [running] {
@@ -336,7 +312,7 @@ TEST_F(WorkspaceTest, TheHelperIsStartedUnlessItRuns) {
     start(workspace, 2);
     EXPECT_EQ(QTest::qWaitFor([&] { return QFile::exists(trace); }, running ? 300 : 3000), !running);
   }
-  script.remove();
+  QFile::remove(helper);
 }
 
 }  // namespace

@@ -3,10 +3,7 @@
 
 #include "base/exceptions.h"
 #include "base/save_conflict.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 TEST(SaveConflict, FailureIsKnownByClassAndExactWords) {
   const QString duplicate = u"#23000Duplicate entry 'AYŞE' for key 'CA_AD'"_s;

@@ -4,12 +4,9 @@
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
 
-#include <QLabel>
-
 #include <algorithm>
 #include <utility>
 
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {

@@ -1,5 +1,4 @@
 #include "app/editors/qcx_db_editors.h"
-#include "base/exceptions.h"
 #include "base/program_paths.h"
 #include "service/fservisfis_unit.h"
 #include "tests/cards/cards_fixture.h"
@@ -9,15 +8,8 @@
 #include "toolkit/grid/grid_view.h"
 #include "toolkit/shell/command_updates.h"
 
-#include <QFile>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTimer>
-#include <QToolButton>
-
 #include <utility>
 
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {
@@ -232,16 +224,14 @@ TEST_F(ListsTest, FirmThatCannotBeWrittenKeepsWhatWasTypedAndIsToldOfInTheSlipsW
 TEST_F(ListsTest, FirmIsChangedByTheRightToAdd) {
   run(u"INSERT INTO disservis (DS_AD) VALUES ('ESKİ')");
   within([this] { firms.Giris(); }, firms, [this] {
-    QFile log(logFileName());
-    const qint64 before = log.size();
+    const qsizetype before = contentOf(logFileName()).size();
     DM->MySQL.Username = u"OTHER"_s;
     updateCommands(&firms);
     DM->MySQL.Username = u"QUEND"_s;
     for (const QString& name : {u"aEkle"_s, u"aDuzelt"_s, u"aFisSil"_s, u"aYazdir"_s}) EXPECT_FALSE(firms.command(name)->isEnabled());
     EXPECT_TRUE(firms.command(u"aGuncelle"_s)->isEnabled());
     // Every path that was asked for and is not in the tree leaves an entry.
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly) && log.seek(before));
-    const QString asked = QString::fromUtf8(log.readAll());
+    const QString asked = QString::fromUtf8(contentOf(logFileName()).mid(before));
     EXPECT_EQ(asked.count(u"Kartlar\\Dış Servis Kartları\\F3 » Kayıt Ekle"_s), 2);
     EXPECT_FALSE(asked.contains(u"F4 » Kayıt Düzelt"_s));
   });
@@ -249,11 +239,7 @@ TEST_F(ListsTest, FirmIsChangedByTheRightToAdd) {
 
 // The sheet lands in the current folder, and the one beside the program is opened, wherever that is.
 TEST_F(ListsTest, CustomersGoToPaperAndToASheet) {
-  QFile opener(folder.filePath(u"xdg-open"_s));
-  ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
-  opener.write("#!/bin/sh\necho \"$1\" >" + folder.filePath(u"opened"_s).toUtf8() + "\n");
-  opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-  opener.close();
+  putScript(folder.filePath(u"xdg-open"_s), "printf %s \"$1\" >opening; mv opening opened\n");
   const QByteArray path = qgetenv("PATH");
   qputenv("PATH", folder.path().toUtf8() + ':' + path);
   run(u"INSERT INTO cari (CA_AD) VALUES ('AYŞE IŞIK'), ('CEM')");
@@ -273,10 +259,7 @@ TEST_F(ListsTest, CustomersGoToPaperAndToASheet) {
     EXPECT_FALSE(preview.isActive());
   });
   EXPECT_GT(QFile(u"CariHesaplar.xls"_s).size(), 1000);
-  QFile opened(folder.filePath(u"opened"_s));
-  ASSERT_TRUE(QTest::qWaitFor([&] { return opened.size() > 0; }));
-  ASSERT_TRUE(opened.open(QIODevice::ReadOnly));
-  EXPECT_EQ(QString::fromUtf8(opened.readAll()).trimmed(), programFolder() + u"CariHesaplar.xls"_s);
+  EXPECT_TRUE(QTest::qWaitFor([] { return contentOf(u"opened"_s) == (programFolder() + u"CariHesaplar.xls"_s).toUtf8(); }));
   qputenv("PATH", path);
 }
 

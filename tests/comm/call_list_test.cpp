@@ -3,8 +3,6 @@
 #include "simulator/telephone_monitor.h"
 #include "tests/service/slip_form_fixture.h"
 
-using namespace Qt::StringLiterals;
-
 TEST_F(SlipFormTest, TheCallListShowsTodaysCallsWithTheirCustomersAndFollowsNewOnes) {
   run(u"DELETE FROM callerid");
   run(u"INSERT INTO cari (CA_AD, CA_CEP) VALUES ('AYŞE', '05001112233'), ('FATMA', '05001112233')");

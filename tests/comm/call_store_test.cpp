@@ -2,11 +2,8 @@
 #include "base/data/my_query.h"
 #include "comm/call_store.h"
 #include "simulator/telephone_monitor.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -5,20 +5,10 @@
 #include "base/guard.h"
 #include "comm/http_exchange.h"
 #include "simulator/telephone_monitor.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/shell/passing_notice.h"
 
-#include <gmock/gmock.h>
-
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QTest>
-
-using namespace Qt::StringLiterals;
-
 namespace {
-
-constexpr quint16 port = 18903;
 
 QString labelOf(const PassingNotice& notice, const QString& name) {
   const auto* label = notice.panel() ? notice.panel()->findChild<QLabel*>(name) : nullptr;
@@ -30,7 +20,8 @@ QString labelOf(const PassingNotice& notice, const QString& name) {
 TEST(CallListener, FirstAtOnceAndTheLastOfAFlood) {
   QStringList told;
   CallListener listener([&told](const CallerText::Notice& call) { told += call.title; }, nullptr);
-  listener.start(port);
+  listener.start(0);
+  const quint16 port = listener.port();
   TelephoneMonitor::announce("a|b|c|d|1|ILK|", port);
   for (int i = 0; i < 1000; ++i) {
     TelephoneMonitor::announce(QByteArray(i * 31 % 5000, char(i)), port);
@@ -83,8 +74,8 @@ TEST(Workspace, CallComesUpAndTheListReadsAnew) {
   ports().refreshCalls = [&refreshed] { ++refreshed; };
   fKvb->show();
   fKvb->Timer1->stop();
-  fKvb->UDPCallerID->start(port);
-  TelephoneMonitor::announce("01.02.2026|10:15|1|02121234567|0|", port);
+  fKvb->UDPCallerID->start(0);
+  TelephoneMonitor::announce("01.02.2026|10:15|1|02121234567|0|", fKvb->UDPCallerID->port());
   EXPECT_TRUE(QTest::qWaitFor([] { return fKvb->callNotice()->isUp(); }, 5000));
   EXPECT_EQ(refreshed, 1);
   EXPECT_EQ(labelOf(*fKvb->callNotice(), u"passingNoticeBody"_s), u"01.02.2026 10:15\n0(212) 123 4567"_s);

@@ -7,18 +7,8 @@
 #include "simulator/practice.h"
 #include "simulator/simulator.h"
 #include "simulator/telephone_monitor.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/shell/waiting_run.h"
-
-#include <gmock/gmock.h>
-
-#include <QApplication>
-#include <QElapsedTimer>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,8 +23,7 @@ class Clients : public testing::Test {
   Clients() {
     qputenv("http_proxy", "http://127.0.0.1:1");  // must not be asked
     addresses.certificateFile = folder.filePath(u"own.pem"_s);
-    QFile certificate(addresses.certificateFile);
-    if (!certificate.open(QIODevice::WriteOnly) || certificate.write(simulator.certificate()) <= 0) ADD_FAILURE();
+    put(addresses.certificateFile, simulator.certificate());
   }
 
   QString refusal(Mood mood, const QString& code = {}) {
@@ -163,23 +152,19 @@ TEST_F(Clients, MailGoesOutOrItsReasonIsLogged) {
 }
 
 TEST_F(Clients, WindowPaintsDuringAnExchange) {
-  class Window : public QWidget {
-   public:
-    int paints = 0;
-
-   protected:
-    void paintEvent(QPaintEvent*) override { ++paints; }
-  } window;
+  QWidget window;
+  EventCounter paintings(QEvent::Paint);
+  paintings.watch(&window);
   window.show();
   if (!QTest::qWaitForWindowActive(&window)) ADD_FAILURE();
   simulator.behave(Service::Form, {Mood::Normal, {}, 200});
-  const int painted = window.paints;
+  const int painted = paintings.count;
   QTimer::singleShot(50, &window, [&window] { window.update(); });
   bool hasRun = false;
   postGuarded(&window, [&hasRun] { hasRun = true; });
   const HttpAnswer answer = resultWhileWaiting([&] { return client.exchange(FormSms::sendersRequest(addresses, account)); });
   EXPECT_EQ(answer.status, 200);
-  EXPECT_GT(window.paints, painted);
+  EXPECT_GT(paintings.count, painted);
   EXPECT_FALSE(hasRun);
   EXPECT_TRUE(QTest::qWaitFor([&] { return hasRun; }, 5000));
   EXPECT_THROW(runWhileWaiting([] { throw ENetworkError(u"x"_s); }), ENetworkError);

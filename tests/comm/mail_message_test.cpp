@@ -1,21 +1,11 @@
 // Messages as today's mail programs read them: two parsers of others read back what was composed.
 #include "comm/mail_message.h"
-
-#include <gmock/gmock.h>
-
-#include <QProcess>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 namespace {
 
 QStringList readBy(const QString& program, const QString& script, const QByteArray& message) {
-  QProcess process;
-  process.start(program, {QStringLiteral(READERS) + u'/' + script});
-  process.write(message);
-  process.closeWriteChannel();
-  if (!process.waitForFinished() || process.exitCode() != 0) ADD_FAILURE() << process.readAllStandardError().toStdString();
-  return QString::fromUtf8(process.readAllStandardOutput()).split(u'\n');
+  return outputOf(program, {QStringLiteral(READERS) + u'/' + script}, message).split(u'\n');
 }
 
 MailMessage compose(const QString& recipients, const QString& subject, const QString& body) {

@@ -1,10 +1,7 @@
 #include "comm/caller_text.h"
 #include "comm/list_text.h"
 #include "comm/sms_text.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 TEST(SmsText, KeysOfTheThreeBoxes) {
   for (const QChar key : u"aZ0 !'-+/()=.@,:*;$?\b\x16\r"_s) EXPECT_TRUE(SmsText::templateKeyPasses(key)) << int(key.unicode());

@@ -1,9 +1,6 @@
 // The gateways' requests byte for byte, and what their answers come to.
 #include "comm/sms_gateways.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 namespace {
 

@@ -1,8 +1,5 @@
 #include "contracts/contract_rules.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 namespace {
 

@@ -12,8 +12,6 @@
 #include "toolkit/report/report.h"
 #include "toolkit/shell/command_updates.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class ContractsTest : public CardsTest {
@@ -45,9 +43,6 @@ class ContractsTest : public CardsTest {
   std::string stored(const QString& statement) { return rows(statement).toStdString(); }
   QString text(const QString& box) { return editor.box(box)->text(); }
   std::string balloon() { return editor.findChild<Balloon*>()->text().toStdString(); }
-  void picture(QWidget& widget, const QString& name) {
-    if (const QString target = qEnvironmentVariable("KVTK_PICTURES"); !target.isEmpty()) widget.grab().save(target + u'/' + name + u".png"_s);
-  }
 
   TfSozlesme contracts;
   TfSozlesmeEkle editor{contracts.queries()};
@@ -68,14 +63,12 @@ TEST_F(ContractsTest, AContractIsAddedByTheKeyboard) {
     EXPECT_EQ(period->itemIndex(), 0);
     period->findChildren<QAbstractButton*>()[4]->click();
     enter(editor, u"OZELKOD"_s, u"a1"_s);
-    picture(editor, u"contract"_s);
     enter(editor, u"BIT_TAR"_s, u"31.01.2024"_s);
     press(editor, Qt::Key_F2);
     EXPECT_EQ(balloon(), "\"Sözleşme Bitiş Tarih\" Başlama tarihden önce olamaz.");
     enter(editor, u"BIT_TAR"_s, u"14.02.2025"_s);
     press(editor, Qt::Key_F2);
     EXPECT_FALSE(editor.isVisible());
-    picture(contracts, u"contracts"_s);
     EXPECT_EQ(contracts.grid()->content(false)->text(0, 2), u"ÇİĞDEM ÖZTÜRK"_s);
   });
   EXPECT_EQ(stored(u"select SOZ_NO, SOZ_AD, SOZ_CA_ID_REF, SOZ_BAS_TARIH, SOZ_BIT_TARIH, SOZ_TUTAR, SOZ_MESAFE, SOZ_HATIRLA_TARIH, "
@@ -87,7 +80,6 @@ TEST_F(ContractsTest, WhatIsMissingOrWrongIsToldAtItsBoxAndNothingIsLost) {
   inNew([this] {
     press(editor, Qt::Key_F2);
     EXPECT_EQ(balloon(), "\"Müşteri Adı\" alanı için değer girmelisiniz.");
-    picture(editor, u"validation"_s);
     fill(u"KİMSE"_s);
     press(editor, Qt::Key_F2);
     EXPECT_TRUE(editor.box(u"TS_MUSTERI"_s)->hasError());

@@ -2,11 +2,9 @@
 #include "base/data/latin5.h"
 #include "base/data/my_query.h"
 #include "base/exceptions.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 using enum FilterOperator;
 using F = FilterExpression;
 
@@ -54,11 +52,7 @@ class FilterTest : public testing::Test {
   }
   void TearDown() override { database.connection().execute("DROP TABLE suzgec"); }
 
-  QString shown() {
-    QStringList ids;
-    for (int row = 0; row < query.RecordCount(); ++row) ids += query.valueAt(row, 0).toText();
-    return ids.join(u',');
-  }
+  QString shown() { return TestDatabase::column(query, u"ID"_s).join(u','); }
 
   TestDatabase database;
   TMyQuery query{database.connection(), u"qSuzgec"_s};

@@ -1,9 +1,6 @@
 #include "base/data/latin5.h"
 #include "base/exceptions.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 TEST(Latin5Test, EveryByteComesBackUnchanged) {
   QByteArray all;

@@ -1,7 +1,5 @@
 #include "tests/data/query_fixture.h"
 
-using namespace Qt::StringLiterals;
-
 QueryTest::QueryTest() : query(connection, u"qDeneme"_s) {}
 
 void QueryTest::SetUp() {
@@ -31,6 +29,16 @@ qint64 QueryTest::insertRow(const QString& no, const QString& name) {
   query.FieldByName(u"AD"_s).set(name);
   query.Post();
   return qint64(query.lastInsertId());
+}
+
+void QueryTest::edit(TMyQuery& target, const QString& field, const Value& value) {
+  target.Edit();
+  target.FieldByName(field).set(value);
+}
+
+void QueryTest::post(TMyQuery& target, const QString& field, const Value& value) {
+  edit(target, field, value);
+  target.Post();
 }
 
 void QueryTest::openRow(TMyQuery& target, qint64 id) {

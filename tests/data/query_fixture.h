@@ -2,9 +2,8 @@
 
 #include "base/data/my_query.h"
 #include "base/exceptions.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
-
-#include <gmock/gmock.h>
 
 #include <stdexcept>
 
@@ -30,6 +29,9 @@ class QueryTest : public testing::Test {
   /// The first cell of what the statement gives.
   QString scalar(const QString& statement);
   qint64 insertRow(const QString& no, const QString& name);
+  /// Puts a value into the current row and leaves it in edit; post() writes it as well.
+  static void edit(TMyQuery& target, const QString& field, const Value& value);
+  static void post(TMyQuery& target, const QString& field, const Value& value);
   static void openRow(TMyQuery& target, qint64 id);
 
   TestDatabase database;

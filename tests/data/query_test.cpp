@@ -4,8 +4,6 @@
 #include <cmath>
 #include <limits>
 
-using namespace Qt::StringLiterals;
-
 TEST_F(QueryTest, EveryTypeComesBackAsItWent) {
   QByteArray picture;
   for (int i = 0; i < 70000; ++i) picture.append(char(i * 7));
@@ -29,13 +27,10 @@ TEST_F(QueryTest, EveryTypeComesBackAsItWent) {
                      {"NOTU", u"ş"_s.repeated(100000)},
                      {"AD", Value()},
                      {"TARIH", Value()}};
-  const qint64 id = insertRow(u"1"_s, u"x"_s);
-  openRow(query, id);
+  openRow(query, insertRow(u"1"_s, u"x"_s));
   for (const auto& row : cases) {
     const QString name = QString::fromLatin1(row.field);
-    query.Edit();
-    query.FieldByName(name).set(row.value);
-    query.Post();
+    post(query, name, row.value);
     EXPECT_EQ(query.FieldByName(name).value(), row.value) << row.field << " before reading again";
     query.Refresh();
     EXPECT_EQ(query.FieldByName(name).value(), row.value) << row.field;
@@ -43,10 +38,8 @@ TEST_F(QueryTest, EveryTypeComesBackAsItWent) {
 }
 
 TEST_F(QueryTest, TextGoesThroughTheColumnsType) {
-  const qint64 id = insertRow(u"1"_s, u"x"_s);
-  openRow(query, id);
-  query.Edit();
-  query.FieldByName(u"TUTAR"_s).set(u"1.250,50"_s);
+  openRow(query, insertRow(u"1"_s, u"x"_s));
+  edit(query, u"TUTAR"_s, u"1.250,50"_s);
   query.FieldByName(u"MIKTAR"_s).set(u"2,5"_s);
   query.FieldByName(u"TARIH"_s).set(u"5.3.2020"_s);
   query.FieldByName(u"SAAT"_s).set(u"08:30"_s);
@@ -59,8 +52,7 @@ TEST_F(QueryTest, TextGoesThroughTheColumnsType) {
 }
 
 TEST_F(QueryTest, WhatTheColumnCannotHoldIsRefusedBeforeSending) {
-  const qint64 id = insertRow(u"1"_s, u"x"_s);
-  openRow(query, id);
+  openRow(query, insertRow(u"1"_s, u"x"_s));
   query.Edit();
   const quint64 before = connection.roundTrips();
   struct {
@@ -80,26 +72,21 @@ TEST_F(QueryTest, WhatTheColumnCannotHoldIsRefusedBeforeSending) {
 }
 
 TEST_F(QueryTest, OnlyChangedColumnsAreSentAndNothingWhenNoneChanged) {
-  const qint64 id = insertRow(u"1"_s, u"first"_s);
-  openRow(query, id);
+  openRow(query, insertRow(u"1"_s, u"first"_s));
   connection.execute("UPDATE deneme SET TUTAR=7, STAMP=STAMP");
-  query.Edit();
-  query.FieldByName(u"NO"_s).set(u"1"_s);
+  edit(query, u"NO"_s, u"1"_s);
   query.FieldByName(u"AD"_s).set(u"second"_s);
   query.Post();
   EXPECT_EQ(scalar(u"select concat(AD, TUTAR) from deneme"_s), u"second7"_s);
   const quint64 before = connection.roundTrips();
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"second"_s);
-  query.Post();
+  post(query, u"AD"_s, u"second"_s);
   EXPECT_EQ(connection.roundTrips(), before);
 }
 
 TEST_F(QueryTest, OfTwoWritersWithinOneSecondOneLoses) {
   const qint64 id = insertRow(u"1"_s, u"x"_s);
   run("UPDATE deneme SET AD = 'theirs'");
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"mine"_s);
+  edit(query, u"AD"_s, u"mine"_s);
   raised<EDatabaseError>([&] { query.Post(); });  // an inserted row has its version as well
   query.Cancel();
   TMyConnection& second = database.secondConnection();
@@ -107,10 +94,8 @@ TEST_F(QueryTest, OfTwoWritersWithinOneSecondOneLoses) {
   other.Options.CheckRowVersion = true;
   openRow(query, id);
   openRow(other, id);
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"mine"_s);
-  other.Edit();
-  other.FieldByName(u"TUTAR"_s).set(5.0);
+  edit(query, u"AD"_s, u"mine"_s);
+  edit(other, u"TUTAR"_s, 5.0);
   query.Post();
   const auto error = raised<EDatabaseError>([&] { other.Post(); });
   EXPECT_EQ(error.className(), u"EDatabaseError"_s);
@@ -119,25 +104,19 @@ TEST_F(QueryTest, OfTwoWritersWithinOneSecondOneLoses) {
   other.Cancel();
   other.RefreshRecord();
   EXPECT_EQ(other.FieldByName(u"AD"_s).asText(), u"mine"_s);
-  other.Edit();
-  other.FieldByName(u"TUTAR"_s).set(5.0);
-  other.Post();
-  other.Edit();
-  other.FieldByName(u"TUTAR"_s).set(6.0);
-  other.Post();
+  post(other, u"TUTAR"_s, 5.0);
+  post(other, u"TUTAR"_s, 6.0);
   EXPECT_EQ(scalar(u"select concat(AD, TUTAR) from deneme"_s), u"mine6"_s);
 }
 
 TEST_F(QueryTest, ARowThatIsGoneIsTold) {
-  const qint64 id = insertRow(u"1"_s, u"x"_s);
-  openRow(query, id);
+  openRow(query, insertRow(u"1"_s, u"x"_s));
   run("DELETE FROM deneme");
   const auto refresh = raised<EDatabaseError>([&] { query.RefreshRecord(); });
   EXPECT_EQ(refresh.message(), u"Refresh failed. Found 0 records"_s);
   EXPECT_EQ(refresh.className(), u"EDatabaseError"_s);
   EXPECT_EQ(refresh.queryName(), u"qDeneme"_s);
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"y"_s);
+  edit(query, u"AD"_s, u"y"_s);
   EXPECT_EQ(raised<EDatabaseError>([&] { query.Post(); }).message(), u"Update failed. Found 0 records"_s);
 }
 
@@ -178,10 +157,8 @@ TEST_F(QueryTest, AHookMayTellOfAFailedPostInTheErrorsPlace) {
 }
 
 TEST_F(QueryTest, WhatIsLargerThanThePacketLimitIsRefusedAndTheConnectionStays) {
-  const qint64 id = insertRow(u"1"_s, u"x"_s);
-  openRow(query, id);
-  query.Edit();
-  query.FieldByName(u"RESIM"_s).set(QByteArray(70 << 20, 'x'));
+  openRow(query, insertRow(u"1"_s, u"x"_s));
+  edit(query, u"RESIM"_s, QByteArray(70 << 20, 'x'));
   EXPECT_TRUE(raised<EUnstorableValue>([&] { query.Post(); }).message().contains(u"MB"_s));
   query.FieldByName(u"RESIM"_s).set(QByteArray(20 << 20, 'x'));
   query.Post();
@@ -213,9 +190,7 @@ TEST_F(QueryTest, CachedChangesSurviveAFailureAndAreWrittenTogether) {
   lines.setRecNo(2);
   lines.Delete();
   lines.setRecNo(1);
-  lines.Edit();
-  lines.FieldByName(u"AD"_s).set(u"changed"_s);
-  lines.Post();
+  post(lines, u"AD"_s, u"changed"_s);
   lines.Insert();
   lines.FieldByName(u"NO"_s).set(u"1"_s);
   lines.Post();
@@ -228,9 +203,7 @@ TEST_F(QueryTest, CachedChangesSurviveAFailureAndAreWrittenTogether) {
   ASSERT_EQ(lines.RecordCount(), 3);
   EXPECT_TRUE(lines.FieldByName(u"ID"_s).isNull());
 
-  lines.Edit();
-  lines.FieldByName(u"NO"_s).set(u"4"_s);
-  lines.Post();
+  post(lines, u"NO"_s, u"4"_s);
   lines.ApplyUpdates();
   lines.RestoreUpdates();
   EXPECT_TRUE(lines.UpdatesPending()) << "applied and taken back";
@@ -253,13 +226,11 @@ TEST_F(QueryTest, CancelledCachedChangesLeaveTheRowsAsTheyWere) {
   lines.SQL.setText(u"select * from deneme order by NO"_s);
   lines.Open();
   lines.Delete();
-  lines.Edit();
-  lines.FieldByName(u"AD"_s).set(u"c"_s);
-  lines.Post();
+  post(lines, u"AD"_s, u"c"_s);
   lines.Insert();
   lines.CancelUpdates();
   ASSERT_EQ(lines.RecordCount(), 2);
-  EXPECT_EQ(lines.valueAt(0, lines.fieldIndex(u"AD"_s)).toText() + lines.valueAt(1, lines.fieldIndex(u"AD"_s)).toText(), u"ab"_s);
+  EXPECT_EQ(TestDatabase::column(lines, u"AD"_s).join(QString()), u"ab"_s);
 }
 
 TEST_F(QueryTest, TwoStatementsRunInOneExecutionAndAnErrorInEitherIsRaised) {
@@ -316,8 +287,7 @@ TEST_F(QueryTest, AGuardRollsBackWhatIsNotCommitted) {
 TEST_F(QueryTest, AnInsertReadsItsVersionBack) {
   insertRow(u"1"_s, u"first"_s);
   database.secondConnection().execute("UPDATE deneme SET AD = 'other'");
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"second"_s);
+  edit(query, u"AD"_s, u"second"_s);
   EXPECT_EQ(raised<EDatabaseError>([this] { query.Post(); }).message(), u"Update failed. Found 0 records"_s);
 }
 
@@ -338,8 +308,7 @@ TEST_F(QueryTest, ALockedRowIsWaitedForWithAnObserver) {
   other.execute("UPDATE deneme SET AD = 'other'");
 
   run("SET SESSION innodb_lock_wait_timeout = 1");
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"second"_s);
+  edit(query, u"AD"_s, u"second"_s);
   QString refused;
   observer.work = [&] { refused = raised<EDatabaseError>([this] { run("SELECT 1"); }).className(); };
   EXPECT_EQ(raised<EMyError>([this] { query.Post(); }).code(), 1205U);
@@ -355,14 +324,11 @@ TEST_F(QueryTest, ALockedRowIsWaitedForWithAnObserver) {
 }
 
 TEST_F(QueryTest, ALostConnectionRaisesAndKeepsTheRowInEdit) {
-  const qint64 id = insertRow(u"1"_s, u"x"_s);
-  openRow(query, id);
-  const QString own = scalar(u"select connection_id()"_s);
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"typed"_s);
+  openRow(query, insertRow(u"1"_s, u"x"_s));
+  edit(query, u"AD"_s, u"typed"_s);
   {
     TransactionGuard guard(connection);
-    database.secondConnection().execute("KILL " + own.toLatin1());
+    database.cut(connection);
     const auto error = raised<EMyError>([&] { query.Post(); });
     EXPECT_TRUE(error.code() == 2006 || error.code() == 2013) << error.code();
   }
@@ -370,6 +336,8 @@ TEST_F(QueryTest, ALostConnectionRaisesAndKeepsTheRowInEdit) {
   EXPECT_EQ(query.state(), QueryState::Edit);
   EXPECT_EQ(query.FieldByName(u"AD"_s).asText(), u"typed"_s);
   EXPECT_THROW(query.Post(), EMyError) << "no reconnect";
+  connection.Close();
+  EXPECT_THROW(query.Post(), EDatabaseError);
 }
 
 TEST_F(QueryTest, RowsThatAreTheSameAreToldToNobodyAndOthersLeaveTheCursorOnItsRow) {
@@ -405,11 +373,7 @@ TEST_F(QueryTest, SharedRowsAreReadOnceAVersionAndWhatAQueryWritesStaysItsOwn) {
   insertRow(u"1"_s, u"first"_s);
   insertRow(u"2"_s, u"second"_s);
   TMyQuery other(connection, u"other"_s);
-  const auto names = [](TMyQuery& of) {
-    QStringList all;
-    for (int row = 0; row < of.RecordCount(); ++row) all += of.valueAt(row, of.fieldIndex(u"AD"_s)).toText();
-    return all.join(u'|');
-  };
+  const auto names = [](TMyQuery& of) { return TestDatabase::column(of, u"AD"_s).join(u'|'); };
   for (TMyQuery* each : {&query, &other}) each->SQL.setText(u"select * from deneme order by NO"_s);
   query.OpenShared("1");
   const quint64 before = connection.roundTrips();
@@ -418,9 +382,7 @@ TEST_F(QueryTest, SharedRowsAreReadOnceAVersionAndWhatAQueryWritesStaysItsOwn) {
   EXPECT_EQ(names(other), u"first|second"_s);
 
   other.setRecNo(1);
-  other.Edit();
-  other.FieldByName(u"AD"_s).set(u"own"_s);
-  other.Post();
+  post(other, u"AD"_s, u"own"_s);
   EXPECT_EQ(names(other) + u' ' + names(query), u"first|own first|second"_s);
   other.OpenShared("2");
   EXPECT_EQ(other.RecNo(), 1);
@@ -444,13 +406,10 @@ TEST_F(QueryTest, TheVersionIsReadBackEvenWhileItIsNotChecked) {
   query.Options.CheckRowVersion = false;
   openRow(query, insertRow(u"1"_s, u"first"_s));
   for (const QString& name : {u"second"_s, u"third"_s}) {
-    query.Edit();
-    query.FieldByName(u"AD"_s).set(name);
-    query.Post();
+    post(query, u"AD"_s, name);
     query.Options.CheckRowVersion = true;  // as after a conflict
   }
   run("UPDATE deneme SET AD = 'other'");
-  query.Edit();
-  query.FieldByName(u"AD"_s).set(u"fourth"_s);
+  edit(query, u"AD"_s, u"fourth"_s);
   EXPECT_EQ(raised<EDatabaseError>([this] { query.Post(); }).message(), u"Update failed. Found 0 records"_s);
 }

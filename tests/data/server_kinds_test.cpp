@@ -1,7 +1,5 @@
 #include "tests/data/query_fixture.h"
 
-using namespace Qt::StringLiterals;
-
 TEST_F(QueryTest, EveryServerIsAsLenientAndComparesAlike) {
   run("INSERT INTO deneme (NO, AD, KISA, TARIH, TUTAR) VALUES ('1', 'b', 1, '0000-00-00', 1/0), ('2', 'a', 1, '2020-00-00', 1)");
   run("UPDATE deneme SET KISA = 99999, MIKTAR = 1/0 WHERE NO = '1'");
@@ -52,9 +50,7 @@ TEST_F(QueryTest, ARowOfAJoinIsReadAgainAndWrittenByItsOwnTablesKey) {
     joined.RefreshRecord();
     EXPECT_EQ(joined.FieldByName(u"ID"_s).value(), Value(id)) << text.toStdString();
     EXPECT_EQ(joined.FieldByName(u"AD"_s).asText(), u"second"_s) << text.toStdString();
-    joined.Edit();
-    joined.FieldByName(u"AD"_s).set(u"third"_s);
-    joined.Post();
+    post(joined, u"AD"_s, u"third"_s);
     EXPECT_EQ(scalar(u"select group_concat(AD order by NO) from deneme"_s), u"third,other"_s) << text.toStdString();
     joined.Delete();
     EXPECT_EQ(scalar(u"select group_concat(NO) from deneme"_s), u"2"_s) << text.toStdString();

@@ -1,10 +1,6 @@
 #include "base/data/sql_text.h"
+#include "tests/support/test.h"
 
-#include <gtest/gtest.h>
-
-#include <QStringList>
-
-using namespace Qt::StringLiterals;
 using SqlText::TokenKind;
 
 namespace {

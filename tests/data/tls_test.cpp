@@ -1,15 +1,6 @@
-#include "app/login_rules.h"
-#include "base/data/my_connection.h"
 #include "base/exceptions.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
-
-#include <gmock/gmock.h>
-
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,11 +26,8 @@ class TlsServer : public testing::Test {
     fingerprint = run(u"openssl"_s, {u"x509"_s, u"-in"_s, certificate, u"-noout"_s, u"-fingerprint"_s, u"-sha1"_s}).section(u'=', 1).trimmed();
     run(QString::fromUtf8(KVTK_SERVER_TOOL), {u"create"_s});
     run(QString::fromUtf8(KVTK_SERVER_TOOL), {u"start"_s});
+    TestDatabase::aim(connection);
     connection.Server = address;
-    connection.Port = 3313;
-    connection.Database = u"kvtk"_s;
-    connection.Username = LoginRules::account(u"quend"_s);
-    connection.Password = LoginRules::password(u"quend"_s);
   }
   ~TlsServer() override {
     connection.Close();

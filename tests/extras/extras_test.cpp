@@ -10,16 +10,9 @@
 #include "simulator/practice.h"
 #include "simulator/simulator.h"
 #include "tests/support/fixed_environment.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/test_database.h"
-#include "tests/support/typing.h"
 
-#include <gmock/gmock.h>
-
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
-
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {
@@ -39,22 +32,6 @@ class ExtrasTest : public testing::Test {
   ~ExtrasTest() override {
     setUnhandledHandler({});
     ports() = {};
-  }
-
-  /// Lets a user work in a modal screen, and closes it if the work has not.
-  static void inside(QDialog& screen, const std::function<void()>& open, const std::function<void()>& work) {
-    bool worked = false;
-    QTimer shown;
-    QObject::connect(&shown, &QTimer::timeout, &screen, [&] {
-      if (!screen.isVisible()) return;
-      shown.stop();
-      worked = true;
-      work();
-      if (screen.isVisible()) screen.reject();
-    });
-    shown.start(1);
-    open();
-    EXPECT_TRUE(worked);
   }
 
   QTemporaryDir folder;
@@ -120,7 +97,7 @@ class Statistics : public ExtrasTest {
 }  // namespace
 
 TEST_F(Rates, FirstOpeningOfADayAsksTheServiceAndTheNextOneTheTable) {
-  inside(screen, [&] { screen.Giris(); }, [&] {
+  within([&] { screen.Giris(); }, screen, [&] {
     EXPECT_THAT(shown(), ElementsAre(u"05.03.2020"_s, u"41,25000"_s, u"48,12500"_s, u"54,93750"_s));
     EXPECT_EQ(row(), u"05.03.2020|41,25|48,125|54,9375"_s);
     screen.eDolar->setText(u"40,5"_s);
@@ -132,7 +109,7 @@ TEST_F(Rates, FirstOpeningOfADayAsksTheServiceAndTheNextOneTheTable) {
   EXPECT_EQ(simulator.requests()[0].http.body, QByteArray());
   EXPECT_EQ(QDir(folder.path()).entryList({u"temp*"_s}, QDir::Files).size(), 0);
 
-  inside(screen, [&] { screen.Giris(); }, [&] {
+  within([&] { screen.Giris(); }, screen, [&] {
     EXPECT_EQ(screen.eDolar->value(), 41.25);
     screen.eDolar->setText(u"12.5.5"_s);
     screen.Tamam_Button->click();
@@ -165,7 +142,7 @@ TEST_F(Rates, AServiceThatFailsLeavesTheTableAndTheWordsOfSuccess) {
 }
 
 TEST_F(Statistics, CustomerIsCountedByNameAndYearAndAnotherYearPutsTheGoodOnesIntoTheBadOnesBox) {
-  inside(screen, [] { ports().openCustomerStatistics(u"AYŞE IŞIK"_s); }, [&] {
+  within([] { ports().openCustomerStatistics(u"AYŞE IŞIK"_s); }, screen, [&] {
     EXPECT_EQ(screen.windowTitle(), u"AYŞE IŞIK İSTATİSTİK"_s);
     EXPECT_THAT(shown(), ElementsAre(u"3"_s, u"1"_s, u"2"_s, u"6"_s, u"OLUMSUZ İŞLEM: 1, OLUMLU İŞLEM: 3, SERVİSDE OLAN: 2, TOPLAM İŞLEM: 6"_s));
     chooseYear(u"20x19"_s);
@@ -180,8 +157,8 @@ TEST_F(Statistics, CustomerIsCountedByNameAndYearAndAnotherYearPutsTheGoodOnesIn
 }
 
 TEST_F(Statistics, SerialHasNoTotalAndAnotherYearIsRefused) {
-  inside(screen, [&] { screen.GirisMusteri(u"AYŞE IŞIK"_s); }, [] {});
-  inside(screen, [] { ports().openSerialStatistics(u"S1"_s); }, [&] {
+  within([&] { screen.GirisMusteri(u"AYŞE IŞIK"_s); }, screen, [] {});
+  within([] { ports().openSerialStatistics(u"S1"_s); }, screen, [&] {
     EXPECT_EQ(screen.windowTitle(), u"S1 İSTATİSTİK"_s);
     EXPECT_THAT(shown(), ElementsAre(u"4"_s, u"1"_s, u"2"_s, u"0"_s, u"OLUMSUZ İŞLEM: 1, OLUMLU İŞLEM: 4, SERVİSDE OLAN: 2, TOPLAM İŞLEM: 0"_s));
     chooseYear(u"2019"_s);

@@ -3,14 +3,8 @@
 
 #include "app/ports.h"
 #include "base/whole_file.h"
+#include "tests/support/test.h"
 
-#include <gmock/gmock.h>
-
-#include <QElapsedTimer>
-#include <QFile>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {

@@ -1,12 +1,8 @@
-#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "tests/faults/cutting_proxy.h"
 #include "tests/faults/screen_slip.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
 
 TEST(CutLogin, RaisesAndTheNextOneWorks) {
   TestDatabase database;
@@ -20,7 +16,7 @@ TEST(CutLogin, RaisesAndTheNextOneWorks) {
   for (const Cut cut : {Cut::BeforePacket, Cut::WithinPacket, Cut::Reset})
     for (int packet = 1; packet <= packets; ++packet) {
       SCOPED_TRACE("packet " + std::to_string(packet) + " of " + std::to_string(packets));
-      const qint64 id = connectionId(connection);
+      const qint64 id = TestDatabase::idOf(connection);
       connection.Close();
       ASSERT_TRUE(waitForEnd(database.connection(), id));
       proxy.arm(packet, cut);
@@ -28,13 +24,4 @@ TEST(CutLogin, RaisesAndTheNextOneWorks) {
       EXPECT_FALSE(connection.Connected());
       ASSERT_NO_THROW(connection.Connect());
     }
-}
-
-TEST(ClosedConnection, StatementsRaise) {
-  TMyConnection connection;
-  TestDatabase::open(connection);
-  ScreenSlip slip(connection);
-  slip.takeIn(sampleSlip(1));
-  connection.Close();
-  EXPECT_THROW(slip.save(), EDatabaseError);
 }

@@ -1,11 +1,11 @@
 #include "app/parameter_files.h"
-#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/ini_file.h"
 #include "base/log_file.h"
 #include "base/platform/settings_store.h"
 #include "base/whole_file.h"
 #include "tests/support/full_disk.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/toolkit/listed_content.h"
 #include "toolkit/grid/grid_layout.h"
@@ -13,23 +13,12 @@
 #include "toolkit/grid/xls_export.h"
 #include "toolkit/report/designer/report_designer.h"
 
-#include <gtest/gtest.h>
-
-#include <QFile>
-
 #include <functional>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 /// From one length to the next: prime, so that every place within a block and a buffer is met.
 constexpr qsizetype lengthStep = 61;
-
-QByteArray content(const QString& file) {
-  QFile in(file);
-  return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray("<none>");
-}
 
 TEST(FullDiskTest, AFileOfAnyLengthIsWholeOrTheOneBefore) {
   FullDisk disk;
@@ -48,12 +37,12 @@ TEST(FullDiskTest, AFileOfAnyLengthIsWholeOrTheOneBefore) {
         failed = true;
       }
       ASSERT_EQ(failed, length > qsizetype(blocks) * FullDisk::blockSize) << length;
-      ASSERT_EQ(content(file), failed ? before : text.left(length)) << length;
+      ASSERT_EQ(contentOf(file), failed ? before : text.left(length)) << length;
       ASSERT_EQ(disk.files(), QStringList{u"a"_s}) << length;
       if (!failed) WholeFile::replace(file, before);
     }
     WholeFile::replace(file, {});
-    EXPECT_EQ(content(file), QByteArray()) << "an empty file needs no room";
+    EXPECT_EQ(contentOf(file), QByteArray()) << "an empty file needs no room";
   }
 }
 
@@ -68,7 +57,7 @@ TEST(FullDiskTest, ATemplateStaysAndSoDoesTheWorkOnIt) {
   designer.editor().change(u"x"_s, *designer.editor().page(), u"name"_s, QString(20 * FullDisk::blockSize, u'n'));
   disk.leave(3);
   EXPECT_FALSE(designer.save());
-  EXPECT_EQ(content(file), before);
+  EXPECT_EQ(contentOf(file), before);
   EXPECT_TRUE(designer.editor().isChanged());
   EXPECT_EQ(dialogs.shown.size(), 1U);
   disk.leavePlenty();
@@ -121,9 +110,9 @@ TEST(FullDiskTest, EveryWriterKeepsTheFileBeforeAndSaysSo) {
     FullDisk disk;
     const QString file = disk.path(name);
     write(file, 300);
-    const QByteArray before = content(file);
+    const QByteArray before = contentOf(file);
     write(file, 900);
-    const qsizetype whole = content(file).size();
+    const qsizetype whole = contentOf(file).size();
     ASSERT_LT(before.size(), whole) << name.toStdString();
     QFile::remove(file);
     write(file, 300);
@@ -138,9 +127,9 @@ TEST(FullDiskTest, EveryWriterKeepsTheFileBeforeAndSaysSo) {
       }
       EXPECT_TRUE(failed || blocks > 0) << name.toStdString() << " was written on a full disk";
       if (failed)
-        ASSERT_EQ(content(file).size(), before.size()) << name.toStdString() << " at " << blocks;
+        ASSERT_EQ(contentOf(file).size(), before.size()) << name.toStdString() << " at " << blocks;
       else
-        EXPECT_NEAR(double(content(file).size()), double(whole), 32) << name.toStdString();
+        EXPECT_NEAR(double(contentOf(file).size()), double(whole), 32) << name.toStdString();
       ASSERT_EQ(disk.files(), QStringList{name});
     }
     EXPECT_FALSE(failed) << name.toStdString();

@@ -1,17 +1,9 @@
 #include "tests/faults/screen_slip.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
 
-#include <gmock/gmock.h>
-
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <array>
 #include <chrono>
 #include <random>
-#include <system_error>
 #include <thread>
 
 using Clock = std::chrono::steady_clock;
@@ -22,57 +14,33 @@ namespace {
 class SlipSaver {
  public:
   SlipSaver() {
-    std::array<int, 2> ends;
-    if (pipe2(ends.data(), O_CLOEXEC) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
-    output_ = ends[0];
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-    std::string program = SLIP_SAVER;
-    std::array<char*, 2> arguments{program.data(), nullptr};
-    const int error = posix_spawn(&process_, program.c_str(), &actions, nullptr, arguments.data(), environ);
-    posix_spawn_file_actions_destroy(&actions);
-    close(ends[1]);
-    if (error != 0) throw std::system_error(error, std::generic_category(), program);
-    QByteArray line;
-    for (char letter = readLetter(); letter != '\n'; letter = readLetter()) line += letter;
-    connectionId_ = line.toLongLong();
+    process_.start(QStringLiteral(SLIP_SAVER));
+    while (!process_.canReadLine()) wait();
+    connectionId_ = process_.readLine().toLongLong();
   }
-  ~SlipSaver() {
-    if (process_ > 0) kill();
-    close(output_);
-  }
-  SlipSaver(const SlipSaver&) = delete;
-  SlipSaver& operator=(const SlipSaver&) = delete;
 
   qint64 connectionId() const { return connectionId_; }
 
   void waitForSaves(int count) {
-    while (count > 0) count -= readLetter() == ')' ? 1 : 0;
+    for (count += doneSaves(); doneSaves() < count; told_ += process_.readAll()) wait();
   }
 
-  /// Kills it and gives what it has told meanwhile; false when it had ended by itself.
+  /// Kills it and takes what it has told meanwhile; false when it had ended by itself.
   bool kill() {
-    ::kill(process_, SIGKILL);
-    int status = 0;
-    waitpid(process_, &status, 0);
-    process_ = 0;
-    std::array<char, 256> buffer;
-    for (ssize_t size; (size = read(output_, buffer.data(), buffer.size())) > 0;) told_.append(buffer.data(), size);
-    return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+    process_.kill();
+    process_.waitForFinished();
+    told_ += process_.readAll();
+    return process_.exitStatus() == QProcess::CrashExit;
   }
   int begunSaves() const { return int(told_.count('(')); }
   int doneSaves() const { return int(told_.count(')')); }
 
  private:
-  char readLetter() {
-    char letter;
-    if (read(output_, &letter, 1) != 1) throw std::runtime_error("the program that saves slips has ended");
-    return letter;
+  void wait() {
+    if (!process_.waitForReadyRead()) throw std::runtime_error("the program that saves slips has ended");
   }
 
-  pid_t process_ = 0;
-  int output_ = -1;
+  QProcess process_;
   qint64 connectionId_ = 0;
   QByteArray told_;
 };

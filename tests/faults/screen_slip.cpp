@@ -2,6 +2,8 @@
 
 #include "base/data/my_query.h"
 #include "base/environment.h"
+#include "base/exceptions.h"
+#include "tests/support/test_database.h"
 
 #include <QCryptographicHash>
 
@@ -45,17 +47,9 @@ QStringList storedRows(TMyConnection& connection) {
   query.SQL.Add(u"left join teknikservis on TS_ID = FT_TS_ID"_s);
   query.SQL.Add(u"union all select concat_ws('|', 'not', TS_NO, SF_NOT) from notlar left join teknikservis on TS_ID = SF_TS_ID"_s);
   query.Open();
-  QStringList all;
-  for (int row = 0; row < query.RecordCount(); ++row) all += query.valueAt(row, 0).toText();
+  QStringList all = TestDatabase::column(query, u"STORED"_s);
   all.sort();
   return all;
-}
-
-qint64 connectionId(TMyConnection& connection) {
-  TMyQuery query(connection, u"id"_s);
-  query.SQL.setText(u"select connection_id() as ID"_s);
-  query.Open();
-  return query.FieldByName(u"ID"_s).asInteger();
 }
 
 bool waitForEnd(TMyConnection& observer, qint64 connectionId) {
@@ -74,13 +68,18 @@ ScreenSlip::ScreenSlip(TMyConnection& connection)
     : qServis_(connection, u"qServis"_s),
       qMalzeme_(connection, u"qMalzeme"_s),
       pGetQ_(connection, u"pGetQ"_s),
-      store_(connection, qServis_, qMalzeme_, pGetQ_) {
+      store_(connection, qServis_, qMalzeme_, pGetQ_) {}
+
+ScreenSlip::ScreenSlip(TMyConnection& connection, const SlipContent& content) : ScreenSlip(connection) {
+  typed_ = content;
+  isNew_ = true;
   store_.openEmpty();
+  for (int line = 0; line < content.parts.size(); ++line) addLine(line + 1, content.parts[line]);
 }
 
-void ScreenSlip::takeIn(const SlipContent& content) {
-  typed_ = content;
-  for (int line = 0; line < content.parts.size(); ++line) addLine(line + 1, content.parts[line]);
+ScreenSlip::ScreenSlip(TMyConnection& connection, qint64 id) : ScreenSlip(connection) {
+  if (!store_.open(id)) throw EDatabaseError(u"no such slip"_s);
+  typed_ = {qServis_.FieldByName(u"TS_NO"_s).asText(), qServis_.FieldByName(u"TS_MUSTERI"_s).asText(), {}, store_.picture(id, {}), *store_.note(id)};
 }
 
 std::optional<SaveFailure> ScreenSlip::save() {
@@ -88,7 +87,8 @@ std::optional<SaveFailure> ScreenSlip::save() {
     qServis_.FieldByName(u"TS_NO"_s).set(typed_.number);
     qServis_.FieldByName(u"TS_MUSTERI"_s).set(typed_.customer);
   };
-  return store_.saveNew(fillRow, {u"QUEND"_s, {}, typed_.picture, typed_.note});
+  const SlipExtras extras{u"QUEND"_s, {}, typed_.picture, typed_.note};
+  return isNew_ ? store_.saveNew(fillRow, extras) : store_.saveExisting(fillRow, extras);
 }
 
 void ScreenSlip::addLine(int line, const QString& part) {

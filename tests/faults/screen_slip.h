@@ -21,22 +21,22 @@ SlipContent sampleSlip(int number);
 /// Every row of teknikservis, malzeme, foto and notlar as one text each, sorted; a row without its slip lacks the number.
 QStringList storedRows(TMyConnection& connection);
 
-/// Number by which the server knows a connection.
-qint64 connectionId(TMyConnection& connection);
 /// Waits until the server has ended that connection and taken back what it had open; false after ten seconds.
 bool waitForEnd(TMyConnection& observer, qint64 connectionId);
 
-/// A new slip as it stands on a screen: its queries and what was typed.
+/// A slip as it stands on a screen: its queries and what was typed. Runs what the slip editor runs.
 class ScreenSlip {
  public:
-  explicit ScreenSlip(TMyConnection& connection);
+  /// A new one with that content, or what is stored under a key. Throw EDatabaseError.
+  ScreenSlip(TMyConnection& connection, const SlipContent& content);
+  ScreenSlip(TMyConnection& connection, qint64 id);
 
-  /// Types a new slip.
-  void takeIn(const SlipContent& content);
-  /// Writes what was typed; runs what the slip editor runs. Throws EMyError.
+  /// Writes what was typed. Throws EMyError.
   std::optional<SaveFailure> save();
+  void remove() { store_.deleteSlip(); }
 
  private:
+  explicit ScreenSlip(TMyConnection& connection);
   void addLine(int line, const QString& part);
 
   TMyQuery qServis_;
@@ -44,4 +44,5 @@ class ScreenSlip {
   TMyQuery pGetQ_;
   SlipStore store_;
   SlipContent typed_;
+  bool isNew_ = false;
 };

@@ -16,10 +16,9 @@ void tell(const QByteArray& text) {
 int main() {
   TMyConnection connection;
   TestDatabase::open(connection);
-  tell(QByteArray::number(connectionId(connection)) + '\n');
+  tell(QByteArray::number(TestDatabase::idOf(connection)) + '\n');
   for (int number = 1;; ++number) {
-    ScreenSlip slip(connection);
-    slip.takeIn(sampleSlip(number));
+    ScreenSlip slip(connection, sampleSlip(number));
     tell("(");
     if (slip.save()) return 1;
     tell(")");

@@ -1,58 +1,51 @@
-// Two workstations on one database at the same moment, each a process of its own.
-#include "base/conflict_text.h"
-#include "base/data/my_query.h"
-#include "tests/faults/user_program.h"
+// Two workstations at one database at the same moment, each on a thread of its own.
+#include "base/exceptions.h"
+#include "tests/faults/screen_slip.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
 
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
-
-/// Failures show texts as texts.
-static void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
+#include <latch>
+#include <thread>
 
 namespace {
 
-const QString saved = UserProgram::saved();
-
-/// A message as it comes through the line.
-QString asLine(QString text) { return text.replace(u"\r\n"_s, u"\\n"_s).replace(u'\n', u"\\n"_s); }
-
 class TwoUsersTest : public testing::Test {
  protected:
-  TwoUsersTest() {
-    database.emptyTables();
-    for (UserProgram* user : {&ayse, &bora}) user->run({u"answer"_s, u"Tamam"_s});
-  }
+  TwoUsersTest() { database.emptyTables(); }
 
-  QString rows(const QString& statement) {
-    TMyQuery query(database.connection(), u"check"_s);
-    query.SQL.setText(statement);
-    query.Open();
-    QStringList all;
-    for (int row = 0; row < query.RecordCount(); ++row) {
-      QStringList cells;
-      for (int field = 0; field < query.fieldCount(); ++field) cells.append(query.valueAt(row, field).toText());
-      all.append(cells.join(u'|'));
-    }
-    return all.join(u';');
+  /// Does both works at one moment; what they came to, an error's message or nothing.
+  template <class Ayse, class Bora>
+  static QStringList together(Ayse aysesWork, Bora borasWork) {
+    std::latch start(2);
+    const auto outcome = [&start](auto& work, QString& said) {
+      start.arrive_and_wait();
+      try {
+        work();
+      } catch (const Exception& error) {
+        said = error.message();
+      }
+    };
+    QStringList said{QString(), QString()};
+    std::thread other([&] { outcome(borasWork, said[1]); });
+    outcome(aysesWork, said[0]);
+    other.join();
+    return said;
+  }
+  static auto saving(ScreenSlip& slip) {
+    return [&slip] {
+      if (const auto failure = slip.save()) throw EDatabaseError(failure->message);
+    };
   }
   /// Rows of the slips' other tables that belong to none.
   QString strayRows() {
-    return rows(u"select (select count(*) from foto where FT_TS_ID not in (select TS_ID from teknikservis)) + "
-                u"(select count(*) from notlar where SF_TS_ID not in (select TS_ID from teknikservis)) + "
-                u"(select count(*) from teknikservis where (select count(*) from foto where FT_TS_ID = TS_ID) <> 1)"_s);
-  }
-  /// One slip, open at both.
-  void shareSlip() {
-    ASSERT_EQ(ayse.takeIn(u"AYŞE"_s), u"100"_s);
-    ASSERT_EQ(ayse.save(), saved);
-    ASSERT_EQ(bora.run({u"open"_s, u"100"_s}), u"(100) Servis Fişi"_s);
+    return database.rows(u"select (select count(*) from foto where FT_TS_ID not in (select TS_ID from teknikservis)) + "
+                         u"(select count(*) from notlar where SF_TS_ID not in (select TS_ID from teknikservis)) + "
+                         u"(select count(*) from teknikservis where (select count(*) from foto where FT_TS_ID = TS_ID) <> 1)"_s);
   }
 
   TestDatabase database;
-  UserProgram ayse{u"AYŞE"_s};
-  UserProgram bora{u"BORA"_s};
+  TMyConnection& ayse = database.connection();
+  TMyConnection& bora = database.secondConnection();
 };
 
 }  // namespace
@@ -61,37 +54,33 @@ TEST_F(TwoUsersTest, SavesAtTheSameMomentHinderEachOtherByTheNumberOnly) {
   for (int round = 0; round < 40; ++round) {
     SCOPED_TRACE(round);
     const bool isSameNumber = round % 2 == 0;
-    const QString number = ayse.takeIn(u"AYŞE"_s);
-    ASSERT_EQ(bora.takeIn(u"BORA"_s), number);
-    if (!isSameNumber) bora.set(u"TS_NO"_s, number + u"B"_s);
-    for (UserProgram* user : {&ayse, &bora}) user->begin({u"save"_s});
-    const QStringList ends{ayse.answer(), bora.answer()};
-    ASSERT_EQ(ends.count(saved), isSameNumber ? 1 : 2) << qPrintable(ends.join(u" / "_s));
-    for (UserProgram* user : {&ayse, &bora}) user->run({u"close"_s});
+    ScreenSlip first(ayse, sampleSlip(round));
+    ScreenSlip second(bora, sampleSlip(isSameNumber ? round : 1000 + round));
+    const QStringList said = together(saving(first), saving(second));
+    ASSERT_EQ(said.count(QString()), isSameNumber ? 1 : 2) << qPrintable(said.join(u" / "_s));
+    EXPECT_EQ(said.join(QString()).contains(u"for key 'TS_NO'"_s), isSameNumber) << qPrintable(said.join(u" / "_s));
   }
   // Two slips that stand side by side in every table.
-  ayse.run({u"open"_s, u"100"_s});
-  bora.run({u"open"_s, u"101"_s});
+  const QStringList keys = database.rows(u"select TS_ID from teknikservis order by TS_ID limit 2"_s).split(u';');
   for (int round = 0; round < 40; ++round) {
     SCOPED_TRACE(round);
-    for (UserProgram* user : {&ayse, &bora}) user->begin({u"save"_s});
-    ASSERT_EQ(ayse.answer(), saved);
-    ASSERT_EQ(bora.answer(), saved);
+    ScreenSlip first(ayse, keys[0].toLongLong());
+    ScreenSlip second(bora, keys[1].toLongLong());
+    ASSERT_EQ(together(saving(first), saving(second)), QStringList({QString(), QString()}));
   }
   EXPECT_EQ(strayRows(), u"0"_s);
 }
 
 TEST_F(TwoUsersTest, OneDeletesWhatTheOtherSaves) {
-  for (int round = 0; round < 20; ++round) {
+  for (int round = 0; round < 40; ++round) {
     SCOPED_TRACE(round);
-    shareSlip();
-    ayse.begin({u"save"_s});
-    bora.begin({u"delete"_s});
-    const QString end = ayse.answer();
-    EXPECT_THAT((QStringList{saved, asLine(ConflictText::deletedMeanwhile()), u"Kayıt başka bir kullanıcı tarafından silinmiştir."_s}),
-                testing::Contains(end));
-    bora.answer();
-    EXPECT_EQ(rows(u"select count(*) from teknikservis"_s) + strayRows(), u"00"_s);
-    if (ayse.isOpen()) ayse.run({u"close"_s});
+    ScreenSlip fresh(ayse, sampleSlip(round));
+    ASSERT_FALSE(fresh.save());
+    const qint64 key = database.rows(u"select TS_ID from teknikservis"_s).toLongLong();
+    ScreenSlip kept(ayse, key);
+    ScreenSlip doomed(bora, key);
+    const QStringList said = together(saving(kept), [&doomed] { doomed.remove(); });
+    EXPECT_TRUE(said[0].isEmpty() || said[0].endsWith(u"failed. Found 0 records"_s)) << qPrintable(said[0]);
+    EXPECT_EQ(database.rows(u"select count(*) from teknikservis"_s) + strayRows(), u"00"_s) << qPrintable(said.join(u" / "_s));
   }
 }

@@ -5,11 +5,7 @@
 #include "comm/sms_gateways.h"
 #include "tests/fuzz/damage.h"
 
-#include <gtest/gtest.h>
-
 #include <iostream>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -2,12 +2,8 @@
 #include "extras/rate_document.h"
 #include "tests/fuzz/damage.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 #include <iostream>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

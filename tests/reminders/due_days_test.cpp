@@ -2,16 +2,10 @@
 #include "base/date_text.h"
 #include "base/exceptions.h"
 #include "reminders/reminder_store.h"
+#include "tests/support/test.h"
 #include "tests/support/test_database.h"
 
-#include <gmock/gmock.h>
-
-#include <QMap>
-#include <QSet>
-
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -62,8 +56,7 @@ class DueDaysTest : public testing::Test {
   QSet<int> listed(QDate day) {
     ReminderStore::openDueContracts(qBakim, DateText::date(day));
     QSet<int> numbers;
-    const int field = qBakim.fieldIndex(u"SOZ_NO"_s);
-    for (int row = 0; row < qBakim.RecordCount(); ++row) numbers.insert(int(qBakim.valueAt(row, field).toInteger()));
+    for (const QString& number : TestDatabase::column(qBakim, u"SOZ_NO"_s)) numbers.insert(number.toInt());
     EXPECT_EQ(numbers.size(), qBakim.RecordCount());
     return numbers;
   }
@@ -121,28 +114,19 @@ TEST_F(DueDaysTest, DueContractsComeByTimeThenNearestWithTheirDayAndWithoutACust
                u"SOZ_STATU, SOZ_HATIRLA_SAAT, SOZ_MESAFE) VALUES ('A', 1, '2024-01-01', '2024-12-31', '2024-01-01', 3, 'AKTİF', '10:00', 5), "
                u"('B', 1, '2024-01-01', '2024-12-31', '2024-01-01', 3, 'AKTİF', '09:00', 30), "
                u"('C', NULL, '2024-01-01', '2024-12-31', '2024-01-01', 3, 'AKTİF', '09:00', 7)");
-  const auto texts = [this] {
-    QStringList all;
-    for (qBakim.First(); !qBakim.Eof(); qBakim.Next())
-      all.append(qBakim.FieldByName(u"SOZ_NO"_s).asText() + u'|' + qBakim.FieldByName(u"CA_AD"_s).asText() + u'|' +
-                 qBakim.FieldByName(u"HTARIH"_s).asText());
-    return all.join(u';');
-  };
   ReminderStore::openDueContracts(qBakim, u"5.3.2024"_s);
-  EXPECT_EQ(texts(), u"C||2024-03-05;B|AYŞE|2024-03-05;A|AYŞE|2024-03-05"_s);
+  EXPECT_EQ(TestDatabase::column(qBakim, u"SOZ_NO"_s).join(u' '), u"C B A"_s);
+  EXPECT_EQ(TestDatabase::column(qBakim, u"CA_AD"_s), QStringList({QString(), u"AYŞE"_s, u"AYŞE"_s}));
+  EXPECT_EQ(TestDatabase::column(qBakim, u"HTARIH"_s), QStringList(3, u"2024-03-05"_s));
   ReminderStore::openDueContracts(qBakim, u""_s);  // an emptied box
-  EXPECT_EQ(texts(), u""_s);
+  EXPECT_TRUE(qBakim.IsEmpty());
   EXPECT_THROW(ReminderStore::openDueContracts(qBakim, u"31.02.2024"_s), EConvertError);
 }
 
 TEST_F(DueDaysTest, SlipsOfADayAndOverdueJobs) {
   database.run(u"INSERT INTO teknikservis (TS_NO, TS_TURU, TS_HATIRLATMA_TARIH) VALUES ('1', 'TESLİM EDİLDİ', '2024-03-05'), "
                u"('2', 'ARIZA KABUL', '2024-03-06'), ('3', 'ARIZA KABUL', NULL)");
-  const auto numbers = [this] {
-    QStringList all;
-    for (qServis.First(); !qServis.Eof(); qServis.Next()) all.append(qServis.FieldByName(u"TS_NO"_s).asText());
-    return all.join(u' ');
-  };
+  const auto numbers = [this] { return TestDatabase::column(qServis, u"TS_NO"_s).join(u' '); };
   ReminderStore::openSlipsOfDay(qServis, u"05.03.2024"_s);
   EXPECT_EQ(numbers(), u"1"_s);
   ReminderStore::openSlipsOfDay(qServis, u""_s);

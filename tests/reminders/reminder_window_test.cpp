@@ -1,4 +1,3 @@
-#include "app/ports.h"
 #include "base/data/server_wait.h"
 #include "base/date_text.h"
 #include "base/environment.h"
@@ -12,10 +11,6 @@
 #include "toolkit/grid/table_content.h"
 #include "toolkit/shell/command_updates.h"
 #include "toolkit/shell/edge_snap.h"
-
-#include <QTabWidget>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,9 +42,6 @@ class ReminderWindowTest : public CardsTest {
     return lines.join(u';').toStdString();
   }
   std::string numbers() { return shown(window.qServis, u"TS_NO"_s).join(u' ').toStdString(); }
-  void picture(const QString& name) {
-    if (const QString target = qEnvironmentVariable("KVTK_PICTURES"); !target.isEmpty()) window.grab().save(target + u'/' + name + u".png"_s);
-  }
   static void typeDate(DateEdit& box, const QString& text) {
     box.line()->setFocus();
     box.line()->selectAll();
@@ -68,14 +60,11 @@ TEST_F(ReminderWindowTest, EachPageListsItsOwnAndOpensItsSlips) {
   show();
   const std::string today = DateText::date(environment().today()).toStdString();
   EXPECT_EQ(cells(*window.tvFis, 4), today + "||ARA|100");
-  picture(u"reminders-0"_s);
   QTest::keyClick(window.tvFis->view(), Qt::Key_Return);
   window.RzPageControl1->setCurrentIndex(1);
   EXPECT_EQ(cells(*window.tvBakim, 5), today + "||500|IŞIL KAYA|12 KM");
-  picture(u"reminders-1"_s);
   window.RzPageControl1->setCurrentIndex(2);
   EXPECT_EQ(numbers(), "108 107");
-  picture(u"reminders-2"_s);
   window.tvDisServis->setCurrentRow(1);
   QTest::keyClick(window.tvDisServis->view(), Qt::Key_Return);
   EXPECT_EQ(opened.join(u' '), u"1 7"_s);

@@ -1,17 +1,10 @@
 #pragma once
 
 #include "tests/report/listed_rows.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
 #include "toolkit/report/designer/report_designer.h"
 #include "toolkit/report/report_file.h"
-
-#include <gmock/gmock.h>
-
-#include <QAction>
-#include <QApplication>
-#include <QMouseEvent>
-#include <QTemporaryDir>
-#include <QTest>
 
 inline DesignSample sampleData() {
   DesignSample sample;
@@ -28,13 +21,8 @@ inline DesignSample sampleData() {
 class DesignerTest : public testing::Test {
  protected:
   void open(const QByteArray& inside) {
-    write("<report version=\"1\"><page name=\"S\" paper=\"own\" width=\"100\" height=\"100\">" + inside + "</page></report>");
+    put(file, "<report version=\"1\"><page name=\"S\" paper=\"own\" width=\"100\" height=\"100\">" + inside + "</page></report>");
     openFile();
-  }
-  void write(const QByteArray& content) {
-    QFile out(file);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(content);
   }
   void openFile() {
     designer.resize(1300, 800);
@@ -45,22 +33,11 @@ class DesignerTest : public testing::Test {
     canvas().centerOn(50, 50);
     canvas().snap(false);
   }
-  QByteArray stored() const {
-    QFile in(file);
-    return in.open(QIODevice::ReadOnly) ? in.readAll() : QByteArray();
-  }
+  QByteArray stored() const { return contentOf(file); }
   DesignCanvas& canvas() { return designer.canvas(); }
   ReportEditor& editor() { return designer.editor(); }
   QByteArray bytes() { return ReportFile::write(editor().document()); }
-  ReportNode* node(const QString& name) {
-    ReportNode* found = nullptr;
-    const auto visit = [&](const auto& self, ReportNode& each) -> void {
-      if (each.kind() != NodeKind::Foreign && each.name() == name) found = &each;
-      for (const auto& child : each.children()) self(self, *child);
-    };
-    visit(visit, editor().root());
-    return found;
-  }
+  ReportNode* node(const QString& name) { return nodeNamed(editor().root(), name); }
   QRectF rect(const QString& name) { return canvas().places().rectOf(*node(name)); }
   QPoint at(double x, double y) { return canvas().mapFromScene(QPointF(x, y)); }
   void click(double x, double y, Qt::KeyboardModifiers modifiers = {}) { QTest::mouseClick(canvas().viewport(), Qt::LeftButton, modifiers, at(x, y)); }
@@ -79,10 +56,13 @@ class DesignerTest : public testing::Test {
     const QByteArray before = bytes();
     const int count = editor().steps().index();
     work();
-    const QByteArray after = bytes();
-    EXPECT_NE(after, before) << name.toStdString();
-    EXPECT_EQ(editor().steps().index(), count + 1) << name.toStdString();
+    EXPECT_NE(bytes(), before) << name.toStdString();
     EXPECT_EQ(editor().steps().undoText(), name);
+    expectOneStep(before, count, name);
+  }
+  void expectOneStep(const QByteArray& before, int count, const QString& name) {
+    const QByteArray after = bytes();
+    EXPECT_EQ(editor().steps().index(), count + 1) << name.toStdString();
     designer.findChild<QAction*>(QStringLiteral("undo"))->trigger();
     EXPECT_EQ(bytes(), before) << name.toStdString();
     designer.findChild<QAction*>(QStringLiteral("redo"))->trigger();

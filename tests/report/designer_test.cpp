@@ -7,22 +7,6 @@
 #include "toolkit/report/designer/label_wizard.h"
 #include "toolkit/report/designer/page_setup_dialog.h"
 
-#include <QAbstractItemModelTester>
-#include <QAccessible>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDropEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QProcess>
-#include <QTableView>
-#include <QToolButton>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 TEST_F(DesignerTest, MouseGesturesAreOneStepEach) {
@@ -303,7 +287,7 @@ TEST_F(DesignerTest, LeavingAsksAndTheSecondOfTwoDesignersToo) {
 TEST_F(DesignerTest, AnotherTemplateOfTheFolderIsOpenedInItsPlace) {
   for (const QString& name : {u"10"_s, u"2"_s, u"bakim"_s}) {
     file = folder.filePath(name + u".fr3"_s);
-    write("<report version=\"1\" name=\"Makbuz " + name.toUtf8() + "\"><page name=\"S\"/></report>");
+    put(file, "<report version=\"1\" name=\"Makbuz " + name.toUtf8() + "\"><page name=\"S\"/></report>");
   }
   file = folder.filePath(u"0.fr3"_s);
   open(R"(<text name="a">A</text>)");
@@ -351,10 +335,7 @@ TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
   environment.insert(u"TMPDIR"_s, folder.path());
   other.setProcessEnvironment(environment);
   other.start(QCoreApplication::applicationFilePath(), {u"--gtest_filter=DesignerTest.WorkUnderWayOutlivesAKilledDesigner"_s});
-  ASSERT_TRUE(QTest::qWaitFor([&] {
-    QFile draft(folder.filePath(u"onceki/0/taslak-1.xml"_s));
-    return draft.open(QIODevice::ReadOnly) && draft.readAll().contains("Yarım");
-  }, 30'000));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return contentOf(folder.filePath(u"onceki/0/taslak-1.xml"_s)).contains("Yarım"); }, 30'000));
   other.kill();
   ASSERT_TRUE(other.waitForFinished());
   dialogs.answers = {10};

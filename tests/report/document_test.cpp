@@ -1,11 +1,6 @@
+#include "tests/support/test.h"
 #include "toolkit/report/report_file.h"
 
-#include <QFile>
-#include <QTemporaryDir>
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
 namespace {
@@ -112,19 +107,15 @@ TEST(ReportFileTest, ForeignAndBrokenFilesAreRefusedWithLineAndReason) {
 TEST(ReportFileTest, NeverWritesOverAFileThatIsNoReport) {
   QTemporaryDir folder;
   const QString file = folder.filePath(u"0.fr3"_s);
-  QFile foreign(file);
-  ASSERT_TRUE(foreign.open(QIODevice::WriteOnly));
-  foreign.write("<other/>");
-  foreign.close();
+  put(file, "<other/>");
   try {
     ReportFile::save(ReportDocument(), file);
     ADD_FAILURE() << "written over";
   } catch (const EReportFile& error) {
     EXPECT_THAT(error.message().toStdString(), testing::StartsWith("0.fr3, 1. satır"));
   }
-  ASSERT_TRUE(foreign.open(QIODevice::ReadOnly));
-  EXPECT_EQ(foreign.readAll(), "<other/>");
-  foreign.remove();
+  EXPECT_EQ(contentOf(file), "<other/>");
+  QFile::remove(file);
   ReportFile::save(ReportDocument(), file);
   ReportFile::save(ReportFile::load(file), file);
   EXPECT_THROW(ReportFile::load(folder.filePath(u"yok.fr3"_s)), EInOutError);

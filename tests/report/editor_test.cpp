@@ -1,14 +1,9 @@
 #include "tests/report/listed_rows.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/report/designer/arranging.h"
 #include "toolkit/report/designer/design_faults.h"
 #include "toolkit/report/designer/report_fragment.h"
 #include "toolkit/report/report_file.h"
-
-#include <gmock/gmock.h>
-
-#include <QUndoStack>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -18,15 +13,7 @@ class EditorTest : public testing::Test {
   void open(const QByteArray& inside) {
     editor.open(ReportFile::read("<report version=\"1\"><page paper=\"own\" width=\"100\" height=\"100\">" + inside + "</page></report>"));
   }
-  ReportNode* node(const QString& name) {
-    ReportNode* found = nullptr;
-    const auto visit = [&](const auto& self, ReportNode& each) -> void {
-      if (each.kind() != NodeKind::Foreign && each.name() == name) found = &each;
-      for (const auto& child : each.children()) self(self, *child);
-    };
-    visit(visit, editor.root());
-    return found;
-  }
+  ReportNode* node(const QString& name) { return nodeNamed(editor.root(), name); }
   PagePlaces places() { return PagePlaces(*editor.root().children().front()); }
   ReportEditor editor;
 };

@@ -1,9 +1,7 @@
 #include "tests/report/listed_rows.h"
+#include "tests/support/test.h"
 #include "toolkit/report/report_expression.h"
 
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
 namespace {

@@ -1,6 +1,6 @@
 #include "tests/report/report_fixture.h"
+#include "tests/support/screen_test.h"
 
-using namespace Qt::StringLiterals;
 using testing::DoubleNear;
 using testing::ElementsAre;
 using testing::HasSubstr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "toolkit/report/report_data.h"
+#include "toolkit/report/report_document.h"
 
 /// Rows that a test lists.
 class ListedRows : public ReportRows {
@@ -13,3 +14,11 @@ class ListedRows : public ReportRows {
   QStringList names;
   std::vector<std::vector<ReportValue>> rows;
 };
+
+/// The node of that name below a root; nothing when there is none.
+inline ReportNode* nodeNamed(ReportNode& root, const QString& name) {
+  if (root.kind() != NodeKind::Foreign && root.name() == name) return &root;
+  for (const auto& child : root.children())
+    if (ReportNode* found = nodeNamed(*child, name)) return found;
+  return nullptr;
+}

@@ -1,22 +1,11 @@
 #include "tests/report/report_fixture.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/report/barcode.h"
 #include "toolkit/report/paged_output.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 using testing::HasSubstr;
 
 namespace {
-
-/// Output of a command; empty when it fails.
-QString outputOf(const QString& program, const QStringList& arguments) {
-  QProcess process;
-  process.start(program, arguments);
-  process.waitForFinished();
-  return process.exitCode() == 0 ? QString::fromUtf8(process.readAllStandardOutput()) : QString();
-}
 
 /// What a reader sees on a picture, in Unicode.
 QString decoded(const QString& symbology, const QString& picture) {

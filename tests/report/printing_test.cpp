@@ -1,22 +1,14 @@
 #include "base/program_paths.h"
 #include "base/whole_file.h"
 #include "tests/report/report_fixture.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
 #include "toolkit/edits/currency_edit.h"
 #include "toolkit/report/preview/offset_dialog.h"
 #include "toolkit/report/printing.h"
 #include "toolkit/report/report_output.h"
 
-#include <QDir>
-#include <QFile>
-#include <QImage>
 #include <QPrinter>
-#include <QProcess>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QThread>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -26,51 +18,27 @@ using PrintingTest = ReportFixture;
 class PrintService {
  public:
   PrintService() {
-    for (const char* name : {"spool", "tmp", "cache", "state", "root"}) QDir(folder_.path()).mkdir(QString::fromLatin1(name));
-    const QString path = folder_.path();
-    write(u"cupsd.conf"_s, u"Listen %1/sock\nPreserveJobFiles Yes\nDirtyCleanInterval 0\n<Location />\nOrder allow,deny\nAllow all\n</Location>\n<Policy default>\n<Limit All>\n"
-                           "Order allow,deny\nAllow all\n</Limit>\n</Policy>\n"_s.arg(path));
-    write(u"cups-files.conf"_s, u"FileDevice Yes\nServerRoot %1/root\nRequestRoot %1/spool\nCacheDir %1/cache\nStateDir %1/state\n"
-                                "TempDir %1/tmp\nAccessLog %1/access\nErrorLog %1/error\nPageLog %1/page\n"_s.arg(path));
-    daemon_.start(u"/usr/sbin/cupsd"_s, {u"-f"_s, u"-c"_s, path + u"/cupsd.conf"_s, u"-s"_s, path + u"/cups-files.conf"_s});
-    qputenv("CUPS_SERVER", (path + u"/sock"_s).toUtf8());
-    for (int attempt = 0; attempt < 50 && daemon_.state() != QProcess::NotRunning && !hasQueue_; ++attempt) {
-      QThread::msleep(100);
-      hasQueue_ = QProcess::execute(u"lpadmin"_s, {u"-p"_s, u"MAKBUZ"_s, u"-E"_s, u"-v"_s, u"file:/dev/null"_s, u"-m"_s, u"raw"_s}) == 0;
-    }
+    const QString script = u". '%1'; trap 'kill $print_pid' TERM; print_service '%2' MAKBUZ; echo ready; wait"_s;
+    process_.start(u"bash"_s, {u"-c"_s, script.arg(QStringLiteral(KVTK_PRINT_SERVICE), folder_.path())});
+    qputenv("CUPS_SERVER", (folder_.path() + u"/sock"_s).toUtf8());
   }
   ~PrintService() {
-    daemon_.terminate();
-    daemon_.waitForFinished();
+    process_.terminate();
+    process_.waitForFinished();
     qputenv("CUPS_SERVER", outerService_);
   }
   PrintService(const PrintService&) = delete;
   PrintService& operator=(const PrintService&) = delete;
 
-  bool works() const { return hasQueue_; }
+  bool works() { return process_.waitForReadyRead() && process_.readAll() == "ready\n"; }
   /// What the queue has received: the first job's document, and its attributes as bytes.
   QString document() const { return folder_.filePath(u"spool/d00001-001"_s); }
-  QByteArray attributes() const {
-    QFile file(folder_.filePath(u"spool/c00001"_s));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
-  static QString outputOf(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    process.waitForFinished();
-    return QString::fromUtf8(process.readAllStandardOutput());
-  }
+  QByteArray attributes() const { return contentOf(folder_.filePath(u"spool/c00001"_s)); }
 
  private:
-  void write(const QString& name, const QString& text) const {
-    QFile file(folder_.filePath(name));
-    if (file.open(QIODevice::WriteOnly)) file.write(text.toUtf8());
-  }
-
   QTemporaryDir folder_;
   QByteArray outerService_ = qgetenv("CUPS_SERVER");
-  QProcess daemon_;
-  bool hasQueue_ = false;
+  QProcess process_;
 };
 
 }  // namespace
@@ -81,7 +49,7 @@ TEST_F(PrintingTest, AQueueReceivesTheDocumentAndItsCopies) {
   fillRows(9);
   const ReportPagedDocument made(laidOut(R"(<band kind="rows" data="Malzeme" height="10"><text width="60">[Malzeme.AD]</text></band>)", "height=\"60\""));
   ASSERT_TRUE(printPages(made, {.printer = u"MAKBUZ"_s, .copies = 2, .documentName = u"Makbuz 7"_s}));
-  const QString text = PrintService::outputOf(u"pdftotext"_s, {u"-layout"_s, service.document(), u"-"_s});
+  const QString text = outputOf(u"pdftotext"_s, {u"-layout"_s, service.document(), u"-"_s});
   EXPECT_THAT(text.toStdString(), testing::HasSubstr("Parça 9"));
   EXPECT_EQ(text.count(u'\f'), 3) << "pages";
   QByteArray attributes = service.attributes();
@@ -91,9 +59,7 @@ TEST_F(PrintingTest, AQueueReceivesTheDocumentAndItsCopies) {
   EXPECT_THAT(attributes.toStdString(), testing::HasSubstr("Custom.100x60mm")) << "own paper lies as it was drawn";
   QProcess::execute(u"cupsreject"_s, {u"MAKBUZ"_s});
   EXPECT_FALSE(printPages(made, {.printer = u"MAKBUZ"_s}));
-  QFile log(logFileName());
-  ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-  EXPECT_THAT(log.readAll().toStdString(), testing::HasSubstr("kuyruğu iş kabul etmiyor"));
+  EXPECT_THAT(contentOf(logFileName()).toStdString(), testing::HasSubstr("kuyruğu iş kabul etmiyor"));
   QProcess::execute(u"cupsaccept"_s, {u"MAKBUZ"_s});
   EXPECT_TRUE(printPages(made, {.printer = u"MAKBUZ"_s})) << "a refusal is forgotten";
 }
@@ -107,9 +73,7 @@ TEST_F(PrintingTest, RefusalsAndFaultsLeaveTheirLinesInTheLog) {
   report.load(file);
   report.printer = u"Olmayan Yazıcı"_s;
   EXPECT_FALSE(printReport(report, u"Makbuz"_s));
-  QFile log(logFileName());
-  ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-  const std::string lines = log.readAll().toStdString();
+  const std::string lines = contentOf(logFileName()).toStdString();
   EXPECT_THAT(lines, testing::HasSubstr("“Olmayan Yazıcı” yazdıramadı"));
   EXPECT_THAT(lines, testing::HasSubstr("Şablon 7.fr3, Seri: “SERI_N”"));
 }
@@ -121,7 +85,6 @@ TEST_F(PrintingTest, AnOffsetIsTypedPerPrinter) {
   OffsetDialog dialog(nullptr, {u"Makbuz"_s, u"Etiket [1]"_s}, u"Etiket [1]"_s);
   auto* right = dialog.findChild<CurrencyEdit*>(u"right"_s);
   auto* down = dialog.findChild<CurrencyEdit*>(u"down"_s);
-  if (const QString shots = qEnvironmentVariable("KVTK_SHOTS"); !shots.isEmpty()) dialog.grab().save(shots + u"/offset.png"_s);
   EXPECT_EQ(right->value(), 1.5);
   right->setValue(120);
   dialog.findChild<QPushButton*>(u"save"_s)->click();
@@ -145,7 +108,7 @@ TEST_F(PrintingTest, ALongSerialIsReadFromALabelPrintersDots) {
   setPrinterDots(printer.printerName(), 0);
   // One bit for each dot, as the printer's own driver does it.
   QProcess::execute(u"pdftoppm"_s, {u"-r"_s, u"203"_s, u"-mono"_s, u"-singlefile"_s, folder.filePath(u"etiket.pdf"_s), folder.filePath(u"etiket"_s)});
-  EXPECT_EQ(PrintService::outputOf(u"zbarimg"_s, {u"-q"_s, u"--raw"_s, folder.filePath(u"etiket.pbm"_s)}).trimmed(), u"SN5CD0X24QXNB7KPTR9WZ4827"_s);
+  EXPECT_EQ(outputOf(u"zbarimg"_s, {u"-q"_s, u"--raw"_s, folder.filePath(u"etiket.pbm"_s)}).trimmed(), u"SN5CD0X24QXNB7KPTR9WZ4827"_s);
 }
 
 TEST_F(PrintingTest, ThePagesThatWereChosenArePrinted) {
@@ -155,7 +118,7 @@ TEST_F(PrintingTest, ThePagesThatWereChosenArePrinted) {
   QPrinter printer(QPrinter::HighResolution);
   printer.setOutputFileName(folder.filePath(u"a.pdf"_s));
   EXPECT_TRUE(printPagesOn(printer, made, {1, 4}, {}));
-  EXPECT_EQ(PrintService::outputOf(u"pdftotext"_s, {folder.filePath(u"a.pdf"_s), u"-"_s}).simplified(), u"Parça 2 Parça 5"_s);
+  EXPECT_EQ(outputOf(u"pdftotext"_s, {folder.filePath(u"a.pdf"_s), u"-"_s}).simplified(), u"Parça 2 Parça 5"_s);
 }
 
 TEST_F(PrintingTest, EveryPrinterMovesItsPaper) {

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "tests/report/listed_rows.h"
+#include "tests/support/test.h"
 #include "toolkit/report/report_file.h"
 #include "toolkit/report/report_layout.h"
-
-#include <gmock/gmock.h>
 
 /// Small reports laid out on paper of 100 by 100 mm with margins of 10 mm, unless a test says otherwise.
 class ReportFixture : public testing::Test {

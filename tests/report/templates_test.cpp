@@ -1,12 +1,8 @@
 #include "tests/report/report_fixture.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/report/report.h"
 
-#include <QDirIterator>
-#include <QFile>
-
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -51,9 +47,7 @@ QString faultsOf(const ReportPages& pages) {
 TEST_F(TemplatesTest, EveryDeliveredTemplateRoundTripsAndUsesOnlyNamesThatAreSet) {
   ASSERT_EQ(files_.size(), 18);
   for (const QString& name : files_) {
-    QFile file(name);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = contentOf(name);
     EXPECT_EQ(ReportFile::write(ReportFile::read(bytes)).toStdString(), bytes.toStdString()) << name.toStdString();
     const ReportPages usual = filled(name, [](const QString& variable) { return variable.mid(3); }, 3);
     EXPECT_EQ(usual.pages.size(), 1u) << name.toStdString();
@@ -86,9 +80,7 @@ TEST_F(TemplatesTest, ALoadedTemplateTakesThePlaceOfTheOneBeforeAndAMissingOneLe
 }
 
 TEST_F(TemplatesTest, DamagedTemplatesAreReadOrRefusedAndAlwaysEnd) {
-  QFile file(QStringLiteral(KVTK_TEMPLATES) + u"/2.fr3"_s);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const QByteArray whole = file.readAll();
+  const QByteArray whole = contentOf(QStringLiteral(KVTK_TEMPLATES "/2.fr3"));
   const QList<QByteArray> pieces = {"\"", "<", "</band>", "[", "]]", "99999", "-1", "(((((", "Malzeme", "true", "&#0;", "\xff", " repeat=\"true\"", " newpage=\"true\"", "TOPLAM("};
   std::mt19937 random(20260309);
   ReportData data;

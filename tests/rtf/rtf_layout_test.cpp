@@ -1,13 +1,10 @@
 #include "tests/report/report_fixture.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/report/paged_output.h"
 #include "toolkit/report/report.h"
 #include "toolkit/rtf/rich_replace.h"
 #include "toolkit/rtf/rtf_reader.h"
 
-#include <QProcess>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 using testing::DoubleNear;
 
 namespace {
@@ -95,10 +92,7 @@ TEST_F(RtfLayoutTest, TheDeliveredContractIsMergedWholeAndReadBackFromItsPdf) {
   QTemporaryDir out;
   const QString file = out.filePath(u"sozlesme.pdf"_s);
   writePdf(ReportPagedDocument(report.prepare()), file, u"Sözleşme"_s);
-  QProcess reader;
-  reader.start(u"pdftotext"_s, {u"-layout"_s, file, u"-"_s});
-  ASSERT_TRUE(reader.waitForFinished());
-  const QString all = QString::fromUtf8(reader.readAllStandardOutput());
+  const QString all = outputOf(u"pdftotext"_s, {u"-layout"_s, file, u"-"_s});
   EXPECT_EQ(all.count(u'\f'), 2) << "pages";
   EXPECT_FALSE(all.contains(u'$'));
   EXPECT_TRUE(all.contains(u"Hizmet Veren’in bildireceği banka hesabına ödenir"_s));

@@ -1,32 +1,17 @@
 #include "base/exceptions.h"
 #include "tests/rtf/rich_text_shown.h"
+#include "tests/support/picture.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/rtf/rich_replace.h"
 #include "toolkit/rtf/rtf_reader.h"
 
-#include <gmock/gmock.h>
-
-#include <QBuffer>
-#include <QFile>
-#include <QImage>
-#include <QProcess>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
 using RichTextShown::runOf;
 using RichTextShown::shown;
 using testing::HasSubstr;
 
 namespace {
 
-QByteArray pictureBytes(const char* format, QSize size = {4, 2}) {
-  QImage image(size, QImage::Format_Mono);
-  image.fill(1);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, format);
-  return bytes;
-}
+QByteArray monoBytes(const char* format, QSize size = {4, 2}) { return pictureBytes(format, size, QImage::Format_Mono); }
 
 RichText readText(const QByteArray& inside) { return RtfReader::read("{\\rtf1\\ansi\\ansicpg1254\\uc1\\deff0{\\fonttbl{\\f0\\fcharset162 Arial;}}" + inside + "}"); }
 std::string read(const QByteArray& inside) { return shown(readText(inside)); }
@@ -106,8 +91,8 @@ TEST(RtfTest, LettersComeInEveryWayOfWritingThem) {
 }
 
 TEST(RtfTest, PicturesKeepTheirSizeAndOtherKindsArePassedOver) {
-  const QByteArray png = pictureBytes("png");
-  const QByteArray jpeg = pictureBytes("jpg");
+  const QByteArray png = monoBytes("png");
+  const QByteArray jpeg = monoBytes("jpg");
   EXPECT_EQ(read("{\\*\\shppict{\\pict{\\*\\picprop{\\sp}}\\picwgoal1440\\pichgoal720\\picscalex50\\picscaley100\\pngblip\r\n" + png.toHex() +
                  "}}{\\nonshppict{\\pict\\wmetafile8 0102}}logo\\par"),
             "<13x13>logo");
@@ -154,8 +139,8 @@ TEST(RtfTest, DamagedFilesAreRefusedInPlainWords) {
       {"{\\rtf1 " + QByteArray("\\par").repeated(100'000) + "}", "çok uzun"},
       {"{\\rtf1{\\pict\\pngblip 89504e4z}}", "verisi bozuk"},
       {"{\\rtf1{\\pict\\pngblip 8950}}", "resim okunamıyor"},
-      {"{\\rtf1{\\pict\\pngblip " + pictureBytes("png", {9000, 9000}).toHex() + "}}", "resim çok büyük"},
-      {"{\\rtf1" + ("{\\pict\\pngblip " + pictureBytes("png", {4000, 4000}).toHex() + "}").repeated(5) + "}", "resim çok büyük"},
+      {"{\\rtf1{\\pict\\pngblip " + monoBytes("png", {9000, 9000}).toHex() + "}}", "resim çok büyük"},
+      {"{\\rtf1" + ("{\\pict\\pngblip " + monoBytes("png", {4000, 4000}).toHex() + "}").repeated(5) + "}", "resim çok büyük"},
   };
   for (const auto& [rtf, reason] : cases) {
     try {
@@ -172,10 +157,7 @@ TEST(RtfTest, DamagedFilesAreRefusedInPlainWords) {
 TEST(RtfTest, LibreOfficesLettersAreReadAndMerged) {
   QTemporaryDir folder;
   const QString source = folder.filePath(u"mektup.fodt"_s);
-  {
-    QFile file(source);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>
+  put(source, QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>
 <office:document xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0" xmlns:style="urn:oasis:names:tc:opendocument:xmlns:style:1.0"
  xmlns:text="urn:oasis:names:tc:opendocument:xmlns:text:1.0" xmlns:table="urn:oasis:names:tc:opendocument:xmlns:table:1.0"
  xmlns:draw="urn:oasis:names:tc:opendocument:xmlns:drawing:1.0" xmlns:fo="urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0"
@@ -199,12 +181,9 @@ TEST(RtfTest, LibreOfficesLettersAreReadAndMerged) {
 <table:table><table:table-column table:style-name="C" table:number-columns-repeated="2"/><table:table-row><table:table-cell table:style-name="Z">
 <text:p>Başlangıç</text:p></table:table-cell><table:table-cell table:style-name="Z"><text:p>$sozbastar$</text:p><text:p>ek</text:p></table:table-cell></table:table-row></table:table>
 <text:p><draw:frame text:anchor-type="as-char" svg:width="12mm" svg:height="6mm"><draw:image><office:binary-data>PNG</office:binary-data></draw:image></draw:frame>logo<text:line-break/>alt</text:p>
-<text:p text:style-name="P">Yeni sayfa $musteri$</text:p></office:text></office:body></office:document>)").replace("PNG", pictureBytes("png").toBase64()));
-  }
-  QProcess office;
-  office.start(u"soffice"_s, {u"-env:UserInstallation=file://"_s + folder.filePath(u"profile"_s), u"--headless"_s, u"--convert-to"_s, u"rtf"_s, u"--outdir"_s,
+<text:p text:style-name="P">Yeni sayfa $musteri$</text:p></office:text></office:body></office:document>)").replace("PNG", monoBytes("png").toBase64()));
+  outputOf(u"soffice"_s, {u"-env:UserInstallation=file://"_s + folder.filePath(u"profile"_s), u"--headless"_s, u"--convert-to"_s, u"rtf"_s, u"--outdir"_s,
                               folder.path(), source});
-  ASSERT_TRUE(office.waitForFinished(120'000)) << "LibreOffice Writer is one of the packages";
   RichText text = RtfReader::load(folder.filePath(u"mektup.rtf"_s));
   EXPECT_EQ(replaceInRichText(text, u"$musteri$"_s, u"ÇİĞDEM"_s), 2);
   EXPECT_EQ(replaceInRichText(text, u"$tutar$"_s, u"12345,5 TL"_s), 1);

@@ -1,8 +1,5 @@
 #include "service/slip_browser_rules.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 namespace {
 

@@ -1,28 +1,16 @@
 // The list of slips as a screen: the real form on the real database, dialogs answered by a script.
 #include "app/look.h"
-#include "app/parameters.h"
 #include "app/quendUtils.h"
 #include "service/fservisfissecUnit.h"
 #include "tests/service/slip_form_fixture.h"
 #include "tests/support/failure_at_removal.h"
 #include "tests/support/fixed_environment.h"
 #include "toolkit/edits/lookup_edit.h"
-#include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/filter_row.h"
 #include "toolkit/grid/grid_footer.h"
 #include "toolkit/grid/row_colors.h"
 #include "toolkit/grid/table_content.h"
 #include "toolkit/shell/command_updates.h"
-
-#include <QAbstractButton>
-#include <QFile>
-#include <QHelpEvent>
-#include <QLineEdit>
-#include <QListView>
-#include <QPushButton>
-#include <QToolTip>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -57,13 +45,8 @@ class SlipBrowserTest : public SlipFormTest {
 
   /// Opens the list, lets work be done in it, and closes it; gives the keys that were handed back.
   QStringList whileOpen(const std::function<void()>& work) {
-    QTimer::singleShot(0, &browser, [&] {
-      EXPECT_TRUE(QTest::qWaitForWindowActive(&browser));
-      guarded(nullptr, work);
-      if (browser.isVisible()) browser.reject();
-    });
     std::vector<QString> ids{u"left over"_s};
-    browser.Giris(ids);
+    within([&] { browser.Giris(ids); }, browser, work);
     return QStringList(ids.begin(), ids.end());
   }
 
@@ -386,11 +369,7 @@ TEST_F(SlipBrowserTest, RefreshShowsWhatOthersWrote) {
 TEST_F(SlipBrowserTest, ThePreviewExportsIntoTheProgramsFolderOrTellsWhyNot) {
   add(u"1"_s, u"IŞIK"_s);
   // Stands before the desktop's own program for files, and leaves the name of what it is to open.
-  QFile opener(folder.filePath(u"xdg-open"_s));
-  ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
-  opener.write("#!/bin/sh\nprintf %s \"$1\" > \"$(dirname \"$0\")/opened.tmp\"\nmv \"$(dirname \"$0\")/opened.tmp\" \"$(dirname \"$0\")/opened\"\n");
-  opener.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-  opener.close();
+  putScript(folder.filePath(u"xdg-open"_s), "printf %s \"$1\" >opening; mv opening opened\n");
   const QByteArray path = qgetenv("PATH");
   qputenv("PATH", folder.path().toLocal8Bit() + ':' + path);
 
@@ -410,13 +389,8 @@ TEST_F(SlipBrowserTest, ThePreviewExportsIntoTheProgramsFolderOrTellsWhyNot) {
   };
   exportFromPreview();
   EXPECT_TRUE(dialogs.texts.isEmpty());
-  QFile written(file);
-  ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-  EXPECT_TRUE(written.readAll().startsWith("\xd0\xcf\x11\xe0"));
-  QFile opened(folder.filePath(u"opened"_s));
-  EXPECT_TRUE(QTest::qWaitFor([&] { return opened.exists(); }));
-  ASSERT_TRUE(opened.open(QIODevice::ReadOnly));
-  EXPECT_EQ(QString::fromLocal8Bit(opened.readAll()), file);
+  EXPECT_TRUE(contentOf(file).startsWith("\xd0\xcf\x11\xe0"));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return contentOf(u"opened"_s) == file.toLocal8Bit(); }));
 
   QuendUtil->programFolder = folder.filePath(u"missing/"_s);
   exportFromPreview();

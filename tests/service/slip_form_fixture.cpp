@@ -3,12 +3,7 @@
 #include "app/parameter_models.h"
 #include "base/data/my_query.h"
 
-#include <QListView>
-#include <QTableView>
-
 #include <stdexcept>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,18 +1,9 @@
 #pragma once
 
-#include "app/application.h"
-#include "app/dmUnit.h"
-#include "base/guard.h"
-#include "app/kvbankUnit.h"
 #include "app/parameters.h"
-#include "app/ports.h"
-#include "app/Unit14.h"
-#include "reminders/fhatirlat_unit.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfis_unit.h"
-#include "tests/support/scripted_dialogs.h"
-#include "tests/support/test_database.h"
-#include "tests/support/typing.h"
+#include "tests/support/program_test.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/edit_box.h"
 #include "toolkit/edits/memo_edit.h"
@@ -21,51 +12,16 @@
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
 
-#include <gmock/gmock.h>
-
-#include <QAction>
-#include <QApplication>
-#include <QDir>
-#include <QTabWidget>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-
-/// Failures show texts as texts.
-inline void PrintTo(const QString& text, std::ostream* out) { *out << '"' << text.toStdString() << '"'; }
-
-/// The real workspace with slip windows on the real database, dialogs answered by a script.
-class SlipFormTest : public testing::Test {
+/// The workspace with slip windows.
+class SlipFormTest : public ProgramTest {
  protected:
-  SlipFormTest() : before_(QDir::currentPath()) {
-    QDir::setCurrent(folder.path());
-    fillPorts();
-  }
-  ~SlipFormTest() override { QDir::setCurrent(before_); }
-
   void SetUp() override {
-    login.Kullanici->setText(QStringLiteral("QUEND"));
-    TestDatabase::open(DM->MySQL);
-    database.emptyTables();
+    ProgramTest::SetUp();
     run(u"INSERT INTO servistip (SERVIS_AD) VALUES ('ATÖLYE'), ('YERİNDE')");
-    setUnhandledHandler([this](QObject*, const std::exception& error) { unhandled.append(QString::fromUtf8(error.what())); });
-    workspace.show();
-    workspace.Timer1->stop();
     workspace.resize(1366, 768);
     workspace.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&workspace));
   }
-  void TearDown() override {
-    workspace.close();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    setUnhandledHandler({});
-    EXPECT_TRUE(unhandled.isEmpty()) << qPrintable(unhandled.join(u'\n'));
-  }
-
-  /// Runs a statement as another workstation.
-  void run(QStringView statement) { database.run(statement); }
-  /// Rows of a statement as another workstation sees them: fields joined by "|", rows by ";", NULL as "~".
-  QString rows(const QString& statement) { return database.rows(statement); }
 
   TfServisFis* newSlip();
   TfServisFis* openSlip(qint64 id);
@@ -89,6 +45,13 @@ class SlipFormTest : public testing::Test {
   void switchOn(int parameter);
   void makePassive(const QString& status);
   void save(TfServisFis* slip) { slip->aKaydet->trigger(); }
+  /// What the balloon of a save tells.
+  QString saying(TfServisFis* slip) {
+    balloon(slip)->hide();
+    save(slip);
+    return balloon(slip)->isUp() ? balloon(slip)->text() : QString();
+  }
+  static void click(TfServisFis* slip, const QString& button) { slip->findChild<QAbstractButton*>(button)->click(); }
   /// Does the work between the re-read of the slip and its write, once.
   static void beforeNextPost(TfServisFis* slip, std::function<void()> work) {
     slip->qServis.BeforePost = [work = std::move(work), isDone = false]() mutable {
@@ -96,17 +59,6 @@ class SlipFormTest : public testing::Test {
     };
   }
 
-  QTemporaryDir folder;
-  ScriptedDialogs dialogs;
-  QStringList unhandled;
-  TestDatabase database;
-  TfKvb workspace;
-  TDM dataModule;
   TfParametreler parameters;
-  TfHatirlat reminder;
   TfFoto photo;
-  TLogin_Form login;
-
- private:
-  QString before_;
 };

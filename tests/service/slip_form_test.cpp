@@ -3,14 +3,6 @@
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/lookup_edit.h"
 
-#include <QAbstractItemModelTester>
-#include <QBuffer>
-#include <QImage>
-#include <QRegularExpression>
-#include <QScrollArea>
-
-using namespace Qt::StringLiterals;
-
 TEST_F(SlipFormTest, EverySlipWindowTurnsToTheSavedSlip) {
   for (const QString& number : {u"100"_s, u"101"_s}) {
     save(filledSlip(number));
@@ -199,43 +191,6 @@ TEST_F(SlipFormTest, TypingAids) {
 
   slip->findChild<QAction*>(u"YeniSeriNo1"_s)->trigger();
   EXPECT_TRUE(QRegularExpression(u"^[A-HJ-NP-Y]{2}[0-9]{10}$"_s).match(text(slip, u"TS_C_SERINO"_s)).hasMatch());
-}
-
-TEST_F(SlipFormTest, PictureKeepsItsBytes) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  QImage image(40, 30, QImage::Format_RGB32);
-  image.fill(Qt::red);
-  ASSERT_TRUE(image.save(&buffer, "JPG"));
-  dialogs.file = folder.filePath(u"cihaz.jpg"_s);
-  QFile file(dialogs.file);
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-  file.close();
-
-  TfServisFis* slip = filledSlip(u"100"_s);
-  const auto click = [](TfServisFis* editor, const QString& button) { editor->findChild<QAbstractButton*>(button)->click(); };
-  click(slip, u"btnEkle"_s);
-  save(slip);
-  EXPECT_EQ(rows(u"select hex(FT_RESIM) from foto"_s), QString::fromLatin1(bytes.toHex().toUpper()));
-
-  TfServisFis* again = openSlip(savedId(u"100"_s));
-  QTimer::singleShot(0, &photo, [this] {
-    EXPECT_TRUE(photo.isVisible() && photo.isModal());
-    EXPECT_EQ(photo.windowTitle(), u"ÇAMAŞIR MAKİNESİ"_s);
-    EXPECT_EQ(photo.size(), QSize(40, 30));
-    photo.close();
-  });
-  click(again, u"btnShowImage"_s);
-  dialogs.file = folder.filePath(u"kopya.jpg"_s);
-  click(again, u"RzBitBtn1"_s);
-  QFile copy(dialogs.file);
-  ASSERT_TRUE(copy.open(QIODevice::ReadOnly));
-  EXPECT_EQ(copy.readAll(), bytes);
-
-  dialogs.answer = 100;
-  click(again, u"btnSil"_s);
-  save(again);
-  EXPECT_EQ(rows(u"select length(FT_RESIM) from foto"_s), u"0"_s);
 }
 
 TEST_F(SlipFormTest, LinesAreTypedInTheirTable) {

@@ -9,10 +9,6 @@
 #include "toolkit/report/paged_document.h"
 #include "toolkit/report/report.h"
 
-#include <QFile>
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 class SlipPrintingTest : public SlipFormTest {
@@ -22,9 +18,7 @@ class SlipPrintingTest : public SlipFormTest {
     QDir(folder.path()).mkpath(u"rapor/barkod"_s);
   }
   void writeTemplate(const QString& name, const QString& texts) {
-    QFile file(folder.filePath(u"rapor/"_s + name));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write((u"<report version=\"1\"><page name=\"S\"><band name=\"B\" height=\"60\">"_s + texts + u"</band></page></report>"_s).toUtf8());
+    put(folder.filePath(u"rapor/"_s + name), (u"<report version=\"1\"><page name=\"S\"><band name=\"B\" height=\"60\">"_s + texts + u"</band></page></report>"_s).toUtf8());
   }
   /// True when the prepared report shows the word.
   bool shows(const QString& word) {

@@ -1,10 +1,7 @@
 #include "base/environment.h"
 #include "service/slip_lists.h"
 #include "service/slip_rules.h"
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/test.h"
 
 namespace {
 

@@ -3,9 +3,6 @@
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/shell/wait_panel.h"
 
-
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// What a user types into every box, by column; the boxes that are left out are passed by.
@@ -84,9 +81,8 @@ TEST_F(SlipFormTest, FailureInTheLinesLeavesNothing) {
   run(u"CREATE TRIGGER malzeme_deneme BEFORE INSERT ON malzeme FOR EACH ROW SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT='dolu'");
   TfServisFis* slip = filledSlip(u"100"_s);
   addLine(slip, u"MOTOR"_s, u"2"_s, u"12,50"_s);
-  save(slip);
+  EXPECT_EQ(saying(slip), QString());
   EXPECT_EQ(rows(u"select (select count(*) from teknikservis),(select count(*) from foto),(select count(*) from notlar)"_s), u"0|0|0"_s);
-  EXPECT_FALSE(balloon(slip)->isUp());
   EXPECT_TRUE(dialogs.texts.isEmpty());
   EXPECT_FALSE(DM->MySQL.InTransaction());
   EXPECT_EQ(slip->EditorMode, TfServisFis::Mode::Insert);
@@ -101,8 +97,7 @@ TEST_F(SlipFormTest, DuplicateNumberKeepsTheSlipOpen) {
   TfServisFis* slip = filledSlip(u"100"_s);
   addLine(slip, u"MOTOR"_s, u"2"_s, u"12,50"_s);
   run(u"INSERT INTO teknikservis (TS_NO) VALUES ('100')");
-  save(slip);
-  EXPECT_EQ(balloon(slip)->text(), u"\"FİŞ NO\" alanı mükerrer değer kabul etmiyor."_s);
+  EXPECT_EQ(saying(slip), u"\"FİŞ NO\" alanı mükerrer değer kabul etmiyor."_s);
   EXPECT_TRUE(box(slip, u"TS_NO"_s)->line()->hasFocus());
   EXPECT_EQ(slip->EditorMode, TfServisFis::Mode::Insert);
   EXPECT_EQ(rows(u"select count(*) from malzeme"_s), u"0"_s);
@@ -127,21 +122,23 @@ TEST_F(SlipFormTest, FailedChecksSendNothing) {
     const QString good = text(slip, one.column);
     box(slip, one.column)->setText(one.text);
     const quint64 before = DM->MySQL.roundTrips();
-    balloon(slip)->hide();
-    save(slip);
-    EXPECT_EQ(balloon(slip)->text(), one.message);
+    EXPECT_EQ(saying(slip), one.message);
     EXPECT_TRUE(box(slip, one.column)->line()->hasFocus()) << "the cursor is where the balloon points";
     EXPECT_EQ(DM->MySQL.roundTrips(), before);
     EXPECT_EQ(text(slip, one.column), one.text);
     box(slip, one.column)->setText(good);
   }
-  balloon(slip)->hide();
-  enter(slip, u"TS_TARIH"_s, u"31.02.2026"_s);
-  const quint64 before = DM->MySQL.roundTrips();
-  save(slip);
-  EXPECT_TRUE(balloon(slip)->isUp());
-  EXPECT_EQ(DM->MySQL.roundTrips(), before);
-  EXPECT_EQ(text(slip, u"TS_TARIH"_s), u"31.02.2026"_s);
+  // No date and no amount becomes another one.
+  for (const auto& [column, typed] : {std::pair(u"TS_TARIH"_s, u"31.02.2026"_s), {u"TS_RANDEVU"_s, u"01.01.0000"_s},
+                                      {u"TS_C_GARBITTAR"_s, u"29.02.2025"_s}, {u"TS_SERVIS_TUTAR"_s, u"1,234.56"_s}, {u"TS_PARCA_TUTAR"_s, u"1.2.3"_s}}) {
+    const QString good = text(slip, column);
+    enter(slip, column, typed);
+    const quint64 before = DM->MySQL.roundTrips();
+    EXPECT_TRUE(saying(slip).contains(typed)) << qPrintable(column);
+    EXPECT_EQ(DM->MySQL.roundTrips(), before);
+    EXPECT_EQ(text(slip, column), typed);
+    box(slip, column)->setText(good);
+  }
 }
 
 TEST_F(SlipFormTest, LineThatDoesNotFitStopsTheSave) {
@@ -162,17 +159,6 @@ TEST_F(SlipFormTest, LineThatDoesNotFitStopsTheSave) {
   press(Qt::Key_Backspace);
   press(Qt::Key_F2);
   EXPECT_EQ(rows(u"select MZ_PARCA_ADI from malzeme"_s), u"KAR "_s);
-}
-
-TEST_F(SlipFormTest, LongTextsComeBackWhole) {
-  QString longText;
-  for (int i = 0; longText.size() < 10000; ++i) longText += u"satır %1 'ş' \\\n"_s.arg(i);
-  TfServisFis* slip = filledSlip(u"100"_s);
-  note(slip)->setText(longText);
-  balloon(slip)->hide();
-  save(slip);
-  TfServisFis* again = openSlip(savedId(u"100"_s));
-  EXPECT_EQ(note(again)->text(), longText);
 }
 
 TEST_F(SlipFormTest, RowTakenAwayOrChangedMeanwhile) {
@@ -254,14 +240,8 @@ TEST_F(SlipFormTest, ALockedSlipIsWaitedForInAPaintedWindow) {
   database.secondConnection().StartTransaction();
   database.secondConnection().execute("UPDATE teknikservis SET TS_ACIKLAMA = 'ONUN'");
 
-  struct : QObject {
-    bool eventFilter(QObject*, QEvent* event) override {
-      paintings += event->type() == QEvent::Paint ? 1 : 0;
-      return false;
-    }
-    int paintings = 0;
-  } watcher;
-  slip->installEventFilter(&watcher);
+  EventCounter paintings(QEvent::Paint);
+  paintings.watch(slip);
   QTimer bare;
   bool isTold = false;
   QObject::connect(&bare, &QTimer::timeout, slip, [&] {
@@ -278,7 +258,7 @@ TEST_F(SlipFormTest, ALockedSlipIsWaitedForInAPaintedWindow) {
   save(slip);
   bare.stop();
   tick.stop();
-  EXPECT_GT(watcher.paintings, 20);
+  EXPECT_GT(paintings.count, 20);
   EXPECT_TRUE(isTold);
   EXPECT_EQ(workspace.findChild<QWidget*>(u"ServerWait"_s), nullptr);
   EXPECT_EQ(ticks + posted, 0) << "the program's own works wait as well";

@@ -14,18 +14,37 @@ TMyConnection& TestDatabase::secondConnection() {
   return second_;
 }
 
-void TestDatabase::open(TMyConnection& connection) {
+void TestDatabase::aim(TMyConnection& connection) {
   connection.Server = qEnvironmentVariable("KVTK_TEST_SERVER");
   if (connection.Server.isEmpty()) throw Exception(u"KVTK_TEST_SERVER is not set; run the tests with ./test"_s);
   connection.Port = 3313;
   connection.Database = u"kvtk"_s;
   connection.Username = LoginRules::account(u"quend"_s);
   connection.Password = LoginRules::password(u"quend"_s);
+}
+
+void TestDatabase::open(TMyConnection& connection) {
+  aim(connection);
   connection.Connect();
 }
 
+qint64 TestDatabase::idOf(TMyConnection& connection) {
+  TMyQuery query(connection, u"id"_s);
+  query.SQL.setText(u"select connection_id()"_s);
+  query.Open();
+  return query.field(0).asInteger();
+}
+
+void TestDatabase::cut(TMyConnection& connection) { secondConnection().execute("KILL " + QByteArray::number(idOf(connection))); }
+
 void TestDatabase::run(QStringView statement) {
   first_.execute(Latin5::encode(statement.toString(), u"statement"_s));
+}
+
+QStringList TestDatabase::column(const TMyQuery& query, const QString& name) {
+  QStringList texts;
+  for (int row = 0; row < query.RecordCount(); ++row) texts += query.valueAt(row, query.fieldIndex(name)).toText();
+  return texts;
 }
 
 QString TestDatabase::rows(const QString& statement) {

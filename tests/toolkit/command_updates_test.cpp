@@ -1,14 +1,6 @@
 #include "base/guard.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/shell/command_updates.h"
-
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QDialog>
-#include <QElapsedTimer>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTest>
 
 #include <stdexcept>
 

@@ -1,11 +1,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "base/guard.h"
 #include "tests/data/query_fixture.h"
-#include "tests/support/typing.h"
-
-#include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
+#include "tests/support/screen_test.h"
 
 /// Two boxes on the fields of one row.
 class DbEditorsTest : public QueryTest {
@@ -56,8 +52,7 @@ TEST_F(DbEditorsTest, ABoxShowsItsFieldAndWritesWhenItIsLeft) {
 TEST_F(DbEditorsTest, AnotherFieldsWriteLeavesWhatIsBeingTyped) {
   name_->line()->selectAll();
   type(name_->line(), u"YENİ"_s);
-  query.Edit();
-  query.FieldByName(u"TUTAR"_s).set(Value(3));
+  edit(query, u"TUTAR"_s, Value(3));
   EXPECT_EQ(amount_->value(), 3);
   EXPECT_EQ(name_->text(), u"YENİ"_s);
   amount_->setFocus();

@@ -1,36 +1,11 @@
 // An open list, look-up or calendar and what a user does beside it. Keys and clicks go to the window, as the system sends
 // them: what reaches a widget is the windows' business.
-#include "tests/support/typing.h"
+#include "tests/support/screen_test.h"
+#include "tests/toolkit/listed_entries.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/date_edit.h"
 #include "toolkit/edits/drop_down.h"
-#include "toolkit/edits/lookup_edit.h"
 #include "toolkit/edits/text_edit.h"
-
-#include <gtest/gtest.h>
-
-#include <QAction>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QSpinBox>
-#include <QTableView>
-#include <QVBoxLayout>
-#include <QWindow>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-class Cities : public LookupSource {
- public:
-  int rowCount() const override { return 3; }
-  int columnCount() const override { return 1; }
-  QString text(int row, int) const override { return QStringList{u"ADANA"_s, u"BOLU"_s, u"BURSA"_s}[row]; }
-  QString caption(int) const override { return u"İL"_s; }
-  int width(int) const override { return 100; }
-};
-
-}  // namespace
 
 class DropDownTest : public testing::Test {
  protected:
@@ -66,7 +41,7 @@ class DropDownTest : public testing::Test {
     QTest::mouseClick(form_.windowHandle(), Qt::LeftButton, {}, widget->mapTo(&form_, widget->rect().center()));
   }
 
-  Cities cities_;
+  ListedEntries cities_{{u"ADANA"_s, u"BOLU"_s, u"BURSA"_s}};
   QWidget form_;
   ComboEdit* combo_ = new ComboEdit;
   LookupEdit* lookUp_ = new LookupEdit;

@@ -1,19 +1,9 @@
 #include "app/editors/qcx_db_editors.h"
 #include "base/data/value.h"
 #include "base/exceptions.h"
-#include "tests/support/typing.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/memo_edit.h"
-
-#include <gmock/gmock.h>
-
-#include <QDialog>
-#include <QInputMethodEvent>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 
 /// A dialog with a default button, as the program's forms are, with an editor and a box after it.
 class EditorsTest : public testing::Test {

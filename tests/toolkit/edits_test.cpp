@@ -1,7 +1,7 @@
 #include "base/data/value.h"
 #include "base/exceptions.h"
 #include "tests/support/fixed_environment.h"
-#include "tests/support/typing.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/date_edit.h"
@@ -13,17 +13,6 @@
 #include "toolkit/edits/text_edit.h"
 #include "toolkit/edits/time_edit.h"
 #include "toolkit/edits/time_mask_edit.h"
-
-#include <gmock/gmock.h>
-
-#include <QPushButton>
-#include <QScrollArea>
-#include <QSignalSpy>
-#include <QTimer>
-#include <QVBoxLayout>
-#include <QWheelEvent>
-
-using namespace Qt::StringLiterals;
 
 class EditsTest : public testing::Test {
  protected:

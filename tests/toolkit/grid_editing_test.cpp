@@ -2,16 +2,7 @@
 
 #include "toolkit/shell/key_state_panel.h"
 
-#include <QAccessible>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QToolButton>
-
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -31,17 +22,13 @@ TEST_F(GridTest, NewItemRowTakesARowAndKeepsOneThatIsRefused) {
   show(typedColumns());
   grid->setEditing(GridEditing::NewItemRow);
   QCoreApplication::processEvents();
-  picture("grid_new_item");
   QTest::mouseClick(grid->view()->viewport(), Qt::LeftButton, {}, grid->view()->visualRect(cell(0, u"NO"_s)).center());
   type(u"7"_s);
   press(Qt::Key_Tab);
-  type(u"ışık i µ és\u0327"_s);
-  picture("grid_new_item_typed");
-  press(Qt::Key_Return);
+  enter(u"ışık i µ és\u0327"_s);
   EXPECT_EQ(lines().first(), u"+IŞIK İ µ éŞ"_s) << "the Turkish alphabet's capitals on leaving the cell, nothing sent yet";
   EXPECT_EQ(scalar(u"select count(*) from deneme"_s), u"6"_s);
-  type(u"12,50"_s);
-  press(Qt::Key_Return);
+  enter(u"12,50"_s);
   press(Qt::Key_Escape);
   QCoreApplication::processEvents();
   grid->view()->setCurrentLine(3);
@@ -52,8 +39,7 @@ TEST_F(GridTest, NewItemRowTakesARowAndKeepsOneThatIsRefused) {
   // The same number once more: refused, and the row stays in edit with what was typed until it is given back.
   grid->view()->setCurrentIndex(cell(0, u"NO"_s));
   press(Qt::Key_F2);
-  type(u"7"_s);
-  press(Qt::Key_Return);
+  enter(u"7"_s);
   press(Qt::Key_Escape);
   grid->view()->setCurrentLine(3);
   EXPECT_EQ(refusals, 1);
@@ -77,14 +63,12 @@ TEST_F(GridTest, CellsAreChangedInPlaceAndBadOnesStayOpen) {
   press(Qt::Key_F2);
   EXPECT_EQ(qobject_cast<QLineEdit*>(target())->text(), u"20,5"_s);
   qobject_cast<QLineEdit*>(target())->selectAll();
-  type(u"on"_s);
-  press(Qt::Key_Return);
+  enter(u"on"_s);
   QCoreApplication::processEvents();
   EXPECT_EQ(rejected.size(), 1);
   ASSERT_NE(qobject_cast<QLineEdit*>(target()), nullptr) << "the editor stays open";
   qobject_cast<QLineEdit*>(target())->selectAll();
-  type(u"99"_s);
-  press(Qt::Key_Return);
+  enter(u"99"_s);
   press(Qt::Key_Escape);
   press(Qt::Key_Down);
   EXPECT_EQ(scalar(u"select TUTAR from deneme where NO = '2'"_s), u"99"_s);
@@ -112,16 +96,13 @@ TEST_F(GridTest, NavigatorAppendsAndDeletes) {
   query.CachedUpdates = true;
   show(typedColumns());
   grid->setEditing(GridEditing::Append);
-  picture("grid_navigator");
   const auto click = [&](const char* name) {
     QTest::mouseClick(grid->findChild<QToolButton*>(QLatin1StringView(name)), Qt::LeftButton);
     QCoreApplication::processEvents();
   };
   click("add");
-  type(u"8"_s);
-  press(Qt::Key_Return);
-  type(u"yeni"_s);
-  press(Qt::Key_Return);
+  enter(u"8"_s);
+  enter(u"yeni"_s);
   press(Qt::Key_Escape);
   click("add");
   EXPECT_EQ(lines(), (QStringList() << allNamesWith(u"YENİ"_s) << u""_s));
@@ -143,10 +124,8 @@ TEST_F(GridTest, NewRowsComeAtTheEndAlsoOfSortedOnes) {
   show(typedColumns());
   const auto add = [&](int key, const QString& number, const QString& name) {
     press(key);
-    type(number);
-    press(Qt::Key_Return);
-    type(name);
-    press(Qt::Key_Return);
+    enter(number);
+    enter(name);
     press(Qt::Key_Escape);
     EXPECT_TRUE(grid->postEdits());
   };
@@ -173,8 +152,7 @@ TEST_F(GridTest, NewRowsComeAtTheEndAlsoOfSortedOnes) {
   EXPECT_EQ(lines().size(), 4);
   EXPECT_TRUE(lines().first().startsWith(u"[DURUM: <boş> (4)"_s)) << "a row that is being written belongs to no group";
   EXPECT_EQ(grid->view()->currentLine(), 3);
-  type(u"10"_s);
-  press(Qt::Key_Return);
+  enter(u"10"_s);
   press(Qt::Key_Escape);
   EXPECT_TRUE(grid->postEdits());
   EXPECT_TRUE(lines().first().startsWith(u"[DURUM: <boş> (5)"_s));

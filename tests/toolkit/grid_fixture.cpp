@@ -1,10 +1,5 @@
 #include "tests/toolkit/grid_fixture.h"
 
-#include <QApplication>
-#include <QDir>
-
-using namespace Qt::StringLiterals;
-
 void GridTest::SetUp() {
   QueryTest::SetUp();
   query.SQL.setText(u"select * from deneme order by ID"_s);
@@ -69,19 +64,10 @@ QStringList GridTest::lines(const QString& field) const {
   for (int line = 0; line < model->rowCount(); ++line) {
     const GridRow row = model->row(line);
     const QString text = model->index(line, model->columnOf(field)).data().toString();
-    switch (row.kind) {
-      case GridRowKind::Group:
-        texts += u'[' + model->index(line, 0).data().toString() + u']';
-        break;
-      case GridRowKind::GroupFooter:
-        texts += u'=' + text;
-        break;
-      case GridRowKind::NewItem:
-        texts += u'+' + text;
-        break;
-      default:
-        texts += text;
-    }
+    if (row.kind == GridRowKind::Group)
+      texts += u'[' + model->index(line, 0).data().toString() + u']';
+    else
+      texts += (row.kind == GridRowKind::GroupFooter ? u"="_s : row.kind == GridRowKind::NewItem ? u"+"_s : QString()) + text;
   }
   return texts;
 }
@@ -92,10 +78,3 @@ QWidget* GridTest::target() const {
 }
 
 QModelIndex GridTest::cell(int line, const QString& field) const { return grid->model()->index(line, grid->model()->columnOf(field)); }
-
-void GridTest::picture(const char* name) const {
-  const QString folder = qEnvironmentVariable("KVTK_SHOTS");
-  if (folder.isEmpty()) return;
-  QCoreApplication::processEvents();
-  grid->grab().save(QDir(folder).filePath(QLatin1StringView(name) + u".png"_s));
-}

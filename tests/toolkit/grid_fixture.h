@@ -1,13 +1,10 @@
 #pragma once
 
 #include "tests/data/query_fixture.h"
-#include "tests/support/typing.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_model.h"
 #include "toolkit/grid/grid_view.h"
-
-#include <QAbstractItemModelTester>
-#include <QTest>
 
 /// A grid over the table "deneme", shown in a window of its own, its model watched over.
 class GridTest : public QueryTest {
@@ -29,6 +26,11 @@ class GridTest : public QueryTest {
   void type(const QString& text) const {
     for (const QChar letter : text) ::type(target(), letter);  // the first one may open an editor
   }
+  /// Types into a cell and goes on.
+  void enter(const QString& text) const {
+    type(text);
+    press(Qt::Key_Return);
+  }
   void press(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
     QTest::keyClick(target(), Qt::Key(key), modifiers);
     QCoreApplication::processEvents();  // an in-place editor gives its text over from the event loop
@@ -36,7 +38,6 @@ class GridTest : public QueryTest {
   /// What has the keyboard within the grid: an in-place editor, a filter cell, or the rows.
   QWidget* target() const;
   QModelIndex cell(int line, const QString& field) const;
-  void picture(const char* name) const;
 
   std::unique_ptr<DataGrid> grid;
   std::unique_ptr<QAbstractItemModelTester> watch;

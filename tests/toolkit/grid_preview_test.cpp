@@ -1,20 +1,8 @@
 #include "base/exceptions.h"
-#include "base/guard.h"
+#include "tests/support/screen_test.h"
 #include "tests/support/scripted_dialogs.h"
 #include "tests/toolkit/listed_content.h"
 #include "toolkit/grid/grid_preview.h"
-
-#include <QApplication>
-#include <QFile>
-#include <QFileDialog>
-#include <QPainter>
-#include <QSpinBox>
-#include <QTemporaryDir>
-#include <QToolButton>
-
-#include <gmock/gmock.h>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -92,7 +80,6 @@ TEST(GridPreviewTest, TurnsPagesZoomsAndWritesThemAll) {
   asked.exportToExcel = [&](QWidget*) { ++exports; };
   GridPreview preview(nullptr, table(400, 6, 140), asked);
   preview.show();
-  if (const QString shots = qEnvironmentVariable("KVTK_SHOTS"); !shots.isEmpty()) preview.grab().save(shots + u"/preview.png"_s);
   EXPECT_EQ(preview.windowTitle(), u"Önizleme"_s);
   const int pages = preview.pages().pageCount();
   ASSERT_GT(pages, 5);
@@ -110,9 +97,7 @@ TEST(GridPreviewTest, TurnsPagesZoomsAndWritesThemAll) {
   QTemporaryDir folder;
   const QString file = folder.filePath(u"liste.pdf"_s);
   preview.writePdf(file);
-  QFile pdf(file);
-  ASSERT_TRUE(pdf.open(QIODevice::ReadOnly));
-  const QByteArray bytes = pdf.readAll();
+  const QByteArray bytes = contentOf(file);
   EXPECT_TRUE(bytes.startsWith("%PDF"));
   EXPECT_EQ(bytes.count("/Type /Page\n"), pages);
 
@@ -124,10 +109,6 @@ TEST(GridPreviewTest, TurnsPagesZoomsAndWritesThemAll) {
   EXPECT_TRUE(preview.findWord(u"GRUP 0"_s, -1));
   EXPECT_EQ(preview.page(), 0);
   EXPECT_FALSE(preview.findWord(u"hiçbir yerde"_s));
-  if (const QString shots = qEnvironmentVariable("KVTK_SHOTS"); !shots.isEmpty()) {
-    preview.findWord(u"içerik 8"_s);
-    preview.grab().save(shots + u"/preview_found.png"_s);
-  }
   EXPECT_THROW(preview.writePdf(folder.filePath(u"yok/liste.pdf"_s)), EInOutError);
 }
 

@@ -7,22 +7,9 @@
 #include "toolkit/grid/grid_header.h"
 #include "toolkit/grid/table_content.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QFile>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenu>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-
-using namespace Qt::StringLiterals;
-
 TEST_F(GridTest, ShowsRowsWithFormatsFooterAndEmptyText) {
   show();
   EXPECT_EQ(lines(), QStringList());
-  picture("grid_empty");
   fill();
   query.Refresh();
   EXPECT_EQ(lines(), allNamesWith({}));
@@ -31,7 +18,6 @@ TEST_F(GridTest, ShowsRowsWithFormatsFooterAndEmptyText) {
   EXPECT_EQ(grid->footer()->textOf(grid->model()->columnOf(u"NO"_s)), u"6 Kayıt"_s);
   EXPECT_EQ(grid->footer()->textOf(grid->model()->columnOf(u"TUTAR"_s)), u"1.296,00"_s);
   EXPECT_FALSE(grid->isColumnVisible(u"ID"_s));
-  picture("grid_plain");
 }
 
 TEST_F(GridTest, TheQueryFollowsTheCursorAndEnterChooses) {
@@ -73,7 +59,6 @@ TEST_F(GridTest, SortsByTheTurkishAlphabetAndByValue) {
   click(u"NO"_s);
   click(u"NO"_s);
   click(u"AD"_s, Qt::ShiftModifier);
-  picture("grid_sorted");
   click(u"NO"_s, Qt::ControlModifier);
   const std::vector<std::vector<GridSort>> expected{
       {{u"NO"_s, false}}, {{u"NO"_s, true}}, {{u"NO"_s, true}, {u"AD"_s, false}}, {{u"AD"_s, false}}};
@@ -86,7 +71,6 @@ TEST_F(GridTest, FilterRowNarrowsAsOneTypes) {
   grid->setFilterRow(true);
   grid->setFilterUpperCase(true);
   QCoreApplication::processEvents();
-  picture("grid_filter_prompt");
   grid->view()->setCurrentIndex(cell(0, u"AD"_s));
   press(Qt::Key_F, Qt::ControlModifier);
   type(u"ş"_s);
@@ -95,7 +79,6 @@ TEST_F(GridTest, FilterRowNarrowsAsOneTypes) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return lines() == QStringList{u"şeker"_s}; }, 2000));
   EXPECT_EQ(grid->filterRow()->condition(grid->model()->columnOf(u"AD"_s)).text, u"ŞE"_s);
   EXPECT_EQ(grid->footer()->textOf(grid->model()->columnOf(u"NO"_s)), u"1 Kayıt"_s);
-  picture("grid_filter");
   press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(lines(), allNamesWith({})) << "switched off";
   press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
@@ -226,7 +209,6 @@ TEST_F(GridTest, GroupsWithFootersOverSeveralLevels) {
   EXPECT_EQ(lines(u"TUTAR"_s), (QStringList{u"[DURUM: <boş> (1)   TUTAR: -5,00 TL]"_s, u"[DURUM: AÇIK (3)]"_s, u"10,00"_s, u"20,50"_s, u""_s,
                                             u"=30,50 TL"_s, u"[DURUM: KAPALI (2)   TUTAR: 1.270,50 TL]"_s}));
   EXPECT_EQ(lines(u"NO"_s)[5], u"=3 Kayıt"_s);
-  picture("grid_grouped");
   // Filtering keeps the groups, and what is open stays open.
   grid->setFilterRow(true);
   grid->setColumnFilter(u"TUTAR"_s, FilterOperator::Greater, u"10"_s);
@@ -298,7 +280,6 @@ TEST_F(GridTest, LettersSearchTheColumnOfTheCursor) {
   type(u"ş"_s);
   EXPECT_EQ(grid->currentRow(), 4);
   EXPECT_EQ(grid->view()->searched(), u"ş"_s);
-  picture("grid_search");
   type(u"x"_s);
   EXPECT_EQ(grid->currentRow(), 4) << "nothing starts so: the cursor stays";
   EXPECT_EQ(grid->view()->searched(), u"ş"_s);
@@ -322,7 +303,6 @@ TEST_F(GridTest, SelectsSeveralRowsCopiesAndDeletesThem) {
   press(Qt::Key_Down, Qt::ShiftModifier);
   press(Qt::Key_Down, Qt::ShiftModifier);
   EXPECT_EQ(grid->selectedRows(), (std::vector<int>{1, 2, 3}));
-  picture("grid_selected");
   press(Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), u"2\tÇINAR\t20,50\t06.03.2026\tKAPALI\n3\tCAN\t20,50\t01.04.2026\tAÇIK\n"
                                                u"4\t\"ZEKI \"\"K\"\" O'NEIL\"\t-5,00\t\t"_s);
@@ -356,25 +336,17 @@ TEST_F(GridTest, LayoutIsKeptAndForeignFilesChangeNothing) {
   EXPECT_EQ(grid->grouping(), QStringList{u"TARIH"_s});
   EXPECT_EQ(grid->order(), (std::vector<GridSort>{{u"AD"_s, true}}));
 
-  QFile in(file);
-  ASSERT_TRUE(in.open(QIODevice::ReadOnly));
-  const QByteArray good = in.readAll();
+  const QByteArray good = contentOf(file);
   grid->resetLayout();
   for (qsizetype length = 0; length <= good.size(); ++length) {
-    QFile out(file);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(good.left(length));
-    out.close();
+    put(file, good.left(length));
     grid->restoreLayout(file);
     EXPECT_FALSE(grid->view()->shownColumns().empty()) << length;
     EXPECT_FALSE(grid->isColumnVisible(u"ID"_s)) << "never offered";
   }
   for (const QByteArray& foreign : {QByteArray("[Window]\nleft=3\n"), QByteArray(100, '\0'), QByteArray("[S\xC3\xBCtunlar]\nAD=-5,1\nYOK=50,1\n"),
                                     QByteArray("[S\xC3\xBCtunlar]\nAD=100,0\nNO=100,0\n")}) {
-    QFile out(file);
-    ASSERT_TRUE(out.open(QIODevice::WriteOnly));
-    out.write(foreign);
-    out.close();
+    put(file, foreign);
     EXPECT_FALSE(grid->restoreLayout(file)) << foreign.constData();
   }
 }
@@ -409,7 +381,6 @@ TEST_F(GridTest, ColumnsAreChosenAndTheLastOneStays) {
   auto* list = grid->findChild<QListWidget*>();
   ASSERT_NE(list, nullptr);
   EXPECT_EQ(list->count(), 6) << "all but the one that is never offered";
-  if (qEnvironmentVariableIsSet("KVTK_SHOTS")) list->window()->grab().save(qEnvironmentVariable("KVTK_SHOTS") + u"/grid_chooser.png"_s);
   for (int i = 0; i < list->count(); ++i) list->item(i)->setCheckState(Qt::Unchecked);
   EXPECT_EQ(grid->view()->shownColumns().size(), 1u);
   EXPECT_EQ(list->item(list->count() - 1)->checkState(), Qt::Checked);

@@ -1,32 +1,8 @@
-#include "tests/support/typing.h"
+#include "tests/support/screen_test.h"
+#include "tests/toolkit/listed_entries.h"
 #include "toolkit/edits/drop_down.h"
-#include "toolkit/edits/lookup_edit.h"
 #include "toolkit/edits/lookup_model.h"
 #include "toolkit/edits/text_edit.h"
-
-#include <gmock/gmock.h>
-
-#include <QAbstractItemModelTester>
-#include <QSignalSpy>
-#include <QStringList>
-#include <QTableView>
-#include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-class Names : public LookupSource {
- public:
-  QStringList names = {u"ALİ VELİ"_s, u"IRMAK"_s, u"ALİ"_s, u"VELİ ALİOĞLU"_s, u"İSMAİL"_s, u"ALİ"_s};
-  int rowCount() const override { return int(names.size()); }
-  int columnCount() const override { return 2; }
-  QString text(int row, int column) const override { return column == 0 ? names[row] : QString::number(row); }
-  QString caption(int column) const override { return column == 0 ? u"ADI"_s : u"TELEFON"_s; }
-  int width(int) const override { return 100; }
-};
-
-}  // namespace
 
 class LookupTest : public testing::Test {
  protected:
@@ -42,7 +18,7 @@ class LookupTest : public testing::Test {
   }
   void key(Qt::Key key) { QTest::keyClick(edit_->line(), key); }
 
-  Names names_;
+  ListedEntries names_{{u"ALİ VELİ"_s, u"IRMAK"_s, u"ALİ"_s, u"VELİ ALİOĞLU"_s, u"İSMAİL"_s, u"ALİ"_s}};
   QWidget form_;
   LookupEdit* edit_ = new LookupEdit;
   TextEdit* other_ = new TextEdit;

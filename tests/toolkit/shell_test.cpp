@@ -1,5 +1,6 @@
 #include "base/guard.h"
 #include "base/ini_file.h"
+#include "tests/support/screen_test.h"
 #include "toolkit/shell/child_tab_strip.h"
 #include "toolkit/shell/child_windows.h"
 #include "toolkit/shell/command_bar.h"
@@ -11,31 +12,11 @@
 #include "toolkit/shell/screen_room.h"
 #include "toolkit/shell/window_place.h"
 
-#include <gmock/gmock.h>
-
-#include <QAction>
-#include <QCloseEvent>
-#include <QDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPlainTextEdit>
-#include <QScreen>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTabBar>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-#include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 
 namespace {
 
-/// A child window's content that may refuse to close and counts its paintings.
+/// A child window's content that may refuse to close.
 class Page : public QWidget {
  public:
   explicit Page(const QString& caption) {
@@ -43,21 +24,9 @@ class Page : public QWidget {
     setMinimumSize(80, 40);
   }
   bool refuses = false;
-  int paintings = 0;
 
  protected:
   void closeEvent(QCloseEvent* event) override { event->setAccepted(!refuses); }
-  void paintEvent(QPaintEvent*) override { ++paintings; }
-};
-
-/// Counts the passes in which a top-level widget paints what is due below it.
-class PaintingPasses : public QObject {
- public:
-  int count = 0;
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() == QEvent::UpdateRequest) ++count;
-    return false;
-  }
 };
 
 class ChildWindowsTest : public testing::Test {
@@ -165,32 +134,22 @@ TEST_F(ChildWindowsTest, TabsCloseByMiddleButtonKeyAndMenu) {
   EXPECT_EQ(tabs(), QStringList());
 }
 
-/// Notes in which order windows first change their state.
-class StateOrder : public QObject {
- public:
-  QList<QObject*> changed;
-  bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == QEvent::WindowStateChange && !changed.contains(watched)) changed.append(watched);
-    return false;
-  }
-};
-
 TEST_F(ChildWindowsTest, WindowCommandsGoThroughTheWindowsInTheirOrder) {
   children.clientArea()->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
   QList<QObject*> windows;
   for (int i = 0; i < 3; ++i) windows.append(window(add(QString::number(i))));
-  StateOrder order;
-  for (QObject* each : windows) each->installEventFilter(&order);
+  EventCounter changes(QEvent::WindowStateChange);
+  for (QObject* each : windows) changes.watch(each);
   const auto states = [&](auto test) { return std::ranges::all_of(windows, [&](QObject* w) { return test(qobject_cast<QMdiSubWindow*>(w)); }); };
 
   children.maximizeAll();
   EXPECT_TRUE(states([](QMdiSubWindow* w) { return w->isMaximized(); }));
   children.restoreAll();
   EXPECT_TRUE(states([](QMdiSubWindow* w) { return !w->isMaximized() && !w->isMinimized(); }));
-  order.changed.clear();
+  changes.order.clear();
   children.minimizeAll();
   EXPECT_TRUE(states([](QMdiSubWindow* w) { return w->isMinimized(); }));
-  EXPECT_EQ(order.changed, (QList<QObject*>{windows[2], windows[1], windows[0]})) << "last to first";
+  EXPECT_EQ(changes.order, (QList<QObject*>{windows[2], windows[1], windows[0]})) << "last to first";
 }
 
 TEST_F(ChildWindowsTest, WindowCommandsLeaveTheActiveWindowAndTheKeyboardWhereTheyAre) {
@@ -257,19 +216,20 @@ TEST_F(ChildWindowsTest, NestedLocksPaintOnceAtTheLastRelease) {
   lock.acquire();
   Page* within = add(u"b"_s);
   lock.release();
-  before->paintings = 0;
+  EventCounter paintings(QEvent::Paint);
+  paintings.watch(before);
+  paintings.watch(within);
   before->update();
   QTest::qWait(50);
   EXPECT_EQ(lock.count(), 1);
-  EXPECT_EQ(before->paintings + within->paintings, 0);
-  PaintingPasses passes;
-  children.installEventFilter(&passes);
+  EXPECT_EQ(paintings.count, 0);
+  EventCounter passes(QEvent::UpdateRequest);
+  passes.watch(&children);
   lock.release();
   QTest::qWait(50);
   EXPECT_EQ(lock.count(), 0);
   EXPECT_EQ(passes.count, 1);
-  EXPECT_GT(before->paintings, 0);
-  EXPECT_GT(within->paintings, 0);
+  EXPECT_EQ(paintings.order.size(), 2);
 }
 
 TEST(ClientAreaTest, IsWhiteUnderAnyThemeWithThePictureInItsCentre) {
@@ -593,10 +553,7 @@ TEST_F(WindowPlaceTest, DamagedEntriesLeaveTheWindowAsItIs) {
     EXPECT_FALSE(place.restore(&window)) << entry.toStdString();
     EXPECT_EQ(window.geometry(), QRect(1, 2, 333, 222));
   }
-  QFile file(path);
-  ASSERT_TRUE(file.open(QFile::WriteOnly));
-  file.write(QByteArray::fromHex("00ff5b664b76625d0a3d3d0a5b"));
-  file.close();
+  put(path, QByteArray::fromHex("00ff5b664b76625d0a3d3d0a5b"));
   EXPECT_FALSE(place.restore(&window));
 }
 
