@@ -46,7 +46,7 @@ class WorkspaceTest : public testing::Test {
   void start(TfKvb& workspace, int loginResult) {
     QTimer::singleShot(300, &workspace, [loginResult] { Login_Form->done(loginResult); });
     workspace.show();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.has_value() || !workspace.dxBarStatic1->text().isEmpty(); }, 3000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.has_value() || !workspace.dxBarStatic1->text().isEmpty(); }, 20'000));
   }
 
   QTemporaryDir folder;
@@ -244,7 +244,7 @@ TEST_F(WorkspaceTest, CommandsAreEnabledWhenTheyDoSomethingAndMay) {
   setUnhandledHandler([](QObject*, const std::exception&) {});
   machine().processFiles = []() -> QStringList { throw Exception(u"bozuk"_s); };
   workspace.show();
-  EXPECT_TRUE(QTest::qWaitFor([&] { return workspace.isVisible() && !workspace.Timer1->isActive(); }, 3000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return workspace.isVisible() && !workspace.Timer1->isActive(); }, 20'000));
   setUnhandledHandler({});
   for (const auto& [path, name] : ribbonRights()) EXPECT_FALSE(workspace.command(name)->isEnabled()) << name.toStdString();
 }
@@ -259,7 +259,7 @@ TEST_F(WorkspaceTest, TheRememberedPlaceAndStateComeBackWithTheirFrame) {
     TLogin_Form login;
     QTimer::singleShot(500, &workspace, [] { Login_Form->done(2); });
     workspace.show();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.has_value(); }, 3000));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ended.has_value(); }, 20'000));
     ended.reset();
     EXPECT_EQ(workspace.isMaximized(), maximized) << entry.toStdString();
     if (maximized) {

@@ -22,6 +22,8 @@ TEST(CallListener, FirstAtOnceAndTheLastOfAFlood) {
   CallListener listener([&told](const CallerText::Notice& call) { told += call.title; }, nullptr);
   listener.start(0);
   const quint16 port = listener.port();
+  QElapsedTimer clock;
+  clock.start();
   TelephoneMonitor::announce("a|b|c|d|1|ILK|", port);
   for (int i = 0; i < 1000; ++i) {
     TelephoneMonitor::announce(QByteArray(i * 31 % 5000, char(i)), port);
@@ -30,7 +32,7 @@ TEST(CallListener, FirstAtOnceAndTheLastOfAFlood) {
   TelephoneMonitor::announce("a|b|c|d|1|SON|", port);
   EXPECT_TRUE(QTest::qWaitFor([&] { return told.contains(u"SON"_s); }, 5000));
   EXPECT_EQ(told.last(), u"SON"_s);
-  EXPECT_LE(told.size(), 10);
+  EXPECT_LE(told.size(), 4 + clock.elapsed() / 100) << "it rests behind each one";
   TelephoneMonitor::announce({}, port);
   EXPECT_TRUE(QTest::qWaitFor([&] { return told.last() == QString(10, u'X'); }, 5000));
 

@@ -237,15 +237,17 @@ TEST_F(MessageScreens, TheMailAccountIsTriedStepByStep) {
   int asked = 0;
   const auto tryFor = [&](const QString& typed) {
     dialogs.texts.clear();
-    QTimer::singleShot(200, &*mail, [&] {
+    QTimer look;
+    connectGuarded(&look, &QTimer::timeout, &*mail, [&] {
       auto* question = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
       if (question == nullptr) return;
+      look.stop();
       ++asked;
       question->setTextValue(typed);
       question->accept();
     });
+    look.start(5);
     fEPOSTA->SpeedButton1->click();
-    QTest::qWait(250);
     return dialogs.texts;
   };
   const QStringList badSender{uR"(Lütfen geçerli bir "Gönderici E-Posta adresi" girin.)"_s};

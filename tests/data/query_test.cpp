@@ -313,7 +313,7 @@ TEST_F(QueryTest, ALockedRowIsWaitedForWithAnObserver) {
   observer.work = [&] { refused = raised<EDatabaseError>([this] { run("SELECT 1"); }).className(); };
   EXPECT_EQ(raised<EMyError>([this] { query.Post(); }).code(), 1205U);
   EXPECT_EQ(observer.told, u"<>"_s);
-  EXPECT_GE(observer.turns, 20);
+  EXPECT_GE(observer.turns, 5);
   EXPECT_EQ(refused, u"EDatabaseError"_s) << "a statement within the wait of another";
   EXPECT_EQ(query.state(), QueryState::Edit);
 

@@ -137,7 +137,8 @@ TEST_F(ReminderWindowTest, TheSlipsAreReadAgainByThemselvesAndALostServerIsToldO
   setWaitObserver(nullptr);
   EXPECT_TRUE(unhandled.isEmpty());
   cutConnection();
-  QTest::qWait(200);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return !unhandled.isEmpty(); }));
+  QTest::qWait(100);
   EXPECT_EQ(std::exchange(unhandled, {}).size(), 1);
   EXPECT_EQ(numbers(), "103") << "what was read stays";
 }

@@ -235,7 +235,7 @@ TEST_F(DesignerTest, FaultsLeadToTheirObjects) {
   QTest::mouseClick(designer.faults().viewport(), Qt::LeftButton, {}, designer.faults().visualItemRect(designer.faults().item(0)).center());
   EXPECT_EQ(editor().selection(), std::vector{node(u"a"_s)});
   editor().change(u"x"_s, *node(u"a"_s), u"text"_s, u"[FIS_NO]"_s);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return designer.faults().faults().empty(); }, 3000));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return designer.faults().faults().empty(); }));
 }
 
 TEST_F(DesignerTest, OnlyAChangeIsWrittenAndTheStatesBeforeAreKept) {
