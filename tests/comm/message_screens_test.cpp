@@ -40,6 +40,18 @@ class MessageScreens : public SlipFormTest {
     return slip;
   }
 
+  /// Works in the bulk form once it shows what is waited for.
+  void whenBulk(const std::function<bool()>& shows, const std::function<void()>& work) {
+    auto* look = new QTimer(&*bulk);
+    connectGuarded(look, &QTimer::timeout, &*bulk, [=, this] {
+      if (!bulk->isVisible() || !shows()) return;
+      look->deleteLater();
+      look->stop();
+      work();
+    });
+    look->start(10);
+  }
+
   ScopedEnvironment noPauses{std::make_unique<FixedEnvironment>()};
   Simulator simulator;
   std::optional<TfSMS> sms;
@@ -101,8 +113,8 @@ TEST_F(MessageScreens, TemplatesTakeTheAlphabetAndMarkersAndAccountsOutliveTheFo
 
 TEST_F(MessageScreens, OneTextGoesToManyNumbersWithTheSavedSender) {
   bool isOpen = false;
-  QTimer::singleShot(1500, &*bulk, [&] {
-    isOpen = bulk->cxGroupBox1->isEnabled();
+  whenBulk([this] { return bulk->cxGroupBox1->isEnabled(); }, [&] {
+    isOpen = true;
     bulk->TS_TURU->setItemIndex(1);
     bulk->smsMESAJ->editor()->setFocus();
     ::type(bulk->smsMESAJ->editor(), u"Şçğ \"&"_s);
@@ -132,7 +144,7 @@ TEST_F(MessageScreens, OneTextGoesToManyNumbersWithTheSavedSender) {
 
   simulator.behave(Service::Json, {Mood::Refuse, u"402"_s, 0});
   isOpen = true;
-  QTimer::singleShot(1500, &*bulk, [&] {
+  whenBulk([this] { return bulk->uyariPan->text().contains(u"402"_s); }, [&] {
     isOpen = bulk->cxGroupBox1->isEnabled();
     bulk->reject();
   });

@@ -39,7 +39,7 @@ write_slips() {
 }
 wait_for_slips() {
   local i
-  for i in $(seq 100); do [ "$(wc -l <"$1")" -gt 100 ] && return; sleep 0.1; done
+  for i in $(seq 600); do [ "$(wc -l <"$1")" -gt 100 ] && return; sleep 0.1; done
   fail "the writer does not get on"
 }
 broken_slips() {
@@ -447,11 +447,11 @@ case_daily_copies() {
   rm "$daily/$today"
   "$server" stop
   KVTK_DAILY=on "$server" start
-  for i in $(seq 100); do [ -e "$daily/$today" ] && break; sleep 0.1; done
+  for i in $(seq 600); do [ -e "$daily/$today" ] && break; sleep 0.1; done
   zcat "$daily/$today" | tail -1 | grep -q "Dump completed" || fail "no copy by itself: $(cat "$folder/daily.log")"
   before=$(cat "$folder/keeper.pid")
   "$server" stop
-  sleep 0.3
+  for i in $(seq 100); do grep -qs keep "/proc/$before/cmdline" || break; sleep 0.1; done
   grep -qs keep "/proc/$before/cmdline" && fail "the keeper lives on"
   "$server" start
   rm -r "$folder/copies/daily"
