@@ -23,6 +23,7 @@ TEST(MailMessage, TwoParsersReadTheTurkishText) {
     EXPECT_LE(line.size(), 77) << line.constData();
     EXPECT_FALSE(line.startsWith('.'));
   }
+  EXPECT_TRUE(message.text.contains("=?UTF-8?B?" + u"Öz, Veli"_s.toUtf8().toBase64() + "?=")) << "without its quotes";
   QString shown = body;
   shown.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').replace(u'\n', u"\\n"_s);
   const QString from = u"servis@torvane.example"_s;

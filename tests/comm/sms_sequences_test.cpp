@@ -19,6 +19,7 @@ class Transcript : public SmsSession {
 
   HttpAnswer exchange(const HttpRequest& request) override {
     steps += u"send "_s + request.address.section(u'/', 3) + u' ' + QString::fromUtf8(request.body.left(7)).simplified();
+    if (request.body.contains("turkishlock")) steps.last() += u" locked"_s;
     if (answers_.empty()) throw std::logic_error("one request too many");
     const QString answer = answers_.front();
     answers_.pop_front();
@@ -204,6 +205,7 @@ TEST(SmsSequences, SendingInBulkAndTheNoticeOfASlip) {
     EXPECT_EQ(SmsSequences::sendBulk(settings(expected.provider), u"1,2"_s, u"m"_s, bulk), expected.closes);
     steps = expected.steps;
     if (isJson) steps.prepend(uR"(recipients "1","2")"_s);
+    steps.replaceInStrings(sendXml, sendXml + u" locked"_s);
     EXPECT_EQ(bulk.steps, steps.replaceInStrings(done, isJson ? u"confirm SMS Mesajı servis sağlayıcıya iletilmiştir. Id: 9"_s
                                                               : u"confirm SMS ile bilgilendirme yapılmıştır."_s));
     EXPECT_EQ(bulk.noted, QStringList(bulk.steps.filter(u"kurulamadı"_s).size(), dead));

@@ -63,7 +63,7 @@ TEST_F(ExpressionTest, ComesToItsText) {
       {"[TOPLAM(Malzeme.ADET)] [SAY(Malzeme)] [SAY(Malzeme; Malzeme.ADET > 1)]", "2,5 3 1"},
       {"[TOPLAM(Malzeme.ADET * 10; Malzeme.AD <> 'Fan')] [ENÇOK(Malzeme.ADET)] [ENAZ(Malzeme.ADET)]", "5 2 0,5"},
       {"[ORTALAMA(Malzeme.ADET)] [Malzeme.ADET]", "1,25 0,5"},
-      {"[PARÇA('bilgisayar'; 3; 4)] [UZUNLUK('ğüş')] [KIRP('  x ')] [TAM(7 / 2)]", "lgis 3 x 3"},
+      {"[PARÇA('bilgisayar'; 3; 4)] [PARÇA('abc'; 0; 2)] [UZUNLUK('ğüş')] [KIRP('  x ')] [TAM(7 / 2)]", "lgis ab 3 x 3"},
   };
   for (const auto& [expression, expected] : cases) EXPECT_EQ(text(QString::fromUtf8(expression)), expected) << expression;
   EXPECT_EQ(text(u"[FIYAT] x [TUTAR]"_s, u",0.00 TL"_s), "1.250,50 TL x ");
