@@ -1,6 +1,7 @@
 #include "app/backup_store.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 
 using namespace Qt::StringLiterals;

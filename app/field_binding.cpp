@@ -1,6 +1,7 @@
 #include "app/field_binding.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/edit_control.h"

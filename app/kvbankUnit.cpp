@@ -4,6 +4,7 @@
 #include "app/backup_store.h"
 #include "app/call_listener.h"
 #include "app/dmUnit.h"
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/environment.h"
 #include "base/guard.h"

@@ -7,6 +7,7 @@
 #include "app/application.h"
 #include "app/dmUnit.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"

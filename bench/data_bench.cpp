@@ -5,6 +5,7 @@
 #include "base/data/filter_expression.h"
 #include "base/data/my_query.h"
 #include "app/login_rules.h"
+#include "base/data/value.h"
 #include "base/platform/time_zone.h"
 #include "bench/measuring.h"
 

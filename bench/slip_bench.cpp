@@ -16,6 +16,7 @@
 #include "app/parameters.h"
 #include "app/ports.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"

@@ -12,6 +12,7 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/program_paths.h"
 #include "app/ports.h"
 #include "app/rights.h"

@@ -19,6 +19,7 @@
 #include "app/quendUtils.h"
 #include "app/Unit14.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/platform/time_zone.h"
 #include "bench/measuring.h"

@@ -2,6 +2,7 @@
 
 #include "app/editors/qcx_db_editors.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "toolkit/shell/command_bar.h"

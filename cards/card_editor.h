@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/data/value.h"
 #include "toolkit/edits/balloon.h"
 
 #include <QDialog>
@@ -14,6 +13,7 @@ class Exception;
 class LinkedBox;
 class QAction;
 class TMyQuery;
+class Value;
 
 /// One box of a card's editor. A box that is not wide shares its line with the next one that is not.
 struct CardField {

@@ -3,6 +3,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "app/ports.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,7 @@
 #include "comm/call_store.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 
 using namespace Qt::StringLiterals;
 

@@ -4,6 +4,7 @@
 #include "app/ports.h"
 #include "app/quendUtils.h"
 #include "base/data/server_wait.h"
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/environment.h"
 #include "base/guard.h"

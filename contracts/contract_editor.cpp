@@ -4,6 +4,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "app/row_conflict.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "cards/card_store.h"

@@ -4,6 +4,7 @@
 #include "app/ports.h"
 #include "app/quendUtils.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "contracts/contract_editor.h"
 #include "contracts/contract_letter_rules.h"

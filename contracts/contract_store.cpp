@@ -1,6 +1,7 @@
 #include "contracts/contract_store.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "contracts/contract_rules.h"
 
 using namespace Qt::StringLiterals;

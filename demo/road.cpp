@@ -4,6 +4,7 @@
 #include "app/about_box.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
+#include "base/data/value.h"
 #include "demo/cards_road.h"
 #include "demo/contracts_road.h"
 #include "demo/designer_road.h"

@@ -2,6 +2,7 @@
 
 #include "base/data/my_query.h"
 #include "app/dmUnit.h"
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "app/parameters.h"
 #include "demo/screen_hands.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/data/my_query.h"
+#include "base/data/query_listener.h"
 #include "extras/statistics_store.h"
 
 #include <QChartView>

@@ -1,5 +1,7 @@
 #include "extras/statistics_store.h"
 
+#include "base/data/value.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {

@@ -1,5 +1,6 @@
 #include "reminders/fhatirlat_unit.h"
 
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "base/guard.h"
 #include "toolkit/edits/date_edit.h"

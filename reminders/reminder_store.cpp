@@ -1,6 +1,7 @@
 #include "reminders/reminder_store.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/text_tools.h"
 
 using namespace Qt::StringLiterals;

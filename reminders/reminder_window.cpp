@@ -3,6 +3,8 @@
 #include "app/dmUnit.h"
 #include "app/ports.h"
 #include "app/quendUtils.h"
+#include "base/data/auto_refresh.h"
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/environment.h"
 #include "base/exceptions.h"

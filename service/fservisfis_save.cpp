@@ -2,6 +2,7 @@
 #include "base/data/my_query.h"
 #include "app/ports.h"
 #include "app/dmUnit.h"
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
 #include "app/quendUtils.h"

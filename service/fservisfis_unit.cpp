@@ -1,5 +1,6 @@
 #include "service/fservisfis_unit.h"
 
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "app/ports.h"
 #include "app/dmUnit.h"

@@ -1,6 +1,7 @@
 #include "service/fservisfissecUnit.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "app/ports.h"
 #include "app/dmUnit.h"
@@ -12,6 +13,7 @@
 #include "app/quendUtils.h"
 #include "app/rights.h"
 #include "service/slip_browser_rules.h"
+#include "service/slip_browser_store.h"
 #include "service/slip_rules.h"
 #include "service/slip_tables.h"
 #include "toolkit/grid/data_grid.h"
@@ -44,7 +46,7 @@ TfservisfisSec::TfservisfisSec(QWidget* parent)
     : QDialog(parent),
       qServis(DM->MySQL, u"qServis"_s),
       qDisServis(DM->MySQL, u"qDisServis"_s),
-      store_(DM->MySQL, qServis, qDisServis, DM->pGetQ),
+      store_(std::make_unique<SlipBrowserStore>(DM->MySQL, qServis, qDisServis, DM->pGetQ)),
       firms_(qDisServis, {{u"DS_AD"_s, u"ADI"_s, 220}, {u"DS_ILCE_IL"_s, u"İLÇE/İL"_s, 130}, {u"DS_TEL"_s, u"TELEFON"_s, 120}}) {
   setObjectName(u"fservisfisSec"_s);
   setWindowTitle(u"Servis Fişleri"_s);
@@ -82,7 +84,7 @@ void TfservisfisSec::buildGrid() {
   for (GridColumn& column : columns)
     if (column.field == u"TS_DISSERVIS"_s) {
       column.choices = &firms_;
-      column.refreshChoices = [this] { store_.openFirms(); };
+      column.refreshChoices = [this] { store_->openFirms(); };
     }
   grid_ = new DataGrid(qServis, std::move(columns), windowTitle(), this);
   grid_->setObjectName(u"slips"_s);
@@ -117,7 +119,7 @@ void TfservisfisSec::Giris(std::vector<QString>& ids) {
   openList();
   const bool accepted = exec() == confirmed;
   isOpen_ = false;
-  store_.close();
+  store_->close();
   grid_->clearFilter();
   grid_->clearGrouping();
   if (accepted) ids = chosen_;
@@ -128,14 +130,14 @@ void TfservisfisSec::openList() {
   grid_->clearSelection();
   grid_->restoreLayout(layoutFile());
   if (fParametreler->isChecked(ParameterFiles::ListSlipsOfTheDay)) {
-    store_.openWithoutRows();
-    store_.openFirms();
+    store_->openWithoutRows();
+    store_->openFirms();
     grid_->clearFilter();
     grid_->setColumnFilter(u"TS_TARIH"_s, FilterOperator::Equal, DateText::date(environment().today()));
-    store_.narrow(grid_->filter());
+    store_->narrow(grid_->filter());
   } else {
-    store_.openAll();
-    store_.openFirms();
+    store_->openAll();
+    store_->openFirms();
   }
   isOpen_ = true;
   grid_->setFilterEnabled(true);
@@ -157,15 +159,15 @@ void TfservisfisSec::narrow(const std::optional<FilterExpression>& filter) {
   const bool dateIsTyped = !grid_->filterRow()->condition(grid_->model()->columnOf(dateField)).isEmpty();
   // A date that is still being typed is no reason to fetch all slips.
   if (grid_->isFilterEnabled() && dateIsTyped && !SlipBrowserRules::hasCondition(filter, dateField))
-    store_.narrowFetched(filter);
+    store_->narrowFetched(filter);
   else
-    store_.narrow(filter);
+    store_->narrow(filter);
 }
 
 void TfservisfisSec::sortAtServer(const std::vector<GridSort>& order) {
   std::vector<SlipBrowserRules::SortColumn> keys;
   for (const GridSort& key : order) keys.push_back({key.field, key.descending});
-  store_.setOrder(SlipBrowserRules::orderText(keys));
+  store_->setOrder(SlipBrowserRules::orderText(keys));
 }
 
 QColor TfservisfisSec::statusColor(int row) const {
@@ -196,7 +198,7 @@ void TfservisfisSec::deleteSlips() {
     for (QWidget* editor : ports().childWindows())
       if (editor->windowTitle() == SlipRules::slipTitle(number)) editor->parentWidget()->close();
   try {
-    store_.deleteSlips(keys, [this] { grid_->deleteSelectedRows(); });
+    store_->deleteSlips(keys, [this] { grid_->deleteSelectedRows(); });
   } catch (const Exception& error) {
     logMessage(SlipBrowserRules::deletionFailed(), &error);
     // What became of a row whose commit was not answered, only the server knows.
@@ -210,7 +212,7 @@ void TfservisfisSec::deleteSlips() {
 }
 
 void TfservisfisSec::readAnew() {
-  grid_->keepRecords([this] { store_.refresh(); });
+  grid_->keepRecords([this] { store_->refresh(); });
 }
 
 void TfservisfisSec::print() {

@@ -1,15 +1,17 @@
 #pragma once
 
 #include "base/data/my_query.h"
-#include "service/slip_browser_store.h"
 #include "service/slip_look_ups.h"
 
 #include <QColor>
 #include <QDialog>
 
+#include <memory>
+
 class CommandBar;
 class DataGrid;
 class QAction;
+class SlipBrowserStore;
 struct GridSort;
 
 /// "Servis Fişleri": the slips of the database to choose from, to delete, to print and to export. Created once, reads anew
@@ -52,7 +54,7 @@ class TfservisfisSec : public QDialog {
   void print();
   void exportToExcel(QWidget* preview);
 
-  SlipBrowserStore store_;
+  std::unique_ptr<SlipBrowserStore> store_;
   QueryLookup firms_;
   CommandBar* bar_ = nullptr;
   DataGrid* grid_ = nullptr;

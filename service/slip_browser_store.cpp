@@ -1,6 +1,7 @@
 #include "service/slip_browser_store.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "service/slip_browser_rules.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/data/filter_expression.h"
+#include "base/data/value.h"
 
 #include <functional>
 #include <optional>

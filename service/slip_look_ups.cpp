@@ -2,6 +2,7 @@
 
 #include "app/dmUnit.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/guard.h"
 #include "cards/card_store.h"
 #include "service/slip_fields_page.h"

@@ -4,6 +4,7 @@
 #include "app/ports.h"
 #include "app/quendUtils.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/number_text.h"
 #include "service/slip_hooks.h"

@@ -1,6 +1,7 @@
 #include "service/slip_store.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
 

@@ -1,6 +1,7 @@
 #include "simulator/telephone_monitor.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/environment.h"
 
 #include <QUdpSocket>

@@ -1,6 +1,7 @@
 #include "app/editors/qcx_db_editors.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "toolkit/edits/radio_group_edit.h"

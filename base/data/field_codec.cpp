@@ -1,6 +1,7 @@
 #include "base/data/field_codec.h"
 
 #include "base/data/latin5.h"
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/exceptions.h"
 #include "base/number_text.h"

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "base/data/value.h"
-
 #include <QByteArray>
 #include <QString>
 
 #include <optional>
 
+class Value;
 struct st_mysql_field;
 
 /// What a column holds, as far as reading and writing it differ.

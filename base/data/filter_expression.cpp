@@ -1,6 +1,8 @@
 #include "base/data/filter_expression.h"
 
+#include "base/data/field_codec.h"
 #include "base/data/latin5.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/turkish_text.h"
 
@@ -155,38 +157,51 @@ QString likeEscaped(QString text) {
 
 }  // namespace
 
-FilterExpression FilterExpression::condition(QString column, FilterOperator comparison, Value value, Value upperValue) {
-  FilterExpression made;
-  made.kind_ = Kind::Condition;
-  made.column_ = std::move(column);
-  made.operator_ = comparison;
-  made.value_ = std::move(value);
-  made.upperValue_ = std::move(upperValue);
-  return made;
+struct FilterExpression::Node {
+  enum class Kind { Condition, All, Any, Not };
+  Kind kind = Kind::All;
+  std::vector<FilterExpression> parts = {};
+  QString column = {};
+  FilterOperator comparison = FilterOperator::Equal;
+  Value value = {};
+  Value upperValue = {};
+};
+
+FilterExpression::FilterExpression(Node node) : node_(std::make_shared<const Node>(std::move(node))) {}
+
+FilterExpression FilterExpression::condition(const QString& column, FilterOperator comparison) {
+  return condition(column, comparison, {}, {});
+}
+
+FilterExpression FilterExpression::condition(const QString& column, FilterOperator comparison, const Value& value) {
+  return condition(column, comparison, value, {});
+}
+
+FilterExpression FilterExpression::condition(const QString& column, FilterOperator comparison, const Value& value,
+                                             const Value& upperValue) {
+  return FilterExpression(Node{Node::Kind::Condition, {}, column, comparison, value, upperValue});
 }
 
 FilterExpression FilterExpression::all(std::vector<FilterExpression> parts) {
-  FilterExpression made;
-  made.parts_ = std::move(parts);
-  return made;
+  return FilterExpression(Node{Node::Kind::All, std::move(parts)});
 }
 
 FilterExpression FilterExpression::any(std::vector<FilterExpression> parts) {
-  FilterExpression made = all(std::move(parts));
-  made.kind_ = Kind::Any;
-  return made;
+  return FilterExpression(Node{Node::Kind::Any, std::move(parts)});
 }
 
 FilterExpression FilterExpression::negated(FilterExpression part) {
-  FilterExpression made = all({std::move(part)});
-  made.kind_ = Kind::Not;
-  return made;
+  return FilterExpression(Node{Node::Kind::Not, {std::move(part)}});
 }
 
+const QString& FilterExpression::column() const { return node_->column; }
+
+FilterOperator FilterExpression::comparison() const { return node_->comparison; }
+
 std::vector<FilterExpression> FilterExpression::conjuncts() const {
-  if (kind_ != Kind::All) return {*this};
+  if (node_->kind != Node::Kind::All) return {*this};
   std::vector<FilterExpression> all;
-  for (const FilterExpression& part : parts_) {
+  for (const FilterExpression& part : node_->parts) {
     const std::vector<FilterExpression> inner = part.conjuncts();
     all.insert(all.end(), inner.begin(), inner.end());
   }
@@ -194,22 +209,22 @@ std::vector<FilterExpression> FilterExpression::conjuncts() const {
 }
 
 FilterExpression::RowTest FilterExpression::compiled(const std::vector<FieldInfo>& fields) const {
-  if (kind_ == Kind::Condition) {
+  if (node_->kind == Node::Kind::Condition) {
     const auto found = std::find_if(fields.begin(), fields.end(), [this](const FieldInfo& field) {
-      return field.name.compare(column_, Qt::CaseInsensitive) == 0;
+      return field.name.compare(node_->column, Qt::CaseInsensitive) == 0;
     });
-    if (found == fields.end()) throw EDatabaseError(u"Field '%1' not found"_s.arg(column_));
+    if (found == fields.end()) throw EDatabaseError(u"Field '%1' not found"_s.arg(node_->column));
     const int index = int(found - fields.begin());
-    if (operator_ == FilterOperator::Empty || operator_ == FilterOperator::NotEmpty)
-      return emptyTest(index, *found, operator_ == FilterOperator::Empty);
-    if (operator_ == FilterOperator::Contains || operator_ == FilterOperator::StartsWith)
-      return textTest(index, *found, operator_, value_.toText());
-    return orderTest(index, *found, operator_, value_, upperValue_);
+    if (node_->comparison == FilterOperator::Empty || node_->comparison == FilterOperator::NotEmpty)
+      return emptyTest(index, *found, node_->comparison == FilterOperator::Empty);
+    if (node_->comparison == FilterOperator::Contains || node_->comparison == FilterOperator::StartsWith)
+      return textTest(index, *found, node_->comparison, node_->value.toText());
+    return orderTest(index, *found, node_->comparison, node_->value, node_->upperValue);
   }
   std::vector<RowTest> tests;
-  for (const FilterExpression& part : parts_) tests.push_back(part.compiled(fields));
-  if (kind_ == Kind::Not) return [test = tests.front()](const Row& row) { return !test(row); };
-  const bool decisive = kind_ == Kind::Any;
+  for (const FilterExpression& part : node_->parts) tests.push_back(part.compiled(fields));
+  if (node_->kind == Node::Kind::Not) return [test = tests.front()](const Row& row) { return !test(row); };
+  const bool decisive = node_->kind == Node::Kind::Any;
   return [tests = std::move(tests), decisive](const Row& row) {
     for (const RowTest& test : tests)
       if (test(row) == decisive) return decisive;
@@ -218,67 +233,67 @@ FilterExpression::RowTest FilterExpression::compiled(const std::vector<FieldInfo
 }
 
 QString FilterExpression::asSql(QHash<QString, Value>& parameters) const {
-  if (kind_ == Kind::Condition) {
-    const QString column = u'`' + QString(column_).replace(u'`', u"``"_s) + u'`';
+  if (node_->kind == Node::Kind::Condition) {
+    const QString column = u'`' + QString(node_->column).replace(u'`', u"``"_s) + u'`';
     const auto parameter = [&](const Value& value) {
       const QString name = u"F%1"_s.arg(parameters.size() + 1);
       parameters.insert(name, value);
       return u':' + name;
     };
     const QString empty = column + u" IS NULL OR "_s + column + u" IN ('', '0000-00-00')"_s;
-    switch (operator_) {
+    switch (node_->comparison) {
       case FilterOperator::Contains:
-        return column + u" LIKE "_s + parameter(u'%' + likeEscaped(value_.toText()) + u'%');
+        return column + u" LIKE "_s + parameter(u'%' + likeEscaped(node_->value.toText()) + u'%');
       case FilterOperator::StartsWith:
-        return column + u" LIKE "_s + parameter(likeEscaped(value_.toText()) + u'%');
+        return column + u" LIKE "_s + parameter(likeEscaped(node_->value.toText()) + u'%');
       case FilterOperator::Between: {
-        const QString lower = parameter(value_);
-        return column + u" BETWEEN "_s + lower + u" AND "_s + parameter(upperValue_);
+        const QString lower = parameter(node_->value);
+        return column + u" BETWEEN "_s + lower + u" AND "_s + parameter(node_->upperValue);
       }
       case FilterOperator::Empty:
         return u'(' + empty + u')';
       case FilterOperator::NotEmpty:
         return u"NOT ("_s + empty + u')';
       case FilterOperator::Equal:
-        return column + u" <=> "_s + parameter(value_);
+        return column + u" <=> "_s + parameter(node_->value);
       case FilterOperator::NotEqual:
-        return u"NOT ("_s + column + u" <=> "_s + parameter(value_) + u')';
+        return u"NOT ("_s + column + u" <=> "_s + parameter(node_->value) + u')';
       default:
-        return column + u' ' + sqlSign(operator_) + u' ' + parameter(value_);
+        return column + u' ' + sqlSign(node_->comparison) + u' ' + parameter(node_->value);
     }
   }
-  if (parts_.empty()) return kind_ == Kind::Any ? u"FALSE"_s : u"TRUE"_s;
+  if (node_->parts.empty()) return node_->kind == Node::Kind::Any ? u"FALSE"_s : u"TRUE"_s;
   QStringList pieces;
-  for (const FilterExpression& part : parts_) pieces += part.asSql(parameters);
-  if (kind_ == Kind::Not) return u"NOT COALESCE("_s + pieces.first() + u", FALSE)"_s;
-  return u'(' + pieces.join(kind_ == Kind::Any ? u" OR "_s : u" AND "_s) + u')';
+  for (const FilterExpression& part : node_->parts) pieces += part.asSql(parameters);
+  if (node_->kind == Node::Kind::Not) return u"NOT COALESCE("_s + pieces.first() + u", FALSE)"_s;
+  return u'(' + pieces.join(node_->kind == Node::Kind::Any ? u" OR "_s : u" AND "_s) + u')';
 }
 
 QString FilterExpression::asText(const std::function<QString(const QString&)>& captionOf) const {
-  if (kind_ == Kind::Condition) {
-    const QString caption = captionOf(column_).trimmed();
-    const QString value = u'"' + value_.toText() + u'"';
-    switch (operator_) {
+  if (node_->kind == Node::Kind::Condition) {
+    const QString caption = captionOf(node_->column).trimmed();
+    const QString value = u'"' + node_->value.toText() + u'"';
+    switch (node_->comparison) {
       case FilterOperator::Contains:
         return u"%1 içerir %2"_s.arg(caption, value);
       case FilterOperator::StartsWith:
         return u"%1 ile başlar %2"_s.arg(caption, value);
       case FilterOperator::Between:
-        return u"%1 arasında %2 ve \"%3\""_s.arg(caption, value, upperValue_.toText());
+        return u"%1 arasında %2 ve \"%3\""_s.arg(caption, value, node_->upperValue.toText());
       case FilterOperator::Empty:
         return u"%1 boş"_s.arg(caption);
       case FilterOperator::NotEmpty:
         return u"%1 boş değil"_s.arg(caption);
       default:
-        return u"%1 %2 %3"_s.arg(caption, sqlSign(operator_), value);
+        return u"%1 %2 %3"_s.arg(caption, sqlSign(node_->comparison), value);
     }
   }
   QStringList pieces;
-  for (const FilterExpression& part : parts_) {
-    const bool group = part.kind_ == Kind::All || part.kind_ == Kind::Any;
+  for (const FilterExpression& part : node_->parts) {
+    const bool group = part.node_->kind == Node::Kind::All || part.node_->kind == Node::Kind::Any;
     const QString text = part.asText(captionOf);
-    pieces += group && part.parts_.size() > 1 ? u'(' + text + u')' : text;
+    pieces += group && part.node_->parts.size() > 1 ? u'(' + text + u')' : text;
   }
-  if (kind_ == Kind::Not) return u"DEĞİL ("_s + pieces.first() + u')';
-  return pieces.join(kind_ == Kind::Any ? u" VEYA "_s : u" VE "_s);
+  if (node_->kind == Node::Kind::Not) return u"DEĞİL ("_s + pieces.first() + u')';
+  return pieces.join(node_->kind == Node::Kind::Any ? u" VEYA "_s : u" VE "_s);
 }

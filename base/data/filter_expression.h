@@ -1,14 +1,16 @@
 #pragma once
 
-#include "base/data/field_codec.h"
-#include "base/data/value.h"
-
+#include <QByteArrayView>
 #include <QHash>
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
+
+class Value;
+struct FieldInfo;
 
 enum class FilterOperator {
   Contains,
@@ -28,7 +30,9 @@ enum class FilterOperator {
 /// Turkish rules. One tree is evaluated in memory, sent to the server, or shown.
 class FilterExpression {
  public:
-  static FilterExpression condition(QString column, FilterOperator comparison, Value value = {}, Value upperValue = {});
+  static FilterExpression condition(const QString& column, FilterOperator comparison);
+  static FilterExpression condition(const QString& column, FilterOperator comparison, const Value& value);
+  static FilterExpression condition(const QString& column, FilterOperator comparison, const Value& value, const Value& upperValue);
   /// True when all parts are; an empty list is always true.
   static FilterExpression all(std::vector<FilterExpression> parts);
   /// True when one part is; an empty list is never true.
@@ -49,19 +53,15 @@ class FilterExpression {
   /// The parts that must all be true; one that is no such list is its own only part.
   std::vector<FilterExpression> conjuncts() const;
   /// Column of a single condition; empty for anything else.
-  const QString& column() const { return column_; }
+  const QString& column() const;
   /// How a single condition compares; without meaning for anything else.
-  FilterOperator comparison() const { return operator_; }
+  FilterOperator comparison() const;
 
   /// The tree in words, columns by the captions that captionOf gives.
   QString asText(const std::function<QString(const QString& column)>& captionOf) const;
 
  private:
-  enum class Kind { Condition, All, Any, Not };
-  Kind kind_ = Kind::All;
-  QString column_;
-  FilterOperator operator_ = FilterOperator::Equal;
-  Value value_;
-  Value upperValue_;
-  std::vector<FilterExpression> parts_;
+  struct Node;
+  explicit FilterExpression(Node node);
+  std::shared_ptr<const Node> node_;
 };

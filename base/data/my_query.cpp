@@ -1,8 +1,10 @@
 #include "base/data/my_query.h"
 
+#include "base/data/auto_refresh.h"
 #include "base/data/latin5.h"
 #include "base/data/my_query_rows.h"
 #include "base/data/sql_text.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/parallel.h"
 
@@ -46,8 +48,15 @@ QByteArray literalOf(const TMyConnection& connection, const QString& name, const
 const FieldInfo& Field::info() const { return query_->fieldInfo(index_); }
 bool Field::isNull() const { return value().isNull(); }
 Value Field::value() const { return query_->valueAt(query_->RecNo(), index_); }
+QString Field::asText() const { return value().toText(); }
+double Field::asDouble() const { return value().toDouble(); }
+qint64 Field::asInteger() const { return value().toInteger(); }
+QDate Field::asDate() const { return value().toDate(); }
+QTime Field::asTime() const { return value().toTime(); }
+void Field::Clear() const { set({}); }
 
-TMyQuery::TMyQuery(TMyConnection& connection, QString name) : connection_(connection), name_(std::move(name)) {}
+TMyQuery::TMyQuery(TMyConnection& connection, QString name)
+    : connection_(connection), name_(std::move(name)), parameters_(std::make_unique<QHash<QString, Value>>()) {}
 TMyQuery::~TMyQuery() {
   notify([](QueryListener& listener) { listener.queryEnds(); });
 }
@@ -60,7 +69,7 @@ TMyQuery& TMyQuery::ended() {
 
 Value& TMyQuery::ParamByName(const QString& name) {
   for (const QString& known : SqlText::names(SQL.text() + u'\n' + SQLDelete.text(), SqlText::TokenKind::Parameter))
-    if (folded(known) == folded(name)) return parameters_[folded(name)];
+    if (folded(known) == folded(name)) return (*parameters_)[folded(name)];
   throw EDatabaseError(u"Parameter '%1' not found"_s.arg(name), name_, SQL.text());
 }
 
@@ -91,7 +100,7 @@ QByteArray TMyQuery::rendered(const QString& text) const {
   for (const auto& token : SqlText::tokens(expanded)) {
     const QString piece = expanded.mid(token.begin, token.length);
     if (token.kind == Parameter)
-      statement += literalOf(connection_, piece.mid(1), parameters_.value(folded(piece.mid(1))));
+      statement += literalOf(connection_, piece.mid(1), parameters_->value(folded(piece.mid(1))));
     else
       statement += Latin5::encode(piece, name_);
   }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "base/data/auto_refresh.h"
+#include "base/data/field_codec.h"
 #include "base/data/filter_expression.h"
 #include "base/data/my_connection.h"
-#include "base/data/query_listener.h"
-#include "base/data/value.h"
 
+#include <QDateTime>
 #include <QHash>
 #include <QStringList>
 
@@ -14,8 +13,11 @@
 #include <optional>
 #include <span>
 
+class AutoRefresh;
 class Exception;
+class QueryListener;
 class TMyQuery;
+class Value;
 
 /// A statement's text, line by line.
 class StatementText {
@@ -36,18 +38,18 @@ class Field {
   const FieldInfo& info() const;
   bool isNull() const;
   Value value() const;
-  QString asText() const { return value().toText(); }
-  double asDouble() const { return value().toDouble(); }
-  qint64 asInteger() const { return value().toInteger(); }
-  QDate asDate() const { return value().toDate(); }
-  QTime asTime() const { return value().toTime(); }
+  QString asText() const;
+  double asDouble() const;
+  qint64 asInteger() const;
+  QDate asDate() const;
+  QTime asTime() const;
   /// The bytes as the server delivered them; for a blob its content.
   QByteArray asBytes() const;
   /// Puts a value into the row in edit; a text goes through the column's type ("5.3.2020", "1.250,50", "08:30").
   /// Throws EDatabaseError when the query is not in Edit or Insert, EConvertError for a text that does not convert,
   /// EUnstorableValue for a text that is too long or has a character that latin5 lacks.
   void set(const Value& value) const;
-  void Clear() const { set(Value()); }
+  void Clear() const;
 
  private:
   friend class TMyQuery;
@@ -242,7 +244,7 @@ class TMyQuery {
   TMyConnection& connection_;
   QString name_;
   QueryState state_ = QueryState::Inactive;
-  QHash<QString, Value> parameters_;
+  std::unique_ptr<QHash<QString, Value>> parameters_;
   QHash<QString, QString> macros_;
   std::vector<FieldInfo> fields_;
   QHash<QString, int> fieldByName_;

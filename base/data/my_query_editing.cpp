@@ -1,5 +1,6 @@
 #include "base/data/latin5.h"
 #include "base/data/my_query_rows.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 
 #include <mysql.h>
@@ -346,7 +347,7 @@ void TMyQuery::removeFromServer(Row original) {
   QByteArray statement;
   if (!told.isEmpty()) {
     for (int i = 0; i < fieldCount(); ++i)
-      parameters_[(u"old_"_s + fields_[size_t(i)].name).toCaseFolded()] =
+      (*parameters_)[(u"old_"_s + fields_[size_t(i)].name).toCaseFolded()] =
           original[i] == nullptr ? Value() : FieldCodec::decode(fields_[size_t(i)], cell(original, i));
     statement = rendered(told);
   } else {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/data/my_query.h"
+#include "base/data/query_listener.h"
 
 /// A row built at the client in the shape of the library's rows: one block of bytes, a pointer to each cell, and one
 /// pointer behind the last.

@@ -24,6 +24,22 @@ Match(Cases...) -> Match<Cases...>;
 
 }  // namespace
 
+Value::Value() = default;
+Value::Value(const Value&) = default;
+Value::Value(Value&&) noexcept = default;
+Value& Value::operator=(const Value&) = default;
+Value& Value::operator=(Value&&) noexcept = default;
+Value::~Value() = default;
+bool Value::operator==(const Value&) const = default;
+
+Value::Value(int number) : data_(qint64(number)) {}
+Value::Value(qint64 number) : data_(number) {}
+Value::Value(double number) : data_(number) {}
+Value::Value(Decimal number) : data_(std::move(number)) {}
+Value::Value(const QString& text) : data_(text) {}
+Value::Value(const QByteArray& bytes) : data_(bytes) {}
+Value::Value(ZeroDate zero) : data_(zero) {}
+
 Value::Value(QDate date) {
   if (date.isValid()) data_ = date;
 }

@@ -23,19 +23,25 @@ class Value {
  public:
   using Data = std::variant<std::monostate, qint64, double, Decimal, QString, QByteArray, QDate, QTime, QDateTime, ZeroDate>;
 
-  Value() = default;
-  Value(int number) : data_(qint64(number)) {}
-  Value(qint64 number) : data_(number) {}
-  Value(double number) : data_(number) {}
-  Value(Decimal number) : data_(std::move(number)) {}
-  Value(const QString& text) : data_(text) {}
-  Value(const QByteArray& bytes) : data_(bytes) {}
+  // All compiled once: the variant's parts cost every file that uses them dear.
+  Value();
+  Value(int number);
+  Value(qint64 number);
+  Value(double number);
+  Value(Decimal number);
+  Value(const QString& text);
+  Value(const QByteArray& bytes);
   Value(QDate date);
   Value(QTime time);
   Value(const QDateTime& moment);
-  Value(ZeroDate zero) : data_(zero) {}
+  Value(ZeroDate zero);
   Value(bool) = delete;
   Value(const char*) = delete;
+  Value(const Value&);
+  Value(Value&&) noexcept;
+  Value& operator=(const Value&);
+  Value& operator=(Value&&) noexcept;
+  ~Value();
 
   bool isNull() const { return data_.index() == 0; }
   const Data& data() const { return data_; }
@@ -49,7 +55,7 @@ class Value {
   QDate toDate() const;
   QTime toTime() const;
 
-  bool operator==(const Value&) const = default;
+  bool operator==(const Value&) const;
 
  private:
   Data data_;

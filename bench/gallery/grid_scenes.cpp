@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "bench/gallery/scene.h"
 
 #include "base/data/my_query.h"

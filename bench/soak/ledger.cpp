@@ -1,6 +1,7 @@
 #include "bench/soak/ledger.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 
 #include <algorithm>
 #include <map>

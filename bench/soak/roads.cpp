@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "bench/soak/station.h"
 
 #include "app/call_listener.h"

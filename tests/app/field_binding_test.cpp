@@ -1,4 +1,5 @@
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "app/quendUtils.h"
 #include "tests/support/picture.h"

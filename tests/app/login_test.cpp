@@ -2,6 +2,7 @@
 #include "base/data/latin5.h"
 #include "app/dmUnit.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/platform/machine.h"

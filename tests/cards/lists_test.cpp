@@ -1,4 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
+#include "base/data/value.h"
 #include "base/program_paths.h"
 #include "service/fservisfis_unit.h"
 #include "tests/cards/cards_fixture.h"

@@ -1,5 +1,6 @@
 // The list of calls gives what the plain three-way join gives.
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "comm/call_store.h"
 #include "simulator/telephone_monitor.h"
 #include "tests/support/test.h"

@@ -1,4 +1,5 @@
 // What each screen does with each outcome, step by step: requests, banners, pauses and words in their order.
+#include "base/data/value.h"
 #include "comm/sms_sequences.h"
 
 #include "comm/sms_text.h"

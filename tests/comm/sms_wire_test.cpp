@@ -1,4 +1,5 @@
 // The gateways' requests byte for byte, and what their answers come to.
+#include "base/data/value.h"
 #include "comm/sms_gateways.h"
 #include "tests/support/test.h"
 

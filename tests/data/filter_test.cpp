@@ -1,6 +1,7 @@
 #include "base/data/filter_expression.h"
 #include "base/data/latin5.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "tests/support/test.h"
 #include "tests/support/test_database.h"

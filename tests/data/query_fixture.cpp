@@ -1,5 +1,7 @@
 #include "tests/data/query_fixture.h"
 
+#include "base/data/value.h"
+
 QueryTest::QueryTest() : query(connection, u"qDeneme"_s) {}
 
 void QueryTest::SetUp() {

@@ -1,4 +1,6 @@
+#include "base/data/query_listener.h"
 #include "base/data/server_wait.h"
+#include "base/data/value.h"
 #include "tests/data/query_fixture.h"
 
 #include <cmath>

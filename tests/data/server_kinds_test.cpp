@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "tests/data/query_fixture.h"
 
 TEST_F(QueryTest, EveryServerIsAsLenientAndComparesAlike) {

@@ -1,4 +1,5 @@
 // The server goes at every packet of a save of the real form.
+#include "base/data/value.h"
 #include "base/log_file.h"
 #include "base/program_paths.h"
 #include "service/slip_fields.h"

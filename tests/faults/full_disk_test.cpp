@@ -1,4 +1,5 @@
 #include "app/parameter_files.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/ini_file.h"
 #include "base/log_file.h"

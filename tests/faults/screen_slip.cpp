@@ -1,6 +1,7 @@
 #include "tests/faults/screen_slip.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/environment.h"
 #include "base/exceptions.h"
 #include "tests/support/test_database.h"

@@ -1,4 +1,5 @@
 // Throws damaged answers and datagrams at every reader of the network. KVTK_FUZZ_SECONDS says how long, KVTK_FUZZ_SEED which.
+#include "base/data/value.h"
 #include "comm/caller_text.h"
 #include "comm/list_text.h"
 #include "comm/mail_message.h"

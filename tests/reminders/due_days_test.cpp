@@ -1,4 +1,5 @@
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/exceptions.h"
 #include "reminders/reminder_store.h"

@@ -1,3 +1,4 @@
+#include "base/data/auto_refresh.h"
 #include "base/data/server_wait.h"
 #include "base/date_text.h"
 #include "base/environment.h"

@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "base/guard.h"
 #include "tests/report/designer_fixture.h"
 #include "toolkit/edits/currency_edit.h"

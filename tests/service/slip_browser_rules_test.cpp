@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "service/slip_browser_rules.h"
 #include "tests/support/test.h"
 

@@ -1,6 +1,7 @@
 // The list of slips as a screen: the real form on the real database, dialogs answered by a script.
 #include "app/look.h"
 #include "app/quendUtils.h"
+#include "base/data/value.h"
 #include "service/fservisfissecUnit.h"
 #include "tests/service/slip_form_fixture.h"
 #include "tests/support/failure_at_removal.h"

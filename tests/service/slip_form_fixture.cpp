@@ -2,6 +2,7 @@
 
 #include "app/parameter_models.h"
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 
 #include <stdexcept>
 

@@ -1,4 +1,5 @@
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/edits/combo_edit.h"
 #include "toolkit/edits/lookup_edit.h"

@@ -1,4 +1,5 @@
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "service/slip_fields.h"
 #include "tests/service/slip_form_fixture.h"
 #include "toolkit/shell/wait_panel.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/data/my_query.h"
+#include "base/data/query_listener.h"
 #include "base/exceptions.h"
 
 /// Fails once a row of the query was deleted: what the server did in its transaction is to be taken back.

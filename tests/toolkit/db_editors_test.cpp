@@ -1,4 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
+#include "base/data/value.h"
 #include "base/guard.h"
 #include "tests/data/query_fixture.h"
 #include "tests/support/screen_test.h"

@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "tests/toolkit/grid_fixture.h"
 
 #include "toolkit/shell/key_state_panel.h"

@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "tests/toolkit/grid_fixture.h"
 
 #include "toolkit/grid/filter_cell.h"

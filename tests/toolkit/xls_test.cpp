@@ -1,3 +1,4 @@
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "tests/support/screen_test.h"
 #include "tests/toolkit/listed_content.h"

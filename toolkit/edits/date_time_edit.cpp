@@ -1,5 +1,6 @@
 #include "toolkit/edits/date_time_edit.h"
 
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/environment.h"
 #include "base/exceptions.h"

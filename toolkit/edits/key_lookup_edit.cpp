@@ -1,5 +1,6 @@
 #include "toolkit/edits/key_lookup_edit.h"
 
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "toolkit/edits/query_lookup.h"
@@ -12,14 +13,16 @@ QString complaintAbout(const QString& text) { return u"%1 listede yok."_s.arg(qu
 
 }  // namespace
 
-KeyLookupEdit::KeyLookupEdit(const KeyedLookup& source, QWidget* parent) : LookupEdit(parent), keyed_(source) {
+KeyLookupEdit::KeyLookupEdit(const KeyedLookup& source, QWidget* parent) : LookupEdit(parent), keyed_(source), key_(std::make_unique<Value>()) {
   setSource(&source);
-  connectGuarded(this, &LookupEdit::entryTaken, this, [this](int row) { key_ = keyed_.key(row); });
+  connectGuarded(this, &LookupEdit::entryTaken, this, [this](int row) { *key_ = keyed_.key(row); });
 }
+
+KeyLookupEdit::~KeyLookupEdit() = default;
 
 /// -1 for a text that is not listed.
 int KeyLookupEdit::chosenRow() const {
-  const int row = keyed_.rowOf(key_);
+  const int row = keyed_.rowOf(*key_);
   return row >= 0 && keyed_.text(row, 0) == text() ? row : findEntry(text().trimmed());
 }
 
@@ -32,7 +35,7 @@ Value KeyLookupEdit::editValue() const {
 
 void KeyLookupEdit::setEditValue(const Value& key) {
   sourceChanged();
-  key_ = key;
+  *key_ = key;
   setText(keyed_.textOfKey(key));
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "base/data/value.h"
 #include "toolkit/edits/lookup_edit.h"
+
+#include <memory>
 
 class KeyedLookup;
 
@@ -12,6 +13,7 @@ class KeyLookupEdit : public LookupEdit {
  public:
   /// The source must outlive the box.
   explicit KeyLookupEdit(const KeyedLookup& source, QWidget* parent = nullptr);
+  ~KeyLookupEdit() override;
 
   /// The key; NULL when empty.
   Value editValue() const override;
@@ -24,5 +26,5 @@ class KeyLookupEdit : public LookupEdit {
   int chosenRow() const;
 
   const KeyedLookup& keyed_;
-  Value key_;  ///< as long as its text stands in the box
+  std::unique_ptr<Value> key_;  ///< as long as its text stands in the box
 };

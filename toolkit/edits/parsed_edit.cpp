@@ -1,5 +1,6 @@
 #include "toolkit/edits/parsed_edit.h"
 
+#include "base/data/value.h"
 #include "base/exceptions.h"
 
 #include <algorithm>
@@ -27,6 +28,8 @@ void ParsedEdit::resetEdit(int) {
 }
 
 Value ParsedEdit::stepped(const Value&, int, int) const { return {}; }
+
+Value ParsedEdit::firstStep(int) const { return {}; }
 
 void ParsedEdit::keyDown(int& key, Qt::KeyboardModifiers modifiers) {
   const bool isArrow = key == Qt::Key_Up || key == Qt::Key_Down;

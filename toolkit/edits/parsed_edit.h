@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/data/value.h"
 #include "toolkit/edits/edit_box.h"
 
 /// A box whose text stands for a value. On leaving, a text that can be read takes its usual form; one that cannot stays as
@@ -39,7 +38,7 @@ class ParsedEdit : public EditBox {
   /// for a box without parts.
   virtual Value stepped(const Value& from, int part, int by) const;
   /// What Up and Down bring into an empty box; NULL for nothing.
-  virtual Value firstStep(int) const { return {}; }
+  virtual Value firstStep(int) const;
 
   void keyDown(int& key, Qt::KeyboardModifiers modifiers) override;
   void keyPress(QString& characters) override;

@@ -1,6 +1,7 @@
 #include "toolkit/edits/query_lookup.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 
 int QueryLookup::rowCount() const { return query_->Active() ? query_->RecordCount() : 0; }
 

@@ -1,5 +1,6 @@
 #include "toolkit/edits/spin_edit.h"
 
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 

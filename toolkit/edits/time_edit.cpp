@@ -1,5 +1,6 @@
 #include "toolkit/edits/time_edit.h"
 
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/environment.h"
 

@@ -1,6 +1,7 @@
 #include "toolkit/grid/grid_condition.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/exceptions.h"
 #include "base/turkish_text.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/data/field_codec.h"
 #include "base/data/filter_expression.h"
 #include "toolkit/grid/grid_column.h"
 

@@ -1,6 +1,7 @@
 #include "toolkit/grid/grid_content.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "toolkit/grid/grid_model.h"
 
 GridContent::GridContent(const GridModel& model, std::vector<int> columns, const std::function<int(int)>& widthOf, bool expanded)

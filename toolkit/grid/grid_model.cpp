@@ -1,6 +1,7 @@
 #include "toolkit/grid/grid_model.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/number_text.h"

@@ -1,6 +1,7 @@
 #include "toolkit/grid/grid_rows.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/parallel.h"
 #include "toolkit/grid/cell_order.h"
 

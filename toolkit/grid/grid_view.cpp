@@ -1,6 +1,7 @@
 #include "toolkit/grid/grid_view.h"
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/turkish_text.h"

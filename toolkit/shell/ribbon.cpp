@@ -9,6 +9,7 @@
 #include <QBoxLayout>
 #include <QCursor>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QShortcut>
 #include <QToolButton>

@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
+#include <QTableView>
 #include <QSplitter>
 #include <QTabBar>
 #include <QTabWidget>
