@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int expressionRole = Qt::UserRole;
-constexpr double meaningShare = 0.6;  ///< of the list's width
+constexpr double meaningShare = 0.62;  ///< of the list's width
 
 /// Drags an entry's expression. The meanings take more room than the names, which their tool tips tell as well.
 class NameTree : public QTreeWidget {

@@ -63,8 +63,10 @@ class PropertyDelegate : public QStyledItemDelegate {
     });
   }
   void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option, const QModelIndex&) const override {
-    // What needs more than its row covers the next ones, or those before it at the end of the list.
-    QRect place(option.rect.topLeft(), QSize(option.rect.width(), std::max(option.rect.height(), editor->minimumSizeHint().height())));
+    // What needs more than its cell covers the next rows, or those before it at the end of the list, and the caption's end.
+    const QSize least = editor->minimumSizeHint();
+    QRect place(option.rect.topLeft(), QSize(option.rect.width(), std::max(option.rect.height(), least.height())));
+    place.setLeft(std::max(0, std::min(place.left(), place.right() + 1 - least.width())));
     place.moveBottom(std::max(place.height() - 1, std::min(place.bottom(), inspector_.table()->viewport()->height() - 1)));
     editor->setGeometry(place);
   }
@@ -98,7 +100,7 @@ class PropertyTable : public QTableView {
   void resizeEvent(QResizeEvent* event) override {
     QTableView::resizeEvent(event);
     guarded(this, [&] {
-      constexpr double mostShare = 0.58;
+      constexpr double mostShare = 0.62;
       setColumnWidth(0, std::min(captions_, static_cast<int>(viewport()->width() * mostShare)));
       setColumnWidth(1, viewport()->width() - columnWidth(0));
     });

@@ -125,10 +125,9 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
     connectGuarded(box, &CurrencyEdit::textChanged, this, [this] { showSheet(); });
   }
   picture_->setFixedSize(pictureRoom);
-  told_->setWordWrap(true);
+  form->addWidget(told_, form->rowCount(), 0, 1, 4);
   auto* side = new QVBoxLayout;
   side->addWidget(picture_);
-  side->addWidget(told_);
   side->addStretch(1);
   auto* filled = new QVBoxLayout;
   filled->addLayout(form);

@@ -36,7 +36,6 @@ constexpr int draftPauseMs = 60'000;
 constexpr double paneShare = 0.22;   ///< of the window's width
 constexpr int leastPane = 170;
 constexpr int mostPane = 300;
-constexpr int toolsWidth = 40;
 constexpr int leastWithLists = 560;  ///< width of a window that has room for the lists beside the page
 constexpr int leastWithBoth = 760;
 
@@ -83,15 +82,19 @@ void ReportDesigner::build() {
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addWidget(buildBars());
+  QWidget* tools = buildTools();  // made first: the keyboard goes to what was
   parts_ = new QSplitter(this);
-  left_ = buildLeft();
-  parts_->addWidget(left_);
+  parts_->addWidget(buildLists());
   parts_->addWidget(buildMiddle());
   parts_->addWidget(inspector_);
   parts_->setStretchFactor(1, 1);
   parts_->setChildrenCollapsible(false);
   connectGuarded(parts_, &QSplitter::splitterMoved, this, [this] { arePanesChosen_ = true; });
-  column->addWidget(parts_, 1);
+  auto* row = new QHBoxLayout;
+  row->setSpacing(0);
+  row->addWidget(tools);
+  row->addWidget(parts_, 1);
+  column->addLayout(row, 1);
   column->addWidget(buildStatus());
   showPages();
 }
@@ -149,12 +152,8 @@ QWidget* ReportDesigner::buildBars() {
   return bars;
 }
 
-QWidget* ReportDesigner::buildLeft() {
-  auto* left = new QWidget(this);
-  auto* row = new QHBoxLayout(left);
-  row->setContentsMargins(0, 0, 0, 0);
-  row->setSpacing(0);
-  auto* tools = new QToolBar(left);
+QWidget* ReportDesigner::buildTools() {
+  auto* tools = new QToolBar(this);
   tools->setOrientation(Qt::Vertical);
   tools->setIconSize(QSize(22, 22));
   actions_->fill(*tools, {u"toolSelect"_s, {}, u"toolText"_s, u"toolBarcode"_s, u"toolLine"_s, u"toolRectangle"_s, u"toolPicture"_s, u"toolCheckMark"_s,
@@ -168,17 +167,20 @@ QWidget* ReportDesigner::buildLeft() {
   bands->setPopupMode(QToolButton::InstantPopup);
   bands->setMenu(bandMenu(bands));
   tools->addWidget(bands);
-  row->addWidget(tools);
-  lists_ = new QTabWidget(left);
+  return tools;
+}
+
+QWidget* ReportDesigner::buildLists() {
+  lists_ = new QTabWidget(this);
   lists_->setDocumentMode(true);
   lists_->setUsesScrollButtons(false);
   lists_->setElideMode(Qt::ElideRight);
-  data_ = new DataList(left);
-  faults_ = new FaultList(*canvas_, sample_, left);
+  data_ = new DataList(lists_);
+  faults_ = new FaultList(*canvas_, sample_, lists_);
   lists_->addTab(data_, u"Veri"_s);
-  lists_->addTab(new ObjectTree(*canvas_, left), u"Nesneler"_s);
+  lists_->addTab(new ObjectTree(*canvas_, lists_), u"Nesneler"_s);
   lists_->addTab(faults_, u"Hatalar"_s);
-  row->addWidget(lists_, 1);
+  for (int place = 0; place < lists_->count(); ++place) lists_->setTabToolTip(place, lists_->tabText(place));
   connectGuarded(data_, &DataList::nameChosen, this, [this](const QString& name, bool isBarcode) {
     const NodeKind kind = isBarcode ? NodeKind::Barcode : NodeKind::Text;
     const std::vector<ReportNode*> selected = editor_.selectedObjects();
@@ -189,7 +191,7 @@ QWidget* ReportDesigner::buildLeft() {
   connectGuarded(faults_, &FaultList::searched, this, [this](int count) {
     lists_->setTabText(2, count == 0 ? u"Hatalar"_s : u"Hatalar (%1)"_s.arg(count));
   });
-  return left;
+  return lists_;
 }
 
 QWidget* ReportDesigner::buildMiddle() {
@@ -285,7 +287,7 @@ void ReportDesigner::menuAt(QPoint global) {
 void ReportDesigner::focusNextPane(bool isBack) {
   std::vector<QWidget*> panes = {canvas_};
   if (inspector_->isVisible()) panes.push_back(inspector_->table());
-  if (left_->isVisible()) panes.push_back(lists_->currentWidget());
+  if (lists_->isVisible()) panes.push_back(lists_->currentWidget());
   size_t now = 0;
   for (size_t pane = 0; pane < panes.size(); ++pane)
     if (panes[pane]->hasFocus() || panes[pane]->isAncestorOf(focusWidget())) now = pane;
@@ -303,9 +305,9 @@ void ReportDesigner::showPane(QWidget* pane, bool isShown) {
 void ReportDesigner::arrangePanes() {
   if (arePanesChosen_) return;
   const int side = std::clamp(static_cast<int>(width() * paneShare), leastPane, mostPane);
-  left_->setVisible(width() >= leastWithLists);
+  lists_->setVisible(width() >= leastWithLists);
   inspector_->setVisible(width() >= leastWithBoth);
-  parts_->setSizes({side + toolsWidth, width() - 2 * side - toolsWidth, side});
+  parts_->setSizes({side, width() - 2 * side, side});
   actions_->update();
 }
 
@@ -323,7 +325,7 @@ QToolButton* ReportDesigner::foldButton(const QString& action) {
 }
 
 void ReportDesigner::showList(int place) {
-  showPane(left_, true);
+  showPane(lists_, true);
   lists_->setCurrentIndex(place);
   QWidget* list = lists_->widget(place) == data_ ? data_->list() : lists_->widget(place);
   list->setFocus(Qt::ShortcutFocusReason);
@@ -335,12 +337,12 @@ void ReportDesigner::showNextPage(int by) {
   editor_.showPage(*all[size_t(now + by + std::ssize(all)) % all.size()]);
 }
 
-QByteArray ReportDesigner::state() const { return parts_->saveState() + char('0' + left_->isVisibleTo(this) + 2 * inspector_->isVisibleTo(this)); }
+QByteArray ReportDesigner::state() const { return parts_->saveState() + char('0' + lists_->isVisibleTo(this) + 2 * inspector_->isVisibleTo(this)); }
 
 void ReportDesigner::restoreState(const QByteArray& state) {
   if (state.isEmpty() || !parts_->restoreState(state.chopped(1))) return;
   arePanesChosen_ = true;
-  left_->setVisible((state.back() - '0') & 1);
+  lists_->setVisible((state.back() - '0') & 1);
   inspector_->setVisible((state.back() - '0') & 2);
   actions_->update();
 }

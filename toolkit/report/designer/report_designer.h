@@ -65,7 +65,8 @@ class ReportDesigner : public QWidget {
   void build();
   QWidget* buildBars();
   QMenu* bandMenu(QWidget* owner);
-  QWidget* buildLeft();
+  QWidget* buildTools();
+  QWidget* buildLists();
   QWidget* buildMiddle();
   QWidget* buildStatus();
   void showPages();
@@ -114,7 +115,6 @@ class ReportDesigner : public QWidget {
   QLabel* message_ = nullptr;
   QLabel* zoomText_ = nullptr;
   QSplitter* parts_ = nullptr;
-  QWidget* left_ = nullptr;
   bool arePanesChosen_ = false;
   QTimer* draftTimer_;
 };

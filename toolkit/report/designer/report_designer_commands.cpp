@@ -128,8 +128,8 @@ void ReportDesigner::addViewCommands() {
     actions_->add({name, caption, {}, QKeySequence(key), [this, place] { showList(place); }});
     ++place;
   }
-  actions_->add({u"lists"_s, u"Soldaki listeler"_s, u"sidebar-collapse-left"_s, QKeySequence(Qt::Key_F8), [this] { showPane(left_, !left_->isVisibleTo(this)); }, {},
-                 [this] { return left_ && left_->isVisibleTo(this); }});
+  actions_->add({u"lists"_s, u"Soldaki listeler"_s, u"sidebar-collapse-left"_s, QKeySequence(Qt::Key_F8), [this] { showPane(lists_, !lists_->isVisibleTo(this)); }, {},
+                 [this] { return lists_ && lists_->isVisibleTo(this); }});
   actions_->add({u"inspector"_s, u"Sağdaki özellikler"_s, u"sidebar-collapse-right"_s, QKeySequence(Qt::Key_F9), [this] { showPane(inspector_, !inspector_->isVisibleTo(this)); }, {},
                  [this] { return inspector_->isVisibleTo(this); }});
   actions_->add({u"nextPane"_s, u"Sonraki bölme"_s, {}, QKeySequence(Qt::Key_F7), [this] { focusNextPane(false); }});
