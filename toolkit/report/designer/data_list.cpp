@@ -22,6 +22,7 @@ namespace {
 
 constexpr int expressionRole = Qt::UserRole;
 constexpr double meaningShare = 0.62;  ///< of the list's width
+constexpr int leastForNames = 190;     ///< width of a list that has room for names beside the meanings
 
 /// Drags an entry's expression. The meanings take more room than the names, which their tool tips tell as well.
 class NameTree : public QTreeWidget {
@@ -61,8 +62,10 @@ class NameTree : public QTreeWidget {
   void resizeEvent(QResizeEvent* event) override {
     QTreeWidget::resizeEvent(event);
     guarded(this, [&] {
-      setColumnWidth(0, static_cast<int>(viewport()->width() * meaningShare));
-      setColumnWidth(1, viewport()->width() - columnWidth(0));
+      const int width = viewport()->width();
+      setColumnHidden(1, width < leastForNames);
+      setColumnWidth(0, isColumnHidden(1) ? width : static_cast<int>(width * meaningShare));
+      setColumnWidth(1, width - columnWidth(0));
     });
   }
 };

@@ -22,6 +22,7 @@
 #include <QSplitter>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -296,6 +297,7 @@ void ReportDesigner::focusNextPane(bool isBack) {
 }
 
 void ReportDesigner::showPane(QWidget* pane, bool isShown) {
+  if (pane->isVisibleTo(this) == isShown) return;
   arePanesChosen_ = true;
   if (!isShown && pane->isAncestorOf(focusWidget())) canvas_->setFocus();
   pane->setVisible(isShown);

@@ -136,6 +136,7 @@ void ReportDesigner::addViewCommands() {
   actions_->add({u"previousPane"_s, u"Önceki bölme"_s, {}, QKeySequence(u"Shift+F7"_s), [this] { focusNextPane(true); }});
   actions_->add({u"inspect"_s, u"Özellikler"_s, u"document-properties"_s, QKeySequence(Qt::Key_F4), [this] {
                    showPane(inspector_, true);
-                   inspector_->edit(u"text");
+                   // A pane that was folded has to have its place first.
+                   postGuarded(this, [this] { inspector_->edit(u"text"); });
                  }});
 }
