@@ -11,7 +11,12 @@ inline DesignSample sampleData() {
   sample.data.declareVariable(QStringLiteral("FIS_NO"), QStringLiteral("Fiş numarası"));
   sample.data.setExpression(QStringLiteral("FIS_NO"), QStringLiteral("'10482'"));
   sample.data.declareVariable(QStringLiteral("MUSTERI_ADI"), QStringLiteral("Müşterinin adı"));
-  sample.data.addRows(QStringLiteral("Malzeme"), std::make_shared<ListedRows>(QStringList{QStringLiteral("AD")}, std::vector<std::vector<ReportValue>>{{QStringLiteral("Kayış")}}), QStringLiteral("Parçalar"));
+  sample.data.declareVariable(QStringLiteral("TUTAR"), QStringLiteral("Tutar"));
+  sample.data.setExpression(QStringLiteral("TUTAR"), QStringLiteral("400"));
+  sample.data.addRows(QStringLiteral("Malzeme"),
+                      std::make_shared<ListedRows>(QStringList{QStringLiteral("AD"), QStringLiteral("ADET"), QStringLiteral("FIYAT")},
+                                                   std::vector<std::vector<ReportValue>>{{QStringLiteral("Kayış"), 2.0, 12.0}, {QStringLiteral("Fan"), 1.0, 7.5}}),
+                      QStringLiteral("Parçalar"));
   sample.barcodes.insert(QStringLiteral("FIS_NO_BARKOD"), QStringLiteral("10482"));
   return sample;
 }

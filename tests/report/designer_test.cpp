@@ -122,6 +122,10 @@ TEST_F(DesignerTest, ObjectsAreDrawnWithTheirToolsAndDroppedFromTheData) {
   expectStep(u"Metni yaz"_s, [&] { drop("MUSTERI_ADI", at(25, 18), {}); });
   EXPECT_EQ(editor().root().children().front()->children().front()->children().front()->text(u"text"), u"[MUSTERI_ADI]") << "the empty barcode takes it";
   EXPECT_EQ(std::ssize(node(u"B"_s)->children()), count);
+  for (const auto& [name, format] : {std::pair("TUTAR", u",0.00"_s), std::pair("Malzeme.FIYAT", u",0.00"_s), std::pair("Malzeme.ADET", QString())}) {
+    drop(name, at(20, 62), {});
+    EXPECT_EQ(editor().selection().front()->text(u"format"), format) << name;
+  }
   // A picture is asked for when it has been drawn.
   dialogs.file = folder.filePath(u"logo.png"_s);
   QImage(2, 2, QImage::Format_RGB32).save(dialogs.file);

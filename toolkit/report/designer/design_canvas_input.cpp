@@ -275,9 +275,9 @@ void DesignCanvas::dropEvent(QDropEvent* event) {
     const Dropping dropped = droppingAt(*event);
     dropping_.reset();
     if (dropped.filled)
-      commands_.fill(*dropped.filled, name);
+      commands_.fill(*dropped.filled, name, usualFormat(name, sample_));
     else
-      commands_.addName(dropped.kind, dropped.rect, name);
+      commands_.addName(dropped.kind, dropped.rect, name, usualFormat(name, sample_));
     Q_EMIT told({});
     setFocus(Qt::OtherFocusReason);
   });

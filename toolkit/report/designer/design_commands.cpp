@@ -222,16 +222,17 @@ ReportNode* DesignCommands::addObject(NodeKind kind, const QRectF& rect, const Q
   return editor_.insert(u"%1 ekle"_s.arg(kindCaption(kind)), *parent, parent->children().size(), std::move(object));
 }
 
-ReportNode* DesignCommands::addName(NodeKind kind, const QRectF& rect, const QString& name) {
+ReportNode* DesignCommands::addName(NodeKind kind, const QRectF& rect, const QString& name, const QString& format) {
   const Gesture step(editor_, u"%1 ekle"_s.arg(kindCaption(kind)));
   ReportNode* made = addObject(kind, rect);
-  fill(*made, name);
+  fill(*made, name, format);
   return made;
 }
 
-void DesignCommands::fill(ReportNode& object, const QString& name) {
+void DesignCommands::fill(ReportNode& object, const QString& name, const QString& format) {
   const Gesture step(editor_, u"Metni yaz"_s);
   editor_.change(u"Metni yaz"_s, object, u"text"_s, u'[' + name + u']');
+  if (!format.isEmpty() && findProperty(object.kind(), u"format")) editor_.change(u"Metni yaz"_s, object, u"format"_s, format);
   ReportNode& band = *object.parent();
   const qsizetype point = name.indexOf(u'.');
   if (point > 0 && band.kind() == NodeKind::Band && band.text(u"kind") == u"rows" && band.text(u"data").isEmpty())

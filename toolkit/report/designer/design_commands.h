@@ -35,9 +35,9 @@ class DesignCommands {
   /// show one, isUpward for lines.
   ReportNode* addObject(NodeKind kind, const QRectF& rect, const QString& text = {}, bool isUpward = false);
   /// Puts a name of the data down. A field makes a band of rows that has none yet go through the rows of its data set.
-  ReportNode* addName(NodeKind kind, const QRectF& rect, const QString& name);
+  ReportNode* addName(NodeKind kind, const QRectF& rect, const QString& name, const QString& format = {});
   /// Makes a name of the data the text of an object that is there; as addName otherwise.
-  void fill(ReportNode& object, const QString& name);
+  void fill(ReportNode& object, const QString& name, const QString& format = {});
   /// Where the next object goes when nobody shows a place, on the paper.
   QRectF freePlace(NodeKind kind) const;
   static QSizeF usualSize(NodeKind kind);

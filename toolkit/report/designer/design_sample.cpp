@@ -2,6 +2,8 @@
 
 #include "base/environment.h"
 
+#include <cmath>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -81,6 +83,25 @@ ReportDocument filledWith(const ReportDocument& document, const DesignSample& sa
 bool waitsForText(const ReportNode& object, const DesignSample& sample) {
   if (!has(object, u"text") || !object.text(u"text").isEmpty() || object.flag(u"locked")) return false;
   return !sample.barcodes.contains(object.name()) && !sample.richTexts.contains(object.name());
+}
+
+QString usualFormat(const QString& name, const DesignSample& sample) {
+  const QString amount = u",0.00"_s;
+  const qsizetype point = name.indexOf(u'.');
+  if (point < 0) {
+    const int variable = sample.data.findVariable(ReportData::folded(name));
+    return variable >= 0 && std::holds_alternative<double>(sample.data.variables()[size_t(variable)].value) ? amount : QString();
+  }
+  // A count is a number as well: a field is an amount when one of its rows has a fraction.
+  const int set = sample.data.findRows(ReportData::folded(name.left(point)));
+  if (set < 0) return {};
+  const ReportDataSet& found = sample.data.dataSets()[size_t(set)];
+  const int field = found.fields.value(ReportData::folded(name.mid(point + 1)), -1);
+  for (int row = 0; field >= 0 && row < found.rows->rowCount(); ++row) {
+    const ReportValue value = found.rows->value(row, field);
+    if (const auto* number = std::get_if<double>(&value); number && *number != std::floor(*number)) return amount;
+  }
+  return {};
 }
 
 SampleContext::SampleContext(const DesignSample& sample, const ReportNode& node, int row) {

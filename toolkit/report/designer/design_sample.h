@@ -20,6 +20,9 @@ ReportDocument filledWith(const ReportDocument& document, const DesignSample& sa
 /// Whether an object has an empty text that nobody fills: the next datum is for it.
 bool waitsForText(const ReportNode& object, const DesignSample& sample);
 
+/// How a name of the data is written when it is put down: amounts with two places, anything else as it is.
+QString usualFormat(const QString& name, const DesignSample& sample);
+
 /// Where the data stand for a band, or for that of an object: at that row of its data set.
 class SampleContext {
  public:

@@ -186,8 +186,10 @@ QWidget* ReportDesigner::buildLists() {
     const NodeKind kind = isBarcode ? NodeKind::Barcode : NodeKind::Text;
     const std::vector<ReportNode*> selected = editor_.selectedObjects();
     // What has been drawn and shows nothing yet waits for it.
-    if (selected.size() == 1 && waitsForText(*selected.front(), sample_) && (!isBarcode || selected.front()->kind() == kind)) return commands_.fill(*selected.front(), name);
-    canvas_->ensureSeen(*commands_.addName(kind, commands_.freePlace(kind), name));
+    const QString format = usualFormat(name, sample_);
+    if (selected.size() == 1 && waitsForText(*selected.front(), sample_) && (!isBarcode || selected.front()->kind() == kind))
+      return commands_.fill(*selected.front(), name, format);
+    canvas_->ensureSeen(*commands_.addName(kind, commands_.freePlace(kind), name, format));
   });
   connectGuarded(faults_, &FaultList::searched, this, [this](int count) {
     lists_->setTabText(2, count == 0 ? u"Hatalar"_s : u"Hatalar (%1)"_s.arg(count));

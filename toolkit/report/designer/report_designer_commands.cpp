@@ -135,8 +135,8 @@ void ReportDesigner::addViewCommands() {
   actions_->add({u"nextPane"_s, u"Sonraki bölme"_s, {}, QKeySequence(Qt::Key_F7), [this] { focusNextPane(false); }});
   actions_->add({u"previousPane"_s, u"Önceki bölme"_s, {}, QKeySequence(u"Shift+F7"_s), [this] { focusNextPane(true); }});
   actions_->add({u"inspect"_s, u"Özellikler"_s, u"document-properties"_s, QKeySequence(Qt::Key_F4), [this] {
+                   if (inspector_->isVisible()) return inspector_->edit(u"text");
                    showPane(inspector_, true);
-                   // A pane that was folded has to have its place first.
-                   postGuarded(this, [this] { inspector_->edit(u"text"); });
+                   postGuarded(this, [this] { inspector_->edit(u"text"); });  // when it has its place
                  }});
 }
