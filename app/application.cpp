@@ -8,6 +8,7 @@
 #include "app/look.h"
 #include "app/parameters.h"
 #include "app/ports.h"
+#include "base/platform/heap.h"
 #include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "cards/customer_devices.h"
@@ -159,6 +160,7 @@ void fillPorts() {
 }
 
 int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
+  giveBackLargeBlocks();
   nameTimeZone();
   Application application(argc, argv);
   QCoreApplication::setApplicationName(u"Torvane Teknik Servis Takip"_s);
