@@ -2,10 +2,12 @@
 
 #include "base/exceptions.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QTimer>
 
 #include <cstdio>
+#include <exception>
 #include <utility>
 #include <vector>
 
@@ -44,6 +46,11 @@ UnhandledHandler setUnhandledHandler(UnhandledHandler next) { return std::exchan
 
 void reportUnhandled(QObject* sender) noexcept {
   try {
+    if (GuardedPause::isOn() && QCoreApplication::instance() != nullptr)
+      // A message would wait for a click on its button, which is kept until the pause ends.
+      return GuardedPause::keep(QCoreApplication::instance(), [error = std::current_exception(), from = QPointer<QObject>(sender)] {
+        guarded(from, [&] { std::rethrow_exception(error); });
+      });
     try {
       throw;
     } catch (const EAbort&) {

@@ -13,7 +13,7 @@ using UnhandledHandler = std::function<void(QObject* sender, const std::exceptio
 /// Sets the application's handler and gives back the one before. Without one, errors go to the standard error stream.
 UnhandledHandler setUnhandledHandler(UnhandledHandler handler);
 
-/// Hands the exception in flight to the handler. Call inside a catch block only; lets nothing out.
+/// Hands the exception in flight to the handler, after the pause that is on. Call inside a catch block only; lets nothing out.
 void reportUnhandled(QObject* sender) noexcept;
 
 /// Runs what an event handler has to do; no exception leaves it, so none crosses a Qt frame.

@@ -509,6 +509,20 @@ TEST_F(RibbonTest, LettersRunCommandsAndLeaveTheKeyboardWhereItWas) {
   EXPECT_TRUE(editor.hasFocus());
 }
 
+TEST(GuardTest, AnErrorInTheMiddleOfAWaitIsToldWhenItsMessageCanBeAnswered) {
+  int told = 0;
+  QTimer event;
+  setUnhandledHandler([&](QObject* sender, const std::exception&) { told += sender == &event; });
+  {
+    const GuardedPause waiting;
+    guarded(&event, [] { throw std::runtime_error("lost"); });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, 0);
+  }
+  EXPECT_TRUE(QTest::qWaitFor([&] { return told == 1; }));
+  setUnhandledHandler({});
+}
+
 TEST(KeyStatePanelTest, InsertTogglesOncePerPress) {
   KeyStatePanel panel;
   QLineEdit editor;
