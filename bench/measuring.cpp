@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include <malloc.h>
 #include <mysql.h>
 
 #include <algorithm>
@@ -58,6 +59,11 @@ double Measuring::residentMegabytes() {
   for (const QByteArray& line : file.readAll().split('\n'))
     if (line.startsWith("VmRSS:")) return line.mid(6).trimmed().split(' ').first().toDouble() / 1024;
   return 0;
+}
+
+double Measuring::heapMegabytes() {
+  const struct mallinfo2 heap = mallinfo2();
+  return double(heap.uordblks + heap.hblkhd) / (1024 * 1024);
 }
 
 void Measuring::open(TMyConnection& connection) {

@@ -21,6 +21,8 @@ double best(const std::function<void()>& work, int times = 5);
 double ratio(const std::function<void()>& ours, const std::function<void()>& other, int times = 5);
 /// Memory that the process holds now.
 double residentMegabytes();
+/// What of it the program itself has asked for and not given back.
+double heapMegabytes();
 
 /// Connects as the master account to the server in KVTK_COMPUTER_NAME.
 void open(TMyConnection& connection);

@@ -9,9 +9,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QPushButton>
 #include <QThread>
 
+#include <algorithm>
 #include <atomic>
 #include <memory>
 #include <semaphore>
@@ -45,6 +47,23 @@ bool closeOne() {
   if (slips.isEmpty()) return isIdle();
   slips.back()->parentWidget()->close();
   return false;
+}
+
+/// Presses the button once the message is in front: another one may have come up over it. isOpen lives as long as the message.
+void answer(const QString& message, const QString& caption, const std::weak_ptr<bool>& isOpen) {
+  postGuarded(
+      qApp,
+      [message, caption, isOpen] {
+        if (isOpen.expired()) return;
+        answer(message, caption, isOpen);
+        const QDialog* dialog = dialogInFront();
+        if (dialog == nullptr) return;
+        const QList<QLabel*> texts = dialog->findChildren<QLabel*>();
+        if (std::none_of(texts.begin(), texts.end(), [&](const QLabel* text) { return text->text() == message; })) return;
+        for (QPushButton* button : dialog->findChildren<QPushButton*>())
+          if (button->text() == caption) return button->click();
+      },
+      readingMs);
 }
 
 }  // namespace
@@ -102,16 +121,8 @@ void runCommandIn(const QObject& window, const QString& objectName) {
 int Answers::runTaskDialog(QWidget* owner, const TaskDialogRequest& request) {
   // Whoever is asked whether to write over another one's row says now this and now that; everything else is confirmed.
   const bool givesUp = request.text == ConflictText::changedMeanwhile() && chance_.oneIn(2);
-  const QString caption = (givesUp ? request.buttons.back() : request.buttons.front()).caption;
-  postGuarded(
-      qApp,
-      [caption] {
-        const QDialog* dialog = dialogInFront();
-        if (dialog == nullptr) return;
-        for (QPushButton* button : dialog->findChildren<QPushButton*>())
-          if (button->text() == caption) return button->click();
-      },
-      readingMs);
+  const auto isOpen = std::make_shared<bool>(true);
+  answer(request.text, (givesUp ? request.buttons.back() : request.buttons.front()).caption, isOpen);
   return DialogDriver::runTaskDialog(owner, request);
 }
 

@@ -35,6 +35,7 @@
 
 #include <array>
 #include <cstdio>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -83,36 +84,48 @@ Roads::Roads(QString name, unsigned seed, LineState& line) : name_(std::move(nam
 
 QString Roads::nextToken() { return u"%1-%2"_s.arg(name_).arg(++tokens_); }
 
+struct Roads::Road {
+  int times;  ///< among one walk of all
+  QString name;
+  std::function<void(Roads&)> go;
+};
+
+const std::vector<Roads::Road>& Roads::all() {
+  static const std::vector<Road> roads{
+      {10, u"new slip"_s, &Roads::takeIn},
+      {9, u"changed slip"_s, &Roads::change},
+      {2, u"deleted slip"_s, &Roads::remove},
+      {2, u"list of slips"_s, &Roads::lookAtSlips},
+      {1, u"customers"_s, [](Roads& each) { each.lookAtCards(u"dxBarButton16"_s); }},
+      {1, u"devices"_s, [](Roads& each) { each.lookAtCards(u"dxBarButton17"_s); }},
+      {1, u"firms"_s, [](Roads& each) { each.lookAtCards(u"dxBarButton18"_s); }},
+      {1, u"service types"_s, [](Roads& each) { each.lookAtCards(u"dxBarButton22"_s); }},
+      {1, u"customer"_s, &Roads::changeCustomer},
+      {1, u"statistics"_s, &Roads::lookAtStatistics},
+      {1, u"contract"_s, &Roads::writeContract},
+      {1, u"reminders"_s, &Roads::lookAtReminders},
+      {1, u"call"_s, &Roads::takeCall},
+      {1, u"SMS account"_s, &Roads::signIn},
+      {1, u"bulk SMS"_s, &Roads::sendToMany},
+      {1, u"mail account"_s, &Roads::tryMail},
+      {2, u"receipt"_s, &Roads::previewReceipt},
+      {1, u"parameters"_s, [](Roads& each) { each.openAndClose(u"parameters"_s); }},
+      {1, u"company"_s, [](Roads& each) { each.openAndClose(u"company"_s); }},
+      {1, u"windows"_s, &Roads::arrangeWindows},
+  };
+  return roads;
+}
+
 void Roads::goOne() {
-  const QString road = [this] {
-    // Each once, so that what a road keeps for the next time is there when the memory is measured; then as it comes.
-    const int number = gone_ < roadNumbers ? gone_ : chance_.below(roadNumbers);
-    ++gone_;
-    if (number < 10) return takeIn(), u"new slip"_s;
-    if (number < 19) return change(), u"changed slip"_s;
-    if (number < 21) return remove(), u"deleted slip"_s;
-    switch (number) {
-      case 21: case 22: return lookAtSlips(), u"list of slips"_s;
-      case 23: return lookAtCards(u"dxBarButton16"_s), u"customers"_s;
-      case 24: return lookAtCards(u"dxBarButton17"_s), u"devices"_s;
-      case 25: return lookAtCards(u"dxBarButton18"_s), u"firms"_s;
-      case 26: return lookAtCards(u"dxBarButton22"_s), u"service types"_s;
-      case 27: return changeCustomer(), u"customer"_s;
-      case 28: return lookAtStatistics(), u"statistics"_s;
-      case 29: return writeContract(), u"contract"_s;
-      case 30: return lookAtReminders(), u"reminders"_s;
-      case 31: return takeCall(), u"call"_s;
-      case 32: return signIn(), u"SMS account"_s;
-      case 33: return sendToMany(), u"bulk SMS"_s;
-      case 34: return tryMail(), u"mail account"_s;
-      case 35: case 36: return previewReceipt(), u"receipt"_s;
-      case 37: return openAndClose(u"parameters"_s), u"parameters"_s;
-      case 38: return openAndClose(u"company"_s), u"company"_s;
-      default: return arrangeWindows(), u"windows"_s;
-    }
-  }();
+  // Each once, so that what a road keeps for the next time is there when the memory is measured; then as it comes.
+  int number = gone_ < roadNumbers ? gone_ : chance_.below(roadNumbers);
+  ++gone_;
+  auto road = all().begin();
+  for (; number >= road->times; ++road) number -= road->times;
+  Telling::line({u"goes"_s, road->name});
+  road->go(*this);
   Hands::goHome();
-  Telling::line({u"road"_s, road});
+  Telling::line({u"came"_s, road->name});
 }
 
 bool Roads::hasGoneAll() const { return gone_ >= roadNumbers; }

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <atomic>
+#include <vector>
 
 /// What a station tells the ledger on its standard output: words parted by tabs, the second one the time in milliseconds. An
 /// attempt on a slip begins with "begins" and ends with "saved", "refused" or, where the line died meanwhile, with nothing known.
@@ -35,6 +36,9 @@ class Roads {
   bool hasGoneAll() const;
 
  private:
+  struct Road;
+  static const std::vector<Road>& all();
+
   void takeIn();
   void change();
   void remove();
