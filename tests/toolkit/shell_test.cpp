@@ -306,6 +306,13 @@ TEST_F(RibbonTest, EveryCommandIsReachedByKeyboard) {
   EXPECT_EQ(qobject_cast<RibbonButton*>(QApplication::focusWidget())->defaultAction(), commands.last());
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   EXPECT_EQ(QApplication::focusWidget(), &editor);
+  EXPECT_TRUE(ribbon.isPageVisible());
+  ribbon.setPageVisible(false);
+  QTest::keyClick(&host, Qt::Key_F10);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  EXPECT_TRUE(ribbon.isPageVisible());
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_FALSE(ribbon.isPageVisible()) << "as it was";
 }
 
 TEST_F(RibbonTest, OneClickOnTheTabBringsTheGroupsBackAndTwoFoldThem) {

@@ -74,7 +74,9 @@ Ribbon::Ribbon(const QString& tabCaption, QWidget* parent)
   connectGuarded(keyTips_, &KeyTips::left, this, [this] { leaveKeyboard(); });
   connectGuarded(keyTips_, &KeyTips::chosen, this, [this] { leaveKeyboard(); });
   connectGuarded(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
-    if (now == nullptr || !isAncestorOf(now)) keyTips_->hide();
+    if (now != nullptr && isAncestorOf(now)) return;
+    keyTips_->hide();
+    if (foldsAgain_) setPageVisible(false);
   });
 }
 
@@ -111,7 +113,10 @@ void Ribbon::endUpdate() {
   if (--updates_ == 0) setUpdatesEnabled(true);
 }
 
-void Ribbon::setPageVisible(bool visible) { page_->setVisible(visible); }
+void Ribbon::setPageVisible(bool visible) {
+  foldsAgain_ = false;
+  page_->setVisible(visible);
+}
 
 bool Ribbon::isPageVisible() const { return page_->isVisibleTo(this); }
 
@@ -120,7 +125,10 @@ void Ribbon::enterByKeyboard() {
     leaveKeyboard();
     return;
   }
-  setPageVisible(true);
+  if (!isPageVisible()) {
+    setPageVisible(true);
+    foldsAgain_ = true;
+  }
   if (QWidget* focus = QApplication::focusWidget(); focus == nullptr || !isAncestorOf(focus)) focusBefore_ = focus;
   QWidget* first = applicationButton_;
   for (RibbonButton* button : page_->findChildren<RibbonButton*>()) {

@@ -12,7 +12,7 @@ class QToolButton;
 /// Command bar over a main window: application button, one tab with its page of groups, quick-access bar. Groups give
 /// way from the right when the window is narrow, so that no command is ever cut off. Ctrl+F1 or a double click on the
 /// tab folds the page. F10, or Alt alone, puts the keyboard into it and shows a letter over each command that runs it or
-/// opens its menu; arrow keys move, Escape goes back.
+/// opens its menu; arrow keys move, Escape goes back. A folded page is shown as long as the keyboard is in it.
 class Ribbon : public QWidget {
   Q_OBJECT
  public:
@@ -57,5 +57,6 @@ class Ribbon : public QWidget {
   KeyTips* keyTips_;
   QPointer<QWidget> focusBefore_;
   qint32 updates_ = 0;
+  bool foldsAgain_ = false;  ///< the page, once the keyboard is elsewhere
   bool unfolded_ = false;  ///< by the last click on the tab, which may be the first half of a double one
 };
