@@ -89,14 +89,17 @@ class Style : public QProxyStyle {
   void polish(QPalette& palette) override { palette = colors_.resolve(palette); }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* data) const override {
-    return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    if (hint == SH_EtchDisabledText) return 0;
+    // Fusion's lines between cells cannot be told from dark cells.
+    if (hint == SH_Table_GridLineColor && option != nullptr && isDark(option->palette)) return int(option->palette.color(QPalette::Midlight).rgba());
+    return QProxyStyle::styleHint(hint, option, widget, data);
   }
 
   /// Its frames and its marks that are not set would be nearly as dark as what they stand on.
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const bool isMark = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck || element == PE_IndicatorRadioButton;
-    if ((!isMark && element != PE_FrameMenu) || option->palette.color(QPalette::Window).lightness() > DarkWindow) return;
+    if ((!isMark && element != PE_FrameMenu) || !isDark(option->palette)) return;
     painter->save();
     painter->setPen(isMark ? QPen(option->palette.color(QPalette::PlaceholderText), 1.5) : QPen(option->palette.color(QPalette::Mid).lighter(130)));
     painter->setBrush(Qt::NoBrush);
@@ -121,6 +124,8 @@ class Style : public QProxyStyle {
   }
 
  private:
+  static bool isDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() <= DarkWindow; }
+
   static constexpr int DarkestOfPale = 110;
   static constexpr int DarkWindow = 127;
 
