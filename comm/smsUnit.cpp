@@ -71,6 +71,7 @@ QWidget* templatePage(MemoEdit* memo, QListWidget* markers, QLabel* counter) {
   connectGuarded(memo, &MemoEdit::textChanged, memo, [memo, counter] { counter->setText(QString::number(memo->text().size())); });
   auto* page = new QWidget;
   auto* grid = new QGridLayout(page);
+  grid->setContentsMargins(8, 6, 8, 4);
   grid->addWidget(memo, 0, 0);
   grid->addWidget(markers, 0, 1);
   grid->addWidget(counter, 1, 0);
@@ -113,6 +114,7 @@ TfSMS::TfSMS(QWidget* parent)
   auto* content = new QWidget;
   auto* parts = new QVBoxLayout(content);
   parts->setContentsMargins(0, 0, 0, 0);
+  parts->setSpacing(3);
   parts->addWidget(buildAccount());
   parts->addWidget(buildTemplates(), 1);
   auto* all = new QVBoxLayout(this);

@@ -35,8 +35,7 @@ constexpr int widestSide = 360;  ///< beside a device that has a column of its o
 constexpr int threeLeft = margin + halfWidth + margin + halfWidth + margin;
 constexpr int twoLeft = margin + halfWidth + margin;
 constexpr int fullRows = 6;  ///< of all groups but these:
-constexpr int deviceRows = 5;
-constexpr int deviceBoxRows = 4;  ///< of the boxes among them
+constexpr int deviceRows = 4;  ///< of its boxes, and at least as high are its memos beside them
 constexpr int recordRows = 2;
 constexpr int memoRows = 2;  ///< of each memo that stands below, at least
 
@@ -51,7 +50,7 @@ SlipFieldsPage::SlipFieldsPage(QWidget* parent) : QWidget(parent) {
   }
   fillLists();
   connectAids();
-  setMinimumSize(margin + halfWidth + margin, sizeHint().height());
+  setMinimumWidth(margin + halfWidth + margin);
   QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
   policy.setHeightForWidth(true);
   setSizePolicy(policy);
@@ -59,14 +58,14 @@ SlipFieldsPage::SlipFieldsPage(QWidget* parent) : QWidget(parent) {
 
 QSize SlipFieldsPage::sizeHint() const {
   constexpr int width = threeLeft + sideWidth + margin;
-  return {width, heightForWidth(width)};
+  return {width, heightForWidth(width) + rowStep()};
 }
 
 int SlipFieldsPage::heightForWidth(int width) const {
   const int upper = margin + groupHeight(fullRows);
   switch (arrangementFor({width, 0})) {
     case Arrangement::OneColumn:
-      return 3 * upper + margin + groupHeight(deviceBoxRows + 3 * memoRows) + margin;
+      return 3 * upper + margin + groupHeight(deviceRows + 3 * memoRows) + margin;
     case Arrangement::TwoColumns:
       return 2 * upper + margin + groupHeight(deviceRows) + margin;
     default:
@@ -167,7 +166,7 @@ void SlipFieldsPage::arrange() {
   switch (arrangementFor(size())) {
     case Arrangement::OneColumn: {
       const Widths wide{boxWidth, whole - 2 * inset - boxWidth - gap};
-      const int device = groupHeight(deviceBoxRows + 3 * memoRows);
+      const int device = groupHeight(deviceRows + 3 * memoRows);
       const int side = (whole - margin) / 2;
       const int last = third + device + margin;
       placeGroup(Slip, {margin, margin, whole, upper}, wide);
@@ -217,7 +216,7 @@ void SlipFieldsPage::placeGroup(SlipGroup name, QRect place, Widths widths) {
   const int both = widths.first + gap + widths.second;
   const bool memosBeside = widths.memo > 0;
   const int memoLeft = memosBeside ? inset + halfWidth + margin : inset;
-  const int memoTop = memosBeside ? top : top + deviceBoxRows * rowStep();
+  const int memoTop = memosBeside ? top : top + deviceRows * rowStep();
   const int memoStep = (place.height() - memoTop - inset + rowGap) / 3;
   for (const SlipField* field : group.fields) {
     EditFrame* frame = frames_[field->column];
