@@ -111,7 +111,8 @@ TEST_F(Clients, MailGoesOutOrItsReasonIsLogged) {
   long patience = 20'000;
   const auto send = [&](const QString& recipients) {
     return MailSequences::send(settings, u"Gövde\n.\nson"_s, recipients, QDateTime(QDate(2026, 2, 1), QTime(1, 2)), u"k"_s,
-                               [&patience](const MailSettings& to, const MailMessage& message) { SmtpClient::send(to, message, patience); }, [&log](const QString& context, const Exception& error) { log += context + u'|' + error.message(); });
+                               [&patience](const MailSettings& to, const MailMessage& message) { SmtpClient::send(to, message, patience); },
+                               [&log](const QString& context, const Exception& error) { log += context + u'|' + error.message(); });
   };
   EXPECT_TRUE(send(u"a@b.example;c@d.example"_s)) << log.join(u'\n').toStdString();
   ASSERT_EQ(simulator.mails().size(), 1u);

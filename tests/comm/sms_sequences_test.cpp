@@ -197,18 +197,19 @@ TEST(SmsSequences, SendingInBulkAndTheNoticeOfASlip) {
   };
   for (const auto& expected : table) {
     const bool isJson = expected.provider == JsonSmsProvider;
+    const QString noticeDone = u"confirm SMS ile bilgilendirme yapıldı."_s + (isJson ? u" Id: 9"_s : QString());
+    const QString bulkDone = isJson ? u"confirm SMS Mesajı servis sağlayıcıya iletilmiştir. Id: 9"_s : u"confirm SMS ile bilgilendirme yapılmıştır."_s;
     QStringList steps = expected.steps;
     Transcript notice({expected.answer});
     EXPECT_EQ(SmsSequences::notifyCustomer(settings(expected.provider), u"<CİHAZ ADI>"_s, SmsText::markers(), {{}, u"ACER"_s}, u"05"_s, notice),
               expected.goesOn);
-    EXPECT_EQ(notice.steps, steps.replaceInStrings(done, u"confirm SMS ile bilgilendirme yapıldı."_s + (isJson ? u" Id: 9"_s : QString())));
+    EXPECT_EQ(notice.steps, steps.replaceInStrings(done, noticeDone));
     Transcript bulk({expected.answer});
     EXPECT_EQ(SmsSequences::sendBulk(settings(expected.provider), u"1,2"_s, u"m"_s, bulk), expected.closes);
     steps = expected.steps;
     if (isJson) steps.prepend(uR"(recipients "1","2")"_s);
     steps.replaceInStrings(sendXml, sendXml + u" locked"_s);
-    EXPECT_EQ(bulk.steps, steps.replaceInStrings(done, isJson ? u"confirm SMS Mesajı servis sağlayıcıya iletilmiştir. Id: 9"_s
-                                                              : u"confirm SMS ile bilgilendirme yapılmıştır."_s));
+    EXPECT_EQ(bulk.steps, steps.replaceInStrings(done, bulkDone));
     EXPECT_EQ(bulk.noted, QStringList(bulk.steps.filter(u"kurulamadı"_s).size(), dead));
   }
   Transcript screen({});

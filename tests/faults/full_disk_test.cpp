@@ -43,7 +43,7 @@ TEST(FullDiskTest, AFileOfAnyLengthIsWholeOrTheOneBefore) {
       if (!failed) WholeFile::replace(file, before);
     }
     WholeFile::replace(file, {});
-    EXPECT_EQ(contentOf(file), QByteArray()) << "an empty file needs no room";
+    EXPECT_TRUE(QFile::exists(file) && contentOf(file).isEmpty()) << "an empty file needs no room";
   }
 }
 

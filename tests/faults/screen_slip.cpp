@@ -80,7 +80,8 @@ ScreenSlip::ScreenSlip(TMyConnection& connection, const SlipContent& content) : 
 
 ScreenSlip::ScreenSlip(TMyConnection& connection, qint64 id) : ScreenSlip(connection) {
   if (!store_.open(id)) throw EDatabaseError(u"no such slip"_s);
-  typed_ = {qServis_.FieldByName(u"TS_NO"_s).asText(), qServis_.FieldByName(u"TS_MUSTERI"_s).asText(), {}, store_.picture(id, {}), *store_.note(id)};
+  const auto text = [this](const QString& column) { return qServis_.FieldByName(column).asText(); };
+  typed_ = {text(u"TS_NO"_s), text(u"TS_MUSTERI"_s), {}, store_.picture(id, {}), *store_.note(id)};
 }
 
 std::optional<SaveFailure> ScreenSlip::save() {

@@ -18,7 +18,8 @@ class SlipPrintingTest : public SlipFormTest {
     QDir(folder.path()).mkpath(u"rapor/barkod"_s);
   }
   void writeTemplate(const QString& name, const QString& texts) {
-    put(folder.filePath(u"rapor/"_s + name), (u"<report version=\"1\"><page name=\"S\"><band name=\"B\" height=\"60\">"_s + texts + u"</band></page></report>"_s).toUtf8());
+    put(folder.filePath(u"rapor/"_s + name),
+        "<report version=\"1\"><page name=\"S\"><band name=\"B\" height=\"60\">" + texts.toUtf8() + "</band></page></report>");
   }
   /// True when the prepared report shows the word.
   bool shows(const QString& word) {

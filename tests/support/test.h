@@ -19,7 +19,8 @@ inline QByteArray contentOf(const QString& file) {
 /// Writes a file anew.
 inline void put(const QString& file, const QByteArray& bytes) {
   QFile out(file);
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes) != bytes.size() || !out.flush()) throw std::runtime_error("not written: " + file.toStdString());
+  const bool isWritten = out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size() && out.flush();
+  if (!isWritten) throw std::runtime_error("not written: " + file.toStdString());
 }
 
 /// A shell script in the place of a program.
