@@ -67,6 +67,24 @@ void reportUnhandled(QObject* sender) noexcept {
   }
 }
 
+struct GuardedSlot::Kept {
+  std::function<void()> work;
+  bool waits = false;  ///< for the end of a pause
+};
+
+GuardedSlot::GuardedSlot(QObject* sender, QObject* context, std::function<void()> work)
+    : sender_(sender), context_(context), kept_(std::make_shared<Kept>(Kept{std::move(work)})) {}
+
+void GuardedSlot::operator()() const {
+  if (!GuardedPause::isOn()) return guarded(sender_, kept_->work);
+  // A timer's ticks are one, however often it ticked.
+  if (std::exchange(kept_->waits, true)) return;
+  GuardedPause::keep(context_, [kept = kept_] {
+    kept->waits = false;
+    kept->work();
+  });
+}
+
 void postGuarded(QObject* context, std::function<void()> work, int delayMs) {
   QTimer::singleShot(delayMs, context, [context, work = std::move(work)] { guardedOrKept(context, work); });
 }

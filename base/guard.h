@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 /// The one handler for what nobody caught. sender is whose event failed (may be null); error is never null.
@@ -44,33 +45,35 @@ class GuardedPause {
 /// Runs what an event handler has to do: guarded, at once or after the pause that is on.
 void guardedOrKept(QObject* context, std::function<void()> work);
 
+/// The slot of a work that needs nothing of what its signal tells; compiled once for all of them.
+class GuardedSlot {
+ public:
+  GuardedSlot(QObject* sender, QObject* context, std::function<void()> work);
+  void operator()() const;
+
+ private:
+  struct Kept;
+  QObject* sender_;
+  QObject* context_;
+  std::shared_ptr<Kept> kept_;
+};
+
 /// connect() for every slot of the program: the work runs guarded and only while context lives.
 template <class Sender, class Signal, class Work>
 QMetaObject::Connection connectGuarded(Sender* sender, Signal signal, QObject* context, Work work) {
-  struct Slot {
-    Work work;
-    bool isKept = false;
-  };
-  auto slot = std::make_shared<Slot>(Slot{std::move(work)});
-  return QObject::connect(sender, signal, context, [sender, context, slot = std::move(slot)](auto&&... args) {
-    if constexpr (requires { slot->work(std::forward<decltype(args)>(args)...); } && sizeof...(args) > 0) {
+  if constexpr (std::is_invocable_v<Work&>) {
+    return QObject::connect(sender, signal, context, GuardedSlot(sender, context, std::move(work)));
+  } else {
+    auto shared = std::make_shared<Work>(std::move(work));
+    return QObject::connect(sender, signal, context, [sender, context, work = std::move(shared)](auto&&... args) requires std::is_invocable_v<Work&, decltype(args)...> {
       if (GuardedPause::isOn())
-        GuardedPause::keep(context, [slot, kept = std::tuple<std::decay_t<decltype(args)>...>(args...)]() mutable {
-          std::apply([&](auto&... each) { slot->work(std::move(each)...); }, kept);
+        GuardedPause::keep(context, [work, kept = std::tuple<std::decay_t<decltype(args)>...>(args...)]() mutable {
+          std::apply([&](auto&... each) { (*work)(std::move(each)...); }, kept);
         });
       else
-        guarded(sender, [&] { slot->work(std::forward<decltype(args)>(args)...); });
-    } else if (GuardedPause::isOn()) {
-      // A timer's ticks are one, however often it ticked.
-      if (!std::exchange(slot->isKept, true))
-        GuardedPause::keep(context, [slot] {
-          slot->isKept = false;
-          slot->work();
-        });
-    } else {
-      guarded(sender, [&] { slot->work(); });
-    }
-  });
+        guarded(sender, [&] { (*work)(std::forward<decltype(args)>(args)...); });
+    });
+  }
 }
 
 /// Runs work once from the event loop, guarded, while context lives; delay in milliseconds.
