@@ -42,9 +42,19 @@ class WorkspaceTest : public testing::Test {
     QDir::setCurrent(before_);
   }
 
+  /// Answers the login form with a result once it is there.
+  static void answerLogin(TfKvb& workspace, int result) {
+    auto* look = new QTimer(&workspace);
+    connectGuarded(look, &QTimer::timeout, look, [look, result] {
+      if (!Login_Form->isVisible()) return;
+      look->stop();
+      Login_Form->done(result);
+    });
+    look->start(50);
+  }
   /// Shows the workspace and answers the login form with a result.
   void start(TfKvb& workspace, int loginResult) {
-    QTimer::singleShot(300, &workspace, [loginResult] { Login_Form->done(loginResult); });
+    answerLogin(workspace, loginResult);
     workspace.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return ended.has_value() || !workspace.dxBarStatic1->text().isEmpty(); }, 20'000));
   }
@@ -257,16 +267,14 @@ TEST_F(WorkspaceTest, TheRememberedPlaceAndStateComeBackWithTheirFrame) {
     TfKvb workspace;
     TDM data;
     TLogin_Form login;
-    QTimer::singleShot(500, &workspace, [] { Login_Form->done(2); });
+    answerLogin(workspace, 2);
     workspace.show();
     ASSERT_TRUE(QTest::qWaitFor([&] { return ended.has_value(); }, 20'000));
     ended.reset();
     EXPECT_EQ(workspace.isMaximized(), maximized) << entry.toStdString();
-    if (maximized) {
-      workspace.showNormal();
-      QTest::qWait(300);
-    }
-    EXPECT_TRUE(desktop.contains(workspace.frameGeometry())) << entry.toStdString();
+    if (maximized) workspace.showNormal();
+    QTest::qWait(300);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return desktop.contains(workspace.frameGeometry()); })) << entry.toStdString();
     if (entry.contains(u"700"_s)) {
       EXPECT_EQ(workspace.geometry(), QRect(10, 20, 700, 500));
     }
