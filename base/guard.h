@@ -58,22 +58,31 @@ class GuardedSlot {
   std::shared_ptr<Kept> kept_;
 };
 
-/// connect() for every slot of the program: the work runs guarded and only while context lives.
-template <class Sender, class Signal, class Work>
-QMetaObject::Connection connectGuarded(Sender* sender, Signal signal, QObject* context, Work work) {
-  if constexpr (std::is_invocable_v<Work&>) {
-    return QObject::connect(sender, signal, context, GuardedSlot(sender, context, std::move(work)));
-  } else {
-    auto shared = std::make_shared<Work>(std::move(work));
-    return QObject::connect(sender, signal, context, [sender, context, work = std::move(shared)](auto&&... args) requires std::is_invocable_v<Work&, decltype(args)...> {
-      if (GuardedPause::isOn())
-        GuardedPause::keep(context, [work, kept = std::tuple<std::decay_t<decltype(args)>...>(args...)]() mutable {
-          std::apply([&](auto&... each) { (*work)(std::move(each)...); }, kept);
-        });
-      else
-        guarded(sender, [&] { (*work)(std::forward<decltype(args)>(args)...); });
-    });
+/// The same for a work that takes these; compiled once for all works that take the same.
+template <class... Args>
+class GuardedSlotOf {
+ public:
+  GuardedSlotOf(QObject* sender, QObject* context, std::function<void(Args...)> work)
+      : sender_(sender), context_(context), work_(std::make_shared<std::function<void(Args...)>>(std::move(work))) {}
+  void operator()(Args... args) const {
+    if (!GuardedPause::isOn()) return guarded(sender_, [&] { (*work_)(args...); });
+    GuardedPause::keep(context_, [work = work_, kept = std::tuple<std::decay_t<Args>...>(args...)] { std::apply(*work, kept); });
   }
+
+ private:
+  QObject* sender_;
+  QObject* context_;
+  std::shared_ptr<std::function<void(Args...)>> work_;
+};
+
+/// connect() for every slot of the program: the work runs guarded and only while context lives. It takes nothing, or all that the
+/// signal tells.
+template <class Sender, class Object, class... Args, class Work>
+QMetaObject::Connection connectGuarded(Sender* sender, void (Object::*signal)(Args...), QObject* context, Work work) {
+  if constexpr (std::is_invocable_v<Work&>)
+    return QObject::connect(sender, signal, context, GuardedSlot(sender, context, std::move(work)));
+  else
+    return QObject::connect(sender, signal, context, GuardedSlotOf<Args...>(sender, context, std::move(work)));
 }
 
 /// Runs work once from the event loop, guarded, while context lives; delay in milliseconds.
