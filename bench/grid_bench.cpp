@@ -2,6 +2,7 @@
 // the slips' list. Every time is the worst of its rounds and ends with the picture on the screen.
 
 #include "base/data/my_query.h"
+#include "base/data/value.h"
 #include "app/look.h"
 #include "base/platform/time_zone.h"
 #include "bench/measuring.h"
