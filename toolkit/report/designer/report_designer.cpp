@@ -18,7 +18,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
-#include <QTableView>
 #include <QSplitter>
 #include <QTabBar>
 #include <QTabWidget>
