@@ -30,6 +30,7 @@ const PropertyValue& ReportNode::value(QStringView property) const { return valu
 PropertyValue ReportNode::setValue(QStringView property, PropertyValue value) {
   PropertyValue& place = values_[indexOf(property)];
   if (place.index() != value.index()) throw Exception(u"property '%1' of another type"_s.arg(property.toString()));
+  if (property != u"left" && property != u"top") ++look_;
   std::swap(place, value);
   return value;
 }

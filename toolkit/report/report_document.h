@@ -20,6 +20,8 @@ class ReportNode {
   const PropertyValue& value(QStringView property) const;
   /// Sets a property and gives back what it was before. The value must have the property's type.
   PropertyValue setValue(QStringView property, PropertyValue value);
+  /// Grows whenever a value is set, except the two of an object's place: as long as it stays, the object looks the same.
+  unsigned look() const { return look_; }
   bool flag(QStringView property) const { return std::get<bool>(value(property)); }
   int integer(QStringView property) const { return std::get<int>(value(property)); }
   double millimetres(QStringView property) const { return std::get<double>(value(property)); }
@@ -47,6 +49,7 @@ class ReportNode {
   size_t indexOf(QStringView property) const;
 
   NodeKind kind_;
+  unsigned look_ = 0;
   ReportNode* parent_ = nullptr;
   std::vector<PropertyValue> values_;  ///< in the order of propertiesOf(kind_)
   std::vector<std::unique_ptr<ReportNode>> children_;

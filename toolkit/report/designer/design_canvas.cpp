@@ -116,13 +116,13 @@ void DesignCanvas::placeItems() {
   double order = 0;
   for (const auto& child : editor_.page()->children()) {
     if (ObjectItem* item = items_.value(child.get())) {
-      item->setPos(places_->rectOf(*child).topLeft());
+      item->moveTo(places_->rectOf(*child).topLeft());
       item->setZValue(++order);
     }
     for (const auto& object : child->children()) {
       ObjectItem* item = items_.value(object.get());
       if (!item) continue;
-      item->setPos(places_->rectOf(*object).topLeft());
+      item->moveTo(places_->rectOf(*object).topLeft());
       item->setZValue(bandsAbovePage + ++order);
     }
   }
@@ -134,8 +134,8 @@ void DesignCanvas::refresh(const std::vector<ReportNode*>& nodes) {
   for (ReportNode* node : nodes) {
     if (node->kind() == NodeKind::Report || pageOf(node) != editor_.page()) continue;
     if (ObjectItem* item = items_.value(node)) {
-      item->show(sample_, withData_);
-      item->setPos(places_->rectOf(*node).topLeft());
+      item->refresh(sample_, withData_);
+      item->moveTo(places_->rectOf(*node).topLeft());
       continue;
     }
     isLarger = true;

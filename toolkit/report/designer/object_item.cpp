@@ -31,7 +31,17 @@ ObjectItem::ObjectItem(const ReportNode& object) : object_(&object), size_(ownRe
 void ObjectItem::show(const DesignSample& sample, bool withData) {
   prepareGeometryChange();
   size_ = ownRect(*object_).size();
+  look_ = object_->look();
   shown_ = withData ? printedObject(*object_, sample) : designedObject(*object_, sample);
+  update();
+}
+
+void ObjectItem::refresh(const DesignSample& sample, bool withData) {
+  if (look_ != object_->look()) show(sample, withData);
+}
+
+void ObjectItem::moveTo(QPointF place) {
+  setPos(place);
   update();
 }
 

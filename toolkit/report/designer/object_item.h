@@ -12,6 +12,10 @@ class ObjectItem : public QGraphicsItem {
   const ReportNode& object() const { return *object_; }
   /// Lays the object out anew.
   void show(const DesignSample& sample, bool withData);
+  /// The same, if anything of the object but its place was changed since.
+  void refresh(const DesignSample& sample, bool withData);
+  /// Moves it to stay there: painted anew, as a picture that is kept and moved by parts of a dot is a little off.
+  void moveTo(QPointF place);
   /// Shows the object in another size while it is resized; its content follows when the size is set.
   void preview(const QSizeF& size);
   void setFaulty(bool isFaulty);
@@ -24,6 +28,7 @@ class ObjectItem : public QGraphicsItem {
  private:
   const ReportNode* object_;
   QSizeF size_;
+  unsigned look_ = 0;
   DesignedObject shown_;
   bool isFaulty_ = false;
 };
