@@ -110,9 +110,7 @@ void fillPorts() {
   all.openSlip = [](qint64 id) { SlipWindows::open(id); };
   all.answerSlipConflict = [](const QString& className, const QString& message) { SlipWindows::answerConflict(className, message); };
   all.openCompany = [] {
-    if (fSirket == nullptr) return;
-    fSirket->qSirket.Open();
-    fSirket->SirketYukle();
+    if (fSirket != nullptr) fSirket->open();
   };
   all.companyText = [](const QString& column) {
     const auto* box = fSirket != nullptr ? fSirket->findChild<EditBox*>(column) : nullptr;
@@ -141,7 +139,7 @@ void fillPorts() {
     if (fGelenAramalar != nullptr) fGelenAramalar->refreshIfShown();
   };
   all.openServiceTypes = [] {
-    if (fServisTip != nullptr) fServisTip->qServisTip.Open();
+    if (fServisTip != nullptr) fServisTip->open();
   };
   all.showReminders = [] {
     if (fHatirlaForm != nullptr) fHatirlaForm->Show();

@@ -3,6 +3,7 @@
 #include "app/dmUnit.h"
 #include "app/editors/qcx_editors.h"
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "toolkit/shell/screen_room.h"
 
@@ -27,7 +28,7 @@ constexpr std::pair<QStringView, QStringView> Boxes[] = {
 
 }  // namespace
 
-TfSirket::TfSirket(QWidget* parent) : QDialog(parent), qSirket(DM->MySQL, u"qSirket"_s) {
+TfSirket::TfSirket(QWidget* parent) : QDialog(parent), query_(std::make_unique<TMyQuery>(DM->MySQL, u"qSirket"_s)), qSirket(*query_) {
   setObjectName(u"fSirket"_s);
   setWindowTitle(u"Şirket Bilgileri"_s);
   qSirket.SQL.setText(u"select * from sirket"_s);
@@ -73,6 +74,11 @@ void TfSirket::buildForm() {
   all->addWidget(new ScreenRoom(pages));
   all->addLayout(buttons);
   all->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void TfSirket::open() {
+  qSirket.Open();
+  SirketYukle();
 }
 
 void TfSirket::SirketYukle() {

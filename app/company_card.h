@@ -1,14 +1,17 @@
 #pragma once
 
-#include "base/data/my_query.h"
-
 #include <QDialog>
 
+#include <memory>
+
 class QPushButton;
+class TMyQuery;
 
 /// "Şirket Bilgileri": the shop's own data, the one row of sirket. Receipts and letters take it from qSirket and these boxes.
 class TfSirket : public QDialog {
   Q_OBJECT
+  const std::unique_ptr<TMyQuery> query_;
+
  public:
   /// Needs the data module.
   explicit TfSirket(QWidget* parent = nullptr);
@@ -18,8 +21,10 @@ class TfSirket : public QDialog {
   static constexpr int GivenUp = 2;
 
   /// Opened once after the login, and open for the life of the process.
-  TMyQuery qSirket;
+  TMyQuery& qSirket;
 
+  /// Opens qSirket and shows its row.
+  void open();
   /// Shows the row as it is stored in the boxes; needs qSirket open.
   void SirketYukle();
   /// SirketYukle, then the form, modally; Saved or GivenUp.

@@ -1,6 +1,5 @@
 #include "app/quendUtils.h"
 
-#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "base/environment.h"
 #include "base/exceptions.h"

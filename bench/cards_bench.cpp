@@ -9,6 +9,7 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "app/look.h"
+#include "base/data/my_query.h"
 #include "base/platform/time_zone.h"
 #include "app/Unit14.h"
 #include "bench/measuring.h"

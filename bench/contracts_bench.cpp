@@ -10,6 +10,7 @@
 #include "app/kvbankUnit.h"
 #include "app/look.h"
 #include "app/Unit14.h"
+#include "base/data/my_query.h"
 #include "base/platform/time_zone.h"
 #include "bench/measuring.h"
 #include "bench/paint_watch.h"

@@ -13,6 +13,7 @@
 #include "app/kvbankUnit.h"
 #include "app/parameters.h"
 #include "app/ports.h"
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "bench/measuring.h"
 #include "bench/sample_picture.h"

@@ -2,6 +2,7 @@
 
 #include "app/ports.h"
 #include "app/dmUnit.h"
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "app/quendUtils.h"
@@ -29,8 +30,8 @@ constexpr int failureMessageMs = 8000;
 CardList::CardList(const CardListDescription& description, QWidget* parent)
     : QDialog(parent),
       rightPath_(description.rightPath),
-      cards_(DM->MySQL, description.queryName),
-      grid_(new DataGrid(cards_, description.columns, description.caption, this)) {
+      cards_(std::make_unique<TMyQuery>(DM->MySQL, description.queryName)),
+      grid_(new DataGrid(*cards_, description.columns, description.caption, this)) {
   setObjectName(description.objectName);
   setWindowTitle(description.caption);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -46,6 +47,8 @@ CardList::CardList(const CardListDescription& description, QWidget* parent)
 }
 
 CardList::~CardList() = default;
+
+void CardList::openCards() { cards_->Open(); }
 
 QAction* CardList::command(const QString& name) const {
   if (auto* found = findChild<QAction*>(name, Qt::FindDirectChildrenOnly)) return found;
@@ -83,7 +86,7 @@ void CardList::connectCommand(QAction* action, const CardCommand& command) {
 
 bool CardList::isEnabled(const CardCommand& command) {
   if (!command.right.isEmpty() && DM->Kullanici_Yetkileri(rightPath_ + command.right) == Right::Checked) return false;
-  if (command.needsRows && cards_.IsEmpty()) return false;
+  if (command.needsRows && cards_->IsEmpty()) return false;
   if (command.needsRow && grid_->currentRow() < 0) return false;
   return !command.alsoNeeds || command.alsoNeeds();
 }
@@ -98,7 +101,7 @@ void CardList::showList() {
 void CardList::Giris() {
   openCards();
   showList();
-  cards_.Close();
+  cards_->Close();
   grid_->clearFilter();
   grid_->clearGrouping();
 }
@@ -133,16 +136,16 @@ CardCommand CardList::printCommand(const QString& caption, const CardReport& rep
 }
 
 void CardList::readAnew() {
-  grid_->keepRecords([this] { cards_.Refresh(); });
+  grid_->keepRecords([this] { cards_->Refresh(); });
 }
 
 void CardList::insertCard(const std::function<void()>& insert) {
   const int before = grid_->currentRow();
-  const int rows = cards_.RecordCount();
+  const int rows = cards_->RecordCount();
   insert();
   // The cursor may not have moved at all, whereas the query has.
-  if (cards_.RecordCount() == rows && before >= 0) cards_.setRecNo(before);
-  grid_->setCurrentRow(cards_.RecNo());
+  if (cards_->RecordCount() == rows && before >= 0) cards_->setRecNo(before);
+  grid_->setCurrentRow(cards_->RecNo());
 }
 
 void CardList::deleteSelected(const QString& question, const QString& failure) {

@@ -1,17 +1,18 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "toolkit/grid/grid_column.h"
 
 #include <QDialog>
 #include <QKeySequence>
 
 #include <functional>
+#include <memory>
 #include <vector>
 
 class CommandBar;
 class DataGrid;
 class QAction;
+class TMyQuery;
 
 /// What a list is, as its screen describes it.
 struct CardListDescription {
@@ -60,11 +61,11 @@ class CardList : public QDialog {
 
  protected:
   /// Reads the rows as the list comes up.
-  virtual void openCards() { cards_.Open(); }
+  virtual void openCards();
   /// Works on DM's connection.
   CardList(const CardListDescription& description, QWidget* parent);
 
-  TMyQuery& cards() { return cards_; }
+  TMyQuery& cards() { return *cards_; }
   /// Switches the filter on, stands on the first row and shows the list until it is closed.
   void showList();
   /// A command of the rows' menu, which has no button.
@@ -87,6 +88,6 @@ class CardList : public QDialog {
   void preview(const CardReport& report);
 
   QString rightPath_;
-  TMyQuery cards_;
+  const std::unique_ptr<TMyQuery> cards_;
   DataGrid* grid_;
 };

@@ -1,5 +1,6 @@
 #include "cards/customer_devices.h"
 
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "cards/card_columns.h"
 #include "cards/card_store.h"

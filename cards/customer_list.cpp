@@ -3,6 +3,7 @@
 #include "app/dmUnit.h"
 #include "app/ports.h"
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "base/platform/shell_open.h"
 #include "base/program_paths.h"

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "base/data/filter_expression.h"
 #include "cards/card_list.h"
+
+#include <optional>
 
 /// "Müşteri Listesi": all customer cards.
 class Tfmusteriler : public CardList {

@@ -2,6 +2,7 @@
 
 #include "base/conflict_text.h"
 #include "app/dmUnit.h"
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "base/save_conflict.h"
@@ -17,8 +18,8 @@ using namespace Qt::StringLiterals;
 InPlaceList::InPlaceList(const InPlaceDescription& description, QWidget* parent)
     : QDialog(parent),
       uniqueCaption_(description.uniqueCaption),
-      rows_(DM->MySQL, description.queryName),
-      grid_(new DataGrid(rows_, description.columns, description.title, this)),
+      rows_(std::make_unique<TMyQuery>(DM->MySQL, description.queryName)),
+      grid_(new DataGrid(*rows_, description.columns, description.title, this)),
       column_(new QVBoxLayout(this)),
       balloon_(this) {
   setObjectName(description.objectName);
@@ -28,7 +29,7 @@ InPlaceList::InPlaceList(const InPlaceDescription& description, QWidget* parent)
   grid_->setEmptyText(u"<Kayıt yok!>"_s);
   column_->setContentsMargins(8, 8, 8, 8);
   column_->addWidget(grid_);
-  rows_.OnPostError = [this](const Exception& error) { return tellDuplicate(error); };
+  rows_->OnPostError = [this](const Exception& error) { return tellDuplicate(error); };
   connectGuarded(grid_, &DataGrid::rejected, this, [this](const QString& message) { balloon_.showAt(grid_, message); });
 }
 

@@ -1,15 +1,17 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/grid/grid_column.h"
 
 #include <QDialog>
 
+#include <memory>
 #include <vector>
 
 class DataGrid;
+class Exception;
 class QVBoxLayout;
+class TMyQuery;
 
 /// What a list that is edited in place is, as its screen describes it.
 struct InPlaceDescription {
@@ -33,7 +35,7 @@ class InPlaceList : public QDialog {
   InPlaceList(const InPlaceDescription& description, QWidget* parent);
   ~InPlaceList() override;
 
-  TMyQuery& rows() { return rows_; }
+  TMyQuery& rows() { return *rows_; }
   QVBoxLayout* column() const { return column_; }
   /// Shows the list until it is closed.
   void showRows();
@@ -42,7 +44,7 @@ class InPlaceList : public QDialog {
   bool tellDuplicate(const Exception& error);
 
   QString uniqueCaption_;
-  TMyQuery rows_;
+  const std::unique_ptr<TMyQuery> rows_;
   DataGrid* grid_;
   QVBoxLayout* column_;
   Balloon balloon_;

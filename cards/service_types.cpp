@@ -1,5 +1,6 @@
 #include "cards/service_types.h"
 
+#include "base/data/my_query.h"
 #include "cards/card_columns.h"
 #include "cards/card_store.h"
 
@@ -26,5 +27,7 @@ TfServisTip::TfServisTip(QWidget* parent)
 TfServisTip::~TfServisTip() {
   if (fServisTip == this) fServisTip = nullptr;
 }
+
+void TfServisTip::open() { qServisTip.Open(); }
 
 void TfServisTip::Giris() { showRows(); }

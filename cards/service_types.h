@@ -12,6 +12,7 @@ class TfServisTip : public InPlaceList {
   void Giris();
 
   /// Opened once at the program's start; stays open.
+  void open();
   TMyQuery& qServisTip;
 };
 

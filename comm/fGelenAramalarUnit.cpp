@@ -3,6 +3,7 @@
 #include "app/dmUnit.h"
 #include "app/ports.h"
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "base/data/server_wait.h"
 #include "base/data/value.h"
 #include "base/date_text.h"
@@ -69,7 +70,8 @@ std::optional<QDate> dayOf(const std::optional<FilterExpression>& filter) {
 
 TfGelenAramalar::TfGelenAramalar(QWidget* mainForm)
     : QWidget(mainForm, aboveParent),
-      qCaller(DM->MySQL, u"qCaller"_s),
+      query_(std::make_unique<TMyQuery>(DM->MySQL, u"qCaller"_s)),
+      qCaller(*query_),
       grid_(new DataGrid(qCaller, callColumns(), u"Gelen Aramalar"_s, this)),
       place_(placeFile, u"fGelenAramalar"_s, QuendUtil->BilgisayarAdi()) {
   setObjectName(u"fGelenAramalar"_s);

@@ -1,20 +1,23 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "toolkit/shell/window_place.h"
 
 #include <QDate>
 #include <QTimer>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class DataGrid;
+class TMyQuery;
 
 /// "Gelen Aramalar": the calls that the telephone monitor wrote, with the customers behind their numbers; those of today at
 /// first. Read only; stands beside the other windows.
 class TfGelenAramalar : public QWidget {
   Q_OBJECT
+  const std::unique_ptr<TMyQuery> query_;
+
  public:
   /// mainForm: whose lower right corner it comes up in as long as nobody has moved it. Works on DM's connection.
   explicit TfGelenAramalar(QWidget* mainForm);
@@ -26,7 +29,7 @@ class TfGelenAramalar : public QWidget {
   /// that a flood of calls leaves the screen usable. Throws EDatabaseError.
   void refreshIfShown();
 
-  TMyQuery qCaller;
+  TMyQuery& qCaller;
   DataGrid* grid() const { return grid_; }
 
  protected:

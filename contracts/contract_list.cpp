@@ -2,6 +2,7 @@
 
 #include "app/dmUnit.h"
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "cards/card_columns.h"
 #include "cards/card_store.h"
 #include "contracts/contract_letter.h"
@@ -45,13 +46,19 @@ std::vector<GridColumn> contractColumns(std::function<QString(const Value&)> nam
 
 }  // namespace
 
+struct TfSozlesme::Queries {
+  TMyQuery qCari{DM->MySQL, u"qCari"_s};
+  TMyQuery qDetay{DM->MySQL, u"qDetay"_s};
+};
+
 TfSozlesme::TfSozlesme(QWidget* parent)
     : CardList({u"fSozlesme"_s, u"Bakım Sözleşme Takip"_s, u"qSozlesme"_s, u"Bakım Sözleşmesi\\"_s,
                 contractColumns([this](const Value& key) { return customers.textOfKey(key); })},
                parent),
+      queries_(std::make_unique<Queries>()),
       qSozlesme(cards()),
-      qCari(DM->MySQL, u"qCari"_s),
-      qDetay(DM->MySQL, u"qDetay"_s),
+      qCari(queries_->qCari),
+      qDetay(queries_->qDetay),
       // The caption of the third column does not fit its field: meant.
       customers(qCari,
                 {{u"CA_AD"_s, u"MÜŞTERİ ADI"_s, 220}, {u"CA_ILCE"_s, u"İLÇE / İL"_s, 140}, {u"CA_IL"_s, u"YETKİLİ"_s, 120},

@@ -2,6 +2,7 @@
 
 #include "app/kvbankUnit.h"
 #include "app/parameters.h"
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "demo/paper_road.h"
 #include "demo/screen_hands.h"

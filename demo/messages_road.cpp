@@ -4,6 +4,7 @@
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "app/parameters.h"
+#include "base/data/my_query.h"
 #include "comm/fEpostaUnit.h"
 #include "comm/fGelenAramalarUnit.h"
 #include "comm/smsGonderUnit.h"

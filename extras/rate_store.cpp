@@ -1,5 +1,6 @@
 #include "extras/rate_store.h"
 
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/text_tools.h"

@@ -1,7 +1,9 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "extras/rate_load.h"
+
+class TMyConnection;
+class TMyQuery;
 
 /// The one row of doviz. query: any that is free; what runs one throws EDatabaseError and its children.
 namespace RateStore {

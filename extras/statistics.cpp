@@ -2,6 +2,7 @@
 
 #include "app/dmUnit.h"
 #include "app/editors/qcx_editors.h"
+#include "base/data/my_query.h"
 #include "base/environment.h"
 #include "base/guard.h"
 #include "extras/named_box.h"
@@ -34,7 +35,8 @@ qcxTextEdit* countBox(const QString& name, const QString& caption) {
 
 TIstForm::TIstForm(QWidget* parent)
     : QDialog(parent),
-      qSeri(DM->MySQL, u"qSeri"_s),
+      query_(std::make_unique<TMyQuery>(DM->MySQL, u"qSeri"_s)),
+      qSeri(*query_),
       eYil(namedBox(new qcxButtonEdit, u"eYil"_s, u" İŞLEM YILI"_s, boxWidth)),
       eOLUMLU(countBox(u"eOLUMLU"_s, u" OLUMLU İŞLEM"_s)),
       eOLUMSUZ(countBox(u"eOLUMSUZ"_s, u" OLUMSUZ İŞLEM"_s)),

@@ -1,16 +1,19 @@
 #pragma once
 
-#include "base/data/my_query.h"
-
 #include <QDialog>
 
+#include <memory>
+
 class StatisticsChart;
+class TMyQuery;
 class qcxButtonEdit;
 class qcxTextEdit;
 
 /// How the slips of a customer or of a device ended in a year: four numbers and a bar chart.
 class TIstForm : public QDialog {
   Q_OBJECT
+  const std::unique_ptr<TMyQuery> query_;
+
  public:
   /// Needs the data module.
   explicit TIstForm(QWidget* parent = nullptr);
@@ -21,7 +24,7 @@ class TIstForm : public QDialog {
   /// The same of a device.
   void GirisSeriNo(const QString& serial);
 
-  TMyQuery qSeri;  ///< what the chart shows; stays open behind the form
+  TMyQuery& qSeri;  ///< what the chart shows; stays open behind the form
 
   qcxButtonEdit* eYil;
   qcxTextEdit* eOLUMLU;

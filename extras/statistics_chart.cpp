@@ -1,5 +1,6 @@
 #include "extras/statistics_chart.h"
 
+#include "base/data/my_query.h"
 #include "base/guard.h"
 
 #include <QBarCategoryAxis>

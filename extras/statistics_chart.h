@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "base/data/query_listener.h"
 #include "extras/statistics_store.h"
 
@@ -12,6 +11,7 @@ class QBarCategoryAxis;
 class QBarSet;
 class QGraphicsSimpleTextItem;
 class QValueAxis;
+class TMyQuery;
 
 /// Bar chart of a query of the statistics: one bar a row, each in its own colour and pattern, with its label below and its
 /// number above. Follows the query; a closed one has no bars.

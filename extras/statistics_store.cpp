@@ -1,5 +1,6 @@
 #include "extras/statistics_store.h"
 
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 
 using namespace Qt::StringLiterals;

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include <QString>
+
+class TMyQuery;
 
 /// The statements of the statistics: four rows, each a number of slips and its label. What runs one throws EDatabaseError and
 /// its children.

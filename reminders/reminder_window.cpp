@@ -4,6 +4,7 @@
 #include "app/ports.h"
 #include "app/quendUtils.h"
 #include "base/data/auto_refresh.h"
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "base/date_text.h"
 #include "base/environment.h"
@@ -46,10 +47,16 @@ const QString layoutFiles[] = {u"./bakim.ini"_s, u"./hatirla.ini"_s};
 
 }  // namespace
 
+struct TfHatirlaForm::Queries {
+  TMyQuery qServis{DM->MySQL, u"qServis"_s};
+  TMyQuery qBakim{DM->MySQL, u"qBakim"_s};
+};
+
 TfHatirlaForm::TfHatirlaForm(QWidget* mainForm)
     : QWidget(mainForm, aboveParent),
-      qServis(DM->MySQL, u"qServis"_s),
-      qBakim(DM->MySQL, u"qBakim"_s),
+      queries_(std::make_unique<Queries>()),
+      qServis(queries_->qServis),
+      qBakim(queries_->qBakim),
       RzPageControl1(new QTabWidget(this)),
       tvFis(new DataGrid(qServis, ReminderColumns::slipsOfDay(), u"Hatırlatmalar"_s)),
       tvBakim(new DataGrid(qBakim, ReminderColumns::dueContracts(), u"Bakım Sözleşmeleri"_s)),

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "toolkit/shell/hourglass.h"
 #include "toolkit/shell/window_place.h"
 
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class CommandBar;
@@ -13,11 +13,15 @@ class DataGrid;
 class DateEdit;
 class QAction;
 class QTabWidget;
+class TMyQuery;
 
 /// "Günlük Hatırlatmalar": what needs attention on a day: reminders of slips, due contracts, jobs overdue outside. Not modal;
 /// closing hides it. Nothing is kept of what has been seen.
 class TfHatirlaForm : public QWidget {
   Q_OBJECT
+  struct Queries;
+  const std::unique_ptr<Queries> queries_;
+
  public:
   /// mainForm: whose lower right corner is the window's first place.
   explicit TfHatirlaForm(QWidget* mainForm = nullptr);
@@ -29,8 +33,8 @@ class TfHatirlaForm : public QWidget {
   /// Reads the slips again if the window shows. Throws EDatabaseError.
   void refreshIfShown();
 
-  TMyQuery qServis;  ///< of the pages 0 and 2, which share it
-  TMyQuery qBakim;
+  TMyQuery& qServis;  ///< of the pages 0 and 2, which share it
+  TMyQuery& qBakim;
   QTabWidget* RzPageControl1;
   DataGrid* tvFis;
   DataGrid* tvBakim;

@@ -1,5 +1,6 @@
 #include "service/fdisservis_unit.h"
 
+#include "base/data/my_query.h"
 #include "base/date_text.h"
 #include "app/ports.h"
 #include "app/dmUnit.h"
@@ -31,7 +32,8 @@ constexpr int belowStatusBox = 7;
 
 TfDisServis::TfDisServis(QWidget* parent)
     : QDialog(parent),
-      qServis(DM->MySQL, u"qServis"_s),
+      query_(std::make_unique<TMyQuery>(DM->MySQL, u"qServis"_s)),
+      qServis(*query_),
       TS_DISSERVIS(new LookupEdit(this)),
       TS_DISSERVIS_CIKIS(new DateEdit(this)),
       TS_DISSERVIS_GIRIS(new DateEdit(this)),

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "service/outside_service_store.h"
 #include "service/slip_look_ups.h"
 #include "service/slip_rules.h"
@@ -8,15 +7,20 @@
 
 #include <QDialog>
 
+#include <memory>
+
 class DateEdit;
 class LookupEdit;
 class QToolButton;
+class TMyQuery;
 class qcxTextEdit;
 
 /// "Dış Servis Bilgileri": where a slip's device went, when it left and came back, and how many days were promised. Works
 /// on DM's connection.
 class TfDisServis : public QDialog {
   Q_OBJECT
+  const std::unique_ptr<TMyQuery> query_;
+
  public:
   explicit TfDisServis(QWidget* parent = nullptr);
   ~TfDisServis() override;
@@ -30,7 +34,7 @@ class TfDisServis : public QDialog {
   /// What the boxes held when they were confirmed; empty when the name was.
   const OutsideService& confirmed() const { return confirmed_; }
 
-  TMyQuery qServis;
+  TMyQuery& qServis;
   LookupEdit* TS_DISSERVIS;
   DateEdit* TS_DISSERVIS_CIKIS;
   DateEdit* TS_DISSERVIS_GIRIS;

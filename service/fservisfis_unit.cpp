@@ -1,5 +1,6 @@
 #include "service/fservisfis_unit.h"
 
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "base/date_text.h"
 #include "app/ports.h"
@@ -52,15 +53,26 @@ void forgetEditor(TfServisFis* editor) {
 
 }  // namespace
 
+struct TfServisFis::Queries {
+  TMyQuery qServis{DM->MySQL, u"qServis"_s};
+  TMyQuery qMalzeme{DM->MySQL, u"qMalzeme"_s};
+  TMyQuery qCari{DM->MySQL, u"qCari"_s};
+  TMyQuery qCihaz{DM->MySQL, u"qCihaz"_s};
+  TMyQuery qServisTip{DM->MySQL, u"qServisTip"_s};
+  TMyQuery qDetay{DM->MySQL, u"qDetay"_s};
+  TMyQuery qSeri{DM->MySQL, u"qSeri"_s};
+};
+
 TfServisFis::TfServisFis(QWidget* parent)
     : QWidget(parent),
-      qServis(DM->MySQL, u"qServis"_s),
-      qMalzeme(DM->MySQL, u"qMalzeme"_s),
-      qCari(DM->MySQL, u"qCari"_s),
-      qCihaz(DM->MySQL, u"qCihaz"_s),
-      qServisTip(DM->MySQL, u"qServisTip"_s),
-      qDetay(DM->MySQL, u"qDetay"_s),
-      qSeri(DM->MySQL, u"qSeri"_s),
+      queries_(std::make_unique<Queries>()),
+      qServis(queries_->qServis),
+      qMalzeme(queries_->qMalzeme),
+      qCari(queries_->qCari),
+      qCihaz(queries_->qCihaz),
+      qServisTip(queries_->qServisTip),
+      qDetay(queries_->qDetay),
+      qSeri(queries_->qSeri),
       store_(DM->MySQL, qServis, qMalzeme, DM->pGetQ),
       balloon_(this) {
   setObjectName(u"fServisFis"_s);

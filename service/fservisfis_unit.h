@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/data/my_query.h"
 #include "service/slip_hooks.h"
 #include "service/slip_store.h"
 #include "toolkit/edits/balloon.h"
@@ -17,10 +16,14 @@ class QToolButton;
 class SlipFieldsPage;
 class SlipLookUps;
 class SlipPicturePage;
+class TMyQuery;
 
 /// Editor of one service slip; several may be open at once as child windows of the workspace.
 class TfServisFis : public QWidget, public SlipScreen {
   Q_OBJECT
+  struct Queries;
+  const std::unique_ptr<Queries> queries_;
+
  public:
   /// Works on DM's connection.
   explicit TfServisFis(QWidget* parent = nullptr);
@@ -59,13 +62,13 @@ class TfServisFis : public QWidget, public SlipScreen {
   QSize sizeHint() const override;
 
   Mode EditorMode = Mode::Browse;
-  TMyQuery qServis;
-  TMyQuery qMalzeme;
-  TMyQuery qCari;
-  TMyQuery qCihaz;
-  TMyQuery qServisTip;
-  TMyQuery qDetay;
-  TMyQuery qSeri;
+  TMyQuery& qServis;
+  TMyQuery& qMalzeme;
+  TMyQuery& qCari;
+  TMyQuery& qCihaz;
+  TMyQuery& qServisTip;
+  TMyQuery& qDetay;
+  TMyQuery& qSeri;
 
   QAction* aKaydet;
   QAction* aVazgec;

@@ -42,10 +42,16 @@ QString layoutFile() { return QuendUtil->programFolder + u"ServisFis.ini"_s; }
 
 }  // namespace
 
+struct TfservisfisSec::Queries {
+  TMyQuery qServis{DM->MySQL, u"qServis"_s};
+  TMyQuery qDisServis{DM->MySQL, u"qDisServis"_s};
+};
+
 TfservisfisSec::TfservisfisSec(QWidget* parent)
     : QDialog(parent),
-      qServis(DM->MySQL, u"qServis"_s),
-      qDisServis(DM->MySQL, u"qDisServis"_s),
+      queries_(std::make_unique<Queries>()),
+      qServis(queries_->qServis),
+      qDisServis(queries_->qDisServis),
       store_(std::make_unique<SlipBrowserStore>(DM->MySQL, qServis, qDisServis, DM->pGetQ)),
       firms_(qDisServis, {{u"DS_AD"_s, u"ADI"_s, 220}, {u"DS_ILCE_IL"_s, u"İLÇE/İL"_s, 130}, {u"DS_TEL"_s, u"TELEFON"_s, 120}}) {
   setObjectName(u"fservisfisSec"_s);

@@ -1,23 +1,28 @@
 #pragma once
 
-#include "base/data/my_query.h"
+#include "base/data/filter_expression.h"
 #include "service/slip_look_ups.h"
 
 #include <QColor>
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 class CommandBar;
 class DataGrid;
 class QAction;
 class SlipBrowserStore;
+class TMyQuery;
 struct GridSort;
 
 /// "Servis Fişleri": the slips of the database to choose from, to delete, to print and to export. Created once, reads anew
 /// at each opening.
 class TfservisfisSec : public QDialog {
   Q_OBJECT
+  struct Queries;
+  const std::unique_ptr<Queries> queries_;
+
  public:
   /// Works on DM's connection.
   explicit TfservisfisSec(QWidget* parent = nullptr);
@@ -30,8 +35,8 @@ class TfservisfisSec : public QDialog {
   /// Keeps the columns' layout beside the program.
   void done(int result) override;
 
-  TMyQuery qServis;
-  TMyQuery qDisServis;
+  TMyQuery& qServis;
+  TMyQuery& qDisServis;
 
   QAction* aSec;
   QAction* aGuncelle;

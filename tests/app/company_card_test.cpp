@@ -2,6 +2,7 @@
 #include "app/dmUnit.h"
 #include "app/editors/qcx_editors.h"
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "base/exceptions.h"
 #include "base/guard.h"
 #include "tests/support/screen_test.h"

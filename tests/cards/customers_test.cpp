@@ -1,4 +1,5 @@
 #include "app/editors/qcx_db_editors.h"
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "tests/cards/cards_fixture.h"
 #include "toolkit/grid/data_grid.h"

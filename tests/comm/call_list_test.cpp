@@ -1,4 +1,5 @@
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "comm/fGelenAramalarUnit.h"
 #include "simulator/telephone_monitor.h"
 #include "tests/service/slip_form_fixture.h"

@@ -1,6 +1,7 @@
 #include "app/company_card.h"
 #include "app/parameters.h"
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "base/whole_file.h"
 #include "contracts/contract_editor.h"

@@ -4,6 +4,7 @@
 #include "app/editors/qcx_editors.h"
 #include "app/ports.h"
 #include "app/quendUtils.h"
+#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "extras/exchange_rates.h"
 #include "extras/statistics.h"

@@ -1,4 +1,5 @@
 #include "base/data/auto_refresh.h"
+#include "base/data/my_query.h"
 #include "base/data/server_wait.h"
 #include "base/date_text.h"
 #include "base/environment.h"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/parameters.h"
+#include "base/data/my_query.h"
 #include "service/ffoto_unit.h"
 #include "service/fservisfis_unit.h"
 #include "tests/support/program_test.h"

@@ -1,4 +1,3 @@
-#include "base/data/my_query.h"
 #include "base/guard.h"
 #include "toolkit/grid/column_chooser.h"
 #include "toolkit/grid/data_grid.h"

@@ -1,6 +1,5 @@
 #include "toolkit/grid/grid_content.h"
 
-#include "base/data/my_query.h"
 #include "base/data/value.h"
 #include "toolkit/grid/grid_model.h"
 
