@@ -36,6 +36,7 @@
 #include "service/slip_printing.h"
 #include "service/slip_windows.h"
 #include "toolkit/edits/text_edit.h"
+#include "toolkit/shell/focus_links.h"
 #include "toolkit/shell/wait_panel.h"
 #include "toolkit/shell/window_place.h"
 
@@ -165,6 +166,7 @@ int runProgram(int argc, char** argv, const std::function<void()>& beforeLoop) {
   applyLook(application, wantedColors());
   QApplication::setWindowIcon(QIcon(u":/kvtk.svg"_s));
   keepFramesReachable(&application);
+  untieClosedWindows(application);
   QApplication::setQuitOnLastWindowClosed(false);  // the main window ends the program, no other one does
 
   auto splash = std::make_unique<TfAbout>();

@@ -4,6 +4,7 @@
 #include "toolkit/shell/child_tab_strip.h"
 #include "toolkit/shell/child_windows.h"
 #include "toolkit/shell/command_bar.h"
+#include "toolkit/shell/focus_links.h"
 #include "toolkit/shell/key_state_panel.h"
 #include "toolkit/shell/key_tips.h"
 #include "toolkit/shell/redraw_lock.h"
@@ -528,6 +529,22 @@ TEST(GuardTest, AnErrorInTheMiddleOfAWaitIsToldWhenItsMessageCanBeAnswered) {
   }
   EXPECT_TRUE(QTest::qWaitFor([&] { return told == 1; }));
   setUnhandledHandler({});
+}
+
+TEST(FocusLinksTest, AStepOfTheFocusIsToldOnceHoweverOftenTheDialogWasOpened) {
+  untieClosedWindows(*qApp);
+  QDialog dialog;
+  auto* first = new QLineEdit(&dialog);
+  auto* second = new QLineEdit(&dialog);
+  for (int opening = 0; opening < 5; ++opening) {
+    dialog.close();
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  }
+  first->setFocus();
+  const QSignalSpy steps(qApp, &QGuiApplication::focusObjectChanged);
+  second->setFocus();
+  EXPECT_EQ(steps.count(), 1);
 }
 
 TEST(KeyStatePanelTest, InsertTogglesOncePerPress) {
