@@ -110,6 +110,8 @@ void comparePosting(TMyConnection& connection) {
   // Inside transactions, so that the disk's time for each commit hides nothing; on two rows, as each holds its lock.
   connection.StartTransaction();
   mysql_query(bare, "START TRANSACTION");
+  // The same two statements on both sides: the change, and its row version read back.
+  mysql_set_server_option(bare, MYSQL_OPTION_MULTI_STATEMENTS_ON);
   int turn = 0;
   const Field field = query.FieldByName(u"TS_MALIYET"_s);
   const double value = ratio(
@@ -122,8 +124,11 @@ void comparePosting(TMyConnection& connection) {
       },
       [&] {
         for (int i = 0; i < 100; ++i) {
-          const QByteArray statement = "UPDATE teknikservis SET TS_MALIYET=" + QByteArray::number(++turn) + " WHERE TS_ID=" + otherId;
+          const QByteArray statement = "UPDATE teknikservis SET TS_MALIYET=" + QByteArray::number(++turn) + " WHERE TS_ID=" + otherId +
+                                       ";SELECT TS_STAMP FROM teknikservis WHERE TS_ID=" + otherId;
           if (mysql_real_query(bare, statement.constData(), ulong(statement.size())) != 0) qFatal("%s", mysql_error(bare));
+          if (mysql_next_result(bare) != 0) qFatal("%s", mysql_error(bare));
+          mysql_free_result(mysql_store_result(bare));
         }
       },
       postRounds);
