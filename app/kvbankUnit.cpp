@@ -155,7 +155,7 @@ void TfKvb::buildStatusBar() {
   dxBarStatic2 = panel(u"dxBarStatic2"_s, u"Sunucu Adı"_s);
   dateBox_ = new DateEdit(this);
   dateBox_->setObjectName(u"dateBox"_s);
-  dateBox_->setAccessibleName(u"Tarih"_s);
+  nameBox(*dateBox_, u"Tarih"_s);
   dateBox_->setToolTip(u"Tarih"_s);
   dateBox_->setFixedWidth(110);
   showDay();

@@ -74,6 +74,16 @@ class DesignerTest : public testing::Test {
     EXPECT_EQ(bytes(), after) << name.toStdString();
   }
 
+  /// A command that asks in a dialog of its own is one step as well.
+  void expectDialogStep(const QString& command, const QString& name, const std::function<void(QDialog&)>& choose) {
+    postGuarded(&designer, [choose] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      choose(*dialog);
+      dialog->accept();
+    });
+    expectStep(name, [&] { designer.actions().action(command)->trigger(); });
+  }
+
   ScriptedDialogs dialogs;
   QTemporaryDir folder;
   QString file = folder.filePath(QStringLiteral("0.fr3"));

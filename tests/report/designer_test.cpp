@@ -3,6 +3,7 @@
 #include "tests/report/designer_fixture.h"
 #include "toolkit/edits/currency_edit.h"
 #include "toolkit/report/designer/data_list.h"
+#include "toolkit/report/designer/expression_dialog.h"
 #include "toolkit/report/designer/fault_list.h"
 #include "toolkit/report/designer/inspector.h"
 #include "toolkit/report/designer/label_wizard.h"
@@ -287,6 +288,41 @@ TEST_F(DesignerTest, LeavingAsksAndTheSecondOfTwoDesignersToo) {
   dialogs.answers = {10};
   EXPECT_TRUE(designer.mayLeave());
   EXPECT_TRUE(stored().contains("Kalır")) << "a text that is still being written is part of the work";
+  editor().change(u"x"_s, *node(u"a"_s), u"left"_s, 9.0);
+  ASSERT_TRUE(QFile::remove(file));
+  dialogs.answers = {10};
+  EXPECT_TRUE(designer.save());
+  EXPECT_EQ(dialogs.texts.back(), u"Kaydederseniz dosya yeniden oluşturulur.");
+  EXPECT_TRUE(stored().contains("left=\"9\""));
+}
+
+TEST_F(DesignerTest, WhatNobodyEditsStaysAsItIs) {
+  open(R"(<band height="40"><text name="a">x</text></band>)");
+  editor().change(u"x"_s, *node(u"a"_s), u"text"_s, u"Bir\u00a0iki⏎ üç\u2028dört"_s);
+  const QByteArray before = bytes();
+  editor().select(node(u"a"_s));
+  key(Qt::Key_F2);
+  canvas().endText();
+  EXPECT_EQ(bytes(), before);
+  designer.inspector().edit(u"text");
+  canvas().setFocus();
+  EXPECT_EQ(bytes(), before);
+  ExpressionDialog dialog(&designer, u"Metin"_s, ExpressionDialog::Kind::Text, node(u"a"_s)->text(u"text"), sampleData());
+  EXPECT_EQ(dialog.text(), node(u"a"_s)->text(u"text"));
+  dialog.findChild<QPlainTextEdit*>(u"expression"_s)->appendPlainText(u"beş"_s);
+  EXPECT_EQ(dialog.text(), u"Bir\u00a0iki⏎ üç\ndört\nbeş");
+}
+
+TEST_F(DesignerTest, LongTextsWidenNoWindow) {
+  open(R"(<band height="40"><text name="a">A</text></band>)");
+  const int least = designer.minimumSizeHint().width();
+  const QString endless(10'000, u'X');
+  Q_EMIT designer.inspector().refused(endless);
+  editor().change(u"x"_s, *editor().page(), u"name"_s, endless);
+  for (int page = 0; page < 40; ++page) designer.actions().action(u"addPage"_s)->trigger();
+  EXPECT_LT(designer.minimumSizeHint().width(), least + 100);
+  ExpressionDialog dialog(&designer, u"Metin"_s, ExpressionDialog::Kind::Text, endless, sampleData());
+  EXPECT_LT(dialog.minimumSizeHint().width(), 1000);
 }
 
 TEST_F(DesignerTest, AnotherTemplateOfTheFolderIsOpenedInItsPlace) {
@@ -362,6 +398,12 @@ TEST_F(DesignerTest, WorkUnderWayOutlivesAKilledDesigner) {
   designer.open(file, sampleData());
   QCoreApplication::processEvents();
   EXPECT_EQ(dialogs.shown.size(), 1U) << "what was saved is no work under way";
+  designer.setDraftPause(20);
+  editor().select(node(u"a"_s));
+  designer.inspector().edit(u"text");
+  qobject_cast<QLineEdit*>(QApplication::focusWidget())->setText(u"Yazılıyor"_s);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return contentOf(folder.filePath(u"onceki/0/taslak-1.xml"_s)).contains("Yazılıyor"); }));
+  EXPECT_EQ(node(u"a"_s)->text(u"text"), u"Yarım") << "kept, not taken over";
 }
 
 TEST_F(DesignerTest, ObjectsAreChildrenForAssistiveSoftware) {
@@ -407,14 +449,17 @@ TEST_F(DesignerTest, ALabelIsMadeByTheWizardAndAPageBySetUp) {
   });
   EXPECT_EQ(texts.join(u' '), u"[MUSTERI_ADI] [FIS_NO]");
   EXPECT_EQ(PagePlaces(*made.root().children().front()).cell().size(), QSizeF(66, 36));
-  PageSetupDialog dialog(nullptr, *editor().page());
-  auto* preset = dialog.findChild<QComboBox*>(u"preset"_s);
-  preset->setCurrentIndex(9);
-  Q_EMIT preset->activated(9);
-  PropertyChanges changes;
-  for (const auto& [property, value] : dialog.values()) changes.push_back({editor().page(), property, value});
-  expectStep(u"Sayfa düzeni"_s, [&] { editor().change(u"Sayfa düzeni"_s, changes); });
+  expectDialogStep(u"wizard"_s, u"Sihirbaz"_s, [](QDialog& dialog) { dialog.findChild<QListWidget*>(u"labelNames"_s)->item(0)->setCheckState(Qt::Checked); });
+  expectDialogStep(u"pageSetup"_s, u"Sayfa düzeni"_s, [](QDialog& dialog) {
+    for (const EditFrame* box : dialog.findChildren<EditFrame*>()) EXPECT_FALSE(box->findChild<QLineEdit*>()->accessibleName().isEmpty());
+    auto* preset = dialog.findChild<QComboBox*>(u"preset"_s);
+    preset->setCurrentIndex(9);
+    Q_EMIT preset->activated(9);
+  });
   EXPECT_EQ(canvas().places().sheet().cell, QSizeF(70, 37));
+  EXPECT_TRUE(designer.save());
+  expectDialogStep(u"versions"_s, u"Önceki sürüm"_s, [](QDialog& dialog) { dialog.findChild<QListWidget*>(u"templates"_s)->setCurrentRow(0); });
+  EXPECT_NE(node(u"a"_s), nullptr) << "as it was opened";
 }
 
 }  // namespace

@@ -67,6 +67,11 @@ void EditFrame::nameBy(const QString& caption) {
   inner()->setAccessibleName(caption.trimmed());
 }
 
+void nameBox(QWidget& box, const QString& caption) {
+  if (auto* frame = qobject_cast<EditFrame*>(&box)) return frame->nameBy(caption);
+  box.setAccessibleName(caption);
+}
+
 void EditFrame::paintEvent(QPaintEvent*) {
   const bool focused = inner()->hasFocus();
   QColor border = palette().color(QPalette::Mid);

@@ -46,14 +46,18 @@ class EditFrame : public QFrame, public EditControl {
   /// Height in logical pixels that all one-line boxes have with this widget's font.
   int oneLineHeight() const;
 
+  /// Names frame and inner widget for assistive software: the caption without its blanks.
+  void nameBy(const QString& caption);
+
  protected:
   /// The widget that takes the keyboard within the frame.
   virtual QWidget* inner() const = 0;
-  /// Names frame and inner widget for assistive software: the caption without its blanks.
-  void nameBy(const QString& caption);
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QString errorText_;
   QString plainHint_;
 };
+
+/// Names any box for assistive software, one of ours with the line within it, which has the focus.
+void nameBox(QWidget& box, const QString& caption);

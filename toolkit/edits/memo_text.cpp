@@ -3,6 +3,7 @@
 #include "base/guard.h"
 #include "toolkit/edits/balloon.h"
 #include "toolkit/edits/edit_menu.h"
+#include "toolkit/edits/plain_text.h"
 
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -36,8 +37,7 @@ MemoText::MemoText(QWidget* parent) : QPlainTextEdit(parent) {
 
 QString MemoText::wholeText() const {
   if (!document()->isModified()) return original_;
-  QString text = document()->toRawText();
-  text.replace(QChar::ParagraphSeparator, u'\n').replace(QChar::LineSeparator, u'\n');
+  QString text = plainTextOf(*document());
   if (original_.contains(u"\r\n"_s)) text.replace(u"\n"_s, u"\r\n"_s);
   return text;
 }

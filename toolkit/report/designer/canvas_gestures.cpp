@@ -52,6 +52,7 @@ class MoveGesture : public SelectionGesture {
     canvas_.previewMove(objects_, {});
     if (by_.isNull()) return;
     ReportEditor& editor = canvas_.editor();
+    editor.select(objects_);  // what was taken is moved, whatever a key has selected meanwhile
     const Gesture step(editor, copies_ ? u"Kopyasını taşı"_s : u"Taşı"_s);
     DesignCommands commands(editor);
     if (copies_) commands.duplicateInPlace();

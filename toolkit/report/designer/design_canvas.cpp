@@ -248,13 +248,9 @@ void DesignCanvas::endText() {
   if (textInPlace_) textInPlace_->end(true);
 }
 
-ReportDocument DesignCanvas::workUnderWay() const {
-  if (!textInPlace_) return editor_.document().clone();
-  ReportNode& object = textInPlace_->object();
-  PropertyValue before = object.setValue(u"text", textInPlace_->toPlainText());
-  ReportDocument work = editor_.document().clone();
-  object.setValue(u"text", std::move(before));
-  return work;
+PropertyChanges DesignCanvas::written() const {
+  if (!textInPlace_) return {};
+  return {{&textInPlace_->object(), u"text"_s, textInPlace_->text()}};
 }
 
 void DesignCanvas::created(ReportNode* object) {

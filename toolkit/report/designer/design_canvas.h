@@ -52,9 +52,8 @@ class DesignCanvas : public QGraphicsView {
   bool editContent(ReportNode& object);
   /// Takes over the text that is being written in its place.
   void endText();
-  /// The document as it would be if that text were taken over now.
-  ReportDocument workUnderWay() const;
-  bool isWriting() const { return textInPlace_ != nullptr; }
+  /// That text, as the change that taking it over would be.
+  PropertyChanges written() const;
 
   // For gestures
   Snapping::Rules snapRules(Qt::KeyboardModifiers modifiers) const;

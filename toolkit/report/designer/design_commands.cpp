@@ -47,11 +47,6 @@ void DesignCommands::cut() {
   editor_.remove(u"Kes"_s, removable());
 }
 
-bool DesignCommands::canPaste() const {
-  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-  return data && data->hasFormat(QString::fromLatin1(ReportFragment::mimeType));
-}
-
 void DesignCommands::paste() {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   if (!data) return;

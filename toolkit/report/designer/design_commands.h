@@ -13,7 +13,6 @@ class DesignCommands {
   void cut();
   /// Puts the clipboard's objects where they were; beside it where some are already. Bands come behind the selected one.
   void paste();
-  bool canPaste() const;
   void duplicate();
   /// A copy of the selected objects in their own place, selected.
   void duplicateInPlace();

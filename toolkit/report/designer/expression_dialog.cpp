@@ -2,6 +2,7 @@
 
 #include "base/environment.h"
 #include "base/guard.h"
+#include "toolkit/edits/plain_text.h"
 #include "toolkit/report/designer/data_list.h"
 #include "toolkit/report/expression_functions.h"
 #include "toolkit/shell/screen_room.h"
@@ -16,14 +17,16 @@
 using namespace Qt::StringLiterals;
 
 ExpressionDialog::ExpressionDialog(QWidget* owner, const QString& caption, Kind kind, const QString& text, const DesignSample& sample)
-    : QDialog(owner), kind_(kind), sample_(sample), text_(new QPlainTextEdit(this)), result_(new QLabel(this)) {
+    : QDialog(owner), kind_(kind), sample_(sample), given_(text), text_(new QPlainTextEdit(this)), result_(new QLabel(this)) {
   setWindowTitle(caption);
   text_->setObjectName(u"expression"_s);
   text_->setAccessibleName(caption);
   text_->setPlainText(text);
+  shown_ = plainTextOf(*text_->document());
   text_->setTabChangesFocus(true);
   result_->setTextFormat(Qt::PlainText);
   result_->setWordWrap(true);
+  result_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a text without a blank does not widen the dialog
   result_->setMinimumHeight(result_->fontMetrics().height() * 3);
   result_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
   auto* names = new DataList(this);
@@ -49,13 +52,19 @@ ExpressionDialog::ExpressionDialog(QWidget* owner, const QString& caption, Kind 
   all->addWidget(buttons);
   connectGuarded(buttons, &QDialogButtonBox::accepted, this, [this] { accept(); });
   connectGuarded(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
-  connectGuarded(text_, &QPlainTextEdit::textChanged, this, [this] { showResult(); });
+  connectGuarded(text_, &QPlainTextEdit::textChanged, this, [this] {
+    showResult();
+    Q_EMIT written();
+  });
   showResult();
   resize(withinScreen(*this, QSize(760, 420)));
   text_->setFocus();
 }
 
-QString ExpressionDialog::text() const { return text_->toPlainText(); }
+QString ExpressionDialog::text() const {
+  const QString now = plainTextOf(*text_->document());
+  return now == shown_ ? given_ : now;
+}
 
 void ExpressionDialog::insertName(const QString& name) {
   text_->insertPlainText(kind_ == Kind::Text ? u'[' + name + u']' : name);

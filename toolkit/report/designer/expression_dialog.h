@@ -16,7 +16,11 @@ class ExpressionDialog : public QDialog {
     Expression,  ///< is one expression
   };
   ExpressionDialog(QWidget* owner, const QString& caption, Kind kind, const QString& text, const DesignSample& sample);
+  /// The text as it was given as long as nobody edited it, so that line ends stay what they were.
   QString text() const;
+
+ Q_SIGNALS:
+  void written();
 
  private:
   void insertName(const QString& name);
@@ -24,6 +28,8 @@ class ExpressionDialog : public QDialog {
 
   Kind kind_;
   const DesignSample& sample_;
+  const QString given_;
+  QString shown_;
   QPlainTextEdit* text_;
   QLabel* result_;
 };

@@ -169,6 +169,16 @@ Inspector::Inspector(ReportEditor& editor, const DesignSample& sample, QWidget* 
   showHeading();
 }
 
+PropertyChanges Inspector::written() const {
+  const int row = table_->currentIndex().row();
+  if (!box_ || row < 0) return {};
+  try {
+    return box_->value() ? model_->changes(row, [this](const PropertyValue& own) { return box_->valueFor(own); }) : PropertyChanges();
+  } catch (const EConvertError&) {
+    return {};
+  }
+}
+
 void Inspector::endEdit() {
   if (PropertyEdit* box = std::exchange(box_, nullptr)) static_cast<PropertyDelegate*>(table_->itemDelegate())->end(box);
 }

@@ -24,6 +24,8 @@ class Inspector : public QWidget {
   void edit(QStringView property);
   /// Takes over what is being written, and closes its box.
   void endEdit();
+  /// What is being written, as the change that taking it over would be; nothing when it is no value.
+  PropertyChanges written() const;
 
  Q_SIGNALS:
   /// Why a value was not taken; empty when one was.

@@ -92,7 +92,7 @@ LabelWizard::LabelWizard(QWidget* owner, const DesignSample& sample)
   size_->setCurrentIndex(usualSheet);
   const auto addSide = [](CurrencyEdit& box, const QString& name, const QString& caption, double value) {
     box.setObjectName(name);
-    box.setAccessibleName(caption);
+    nameBox(box, caption);
     box.setDisplayFormat(u"0.##"_s);
     box.setValue(value);
   };

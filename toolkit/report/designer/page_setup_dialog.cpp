@@ -87,7 +87,7 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
       told_(new QLabel(this)) {
   setWindowTitle(u"Sayfa Düzeni"_s);
   const auto named = [](QWidget* box, const QString& caption) {
-    box->setAccessibleName(caption);
+    nameBox(*box, caption);
     return box;
   };
   preset_->setObjectName(u"preset"_s);

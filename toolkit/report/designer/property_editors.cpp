@@ -93,9 +93,10 @@ class TextEditLine : public PropertyEdit {
     row->addWidget(more);
     connectGuarded(more, &QToolButton::clicked, this, [this, &sample] {
       const auto kind = property_.type == PropertyType::Expression ? ExpressionDialog::Kind::Expression : ExpressionDialog::Kind::Text;
-      ExpressionDialog dialog(window(), property_.caption, kind, text(), sample);
-      if (dialog.exec() != QDialog::Accepted) return;
-      show(dialog.text());
+      const QString before = text();
+      ExpressionDialog dialog(window(), property_.caption, kind, before, sample);
+      connectGuarded(&dialog, &ExpressionDialog::written, this, [&] { show(dialog.text()); });
+      if (dialog.exec() != QDialog::Accepted) return show(before);
       Q_EMIT chosen();
     });
   }
@@ -109,12 +110,18 @@ class TextEditLine : public PropertyEdit {
   }
 
  private:
-  /// Line ends are shown as a sign in the one line.
-  void show(QString text) { line_->setText(text.replace(u'\n', u'⏎')); }
-  QString text() const { return line_->text().replace(u'⏎', u'\n'); }
+  /// Line ends are shown as a sign in the one line. What nobody edited stays as it was, also where it holds that sign.
+  void show(const QString& text) {
+    given_ = text;
+    line_->setText(QString(text).replace(u'\n', u'⏎'));
+    shown_ = line_->text();
+  }
+  QString text() const { return line_->text() == shown_ ? given_ : line_->text().replace(u'⏎', u'\n'); }
 
   const PropertyInfo& property_;
   QLineEdit* line_;
+  QString given_;
+  QString shown_;
   bool isDiffering_ = false;
 };
 

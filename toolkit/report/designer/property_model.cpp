@@ -117,10 +117,14 @@ void PropertyModel::readValues() {
   }
 }
 
-void PropertyModel::change(int row, const std::function<PropertyValue(const PropertyValue& own)>& made) {
+PropertyChanges PropertyModel::changes(int row, const std::function<PropertyValue(const PropertyValue& own)>& made) const {
   PropertyChanges changes;
   for (ReportNode* node : nodes_) changes.push_back({node, property(row).name, made(node->value(property(row).name))});
-  editor_.change(property(row).caption, std::move(changes));
+  return changes;
+}
+
+void PropertyModel::change(int row, const std::function<PropertyValue(const PropertyValue& own)>& made) {
+  editor_.change(property(row).caption, changes(row, made));
 }
 
 QString PropertyModel::heading() const {

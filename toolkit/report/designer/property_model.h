@@ -23,6 +23,8 @@ class PropertyModel : public QAbstractTableModel {
   const std::optional<PropertyValue>& value(int row) const { return values_[size_t(row)]; }
   /// One step of undo for all of them; made gets each node's own value.
   void change(int row, const std::function<PropertyValue(const PropertyValue& own)>& made);
+  /// What that would change, of all selected nodes.
+  PropertyChanges changes(int row, const std::function<PropertyValue(const PropertyValue& own)>& made) const;
   /// The nodes that are shown.
   const std::vector<ReportNode*>& nodes() const { return nodes_; }
   /// What is shown, as a heading: "Metin1 (Metin)", "3 nesne".

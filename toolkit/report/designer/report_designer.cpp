@@ -34,6 +34,8 @@ namespace {
 
 constexpr int draftPauseMs = 60'000;
 constexpr double paneShare = 0.22;   ///< of the window's width
+constexpr int longestTab = 160;
+constexpr int leastTabs = 50;
 constexpr int leastPane = 170;
 constexpr int mostPane = 300;
 constexpr int leastWithLists = 560;  ///< width of a window that has room for the lists beside the page
@@ -209,7 +211,9 @@ QWidget* ReportDesigner::buildMiddle() {
   pages_->setAccessibleName(u"Sayfalar"_s);
   pages_->setShape(QTabBar::RoundedSouth);
   pages_->setExpanding(false);
-  pages_->setUsesScrollButtons(false);
+  pages_->setUsesScrollButtons(true);
+  pages_->setElideMode(Qt::ElideRight);
+  pages_->setMinimumWidth(leastTabs);
   auto* add = new QToolButton(middle);
   add->setDefaultAction(actions_->action(u"addPage"_s));
   add->setAutoRaise(true);
@@ -235,6 +239,7 @@ QWidget* ReportDesigner::buildStatus() {
   message_ = new QLabel(line);
   message_->setObjectName(u"designerMessage"_s);
   message_->setTextFormat(Qt::PlainText);
+  message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a long message does not widen the window
   place_ = new QLabel(line);
   zoomText_ = new QLabel(line);
   zoomText_->setMinimumWidth(fontMetrics().horizontalAdvance(u"%0000"_s));
@@ -257,7 +262,9 @@ void ReportDesigner::showPages() {
   while (pages_->count() < int(all.size())) pages_->addTab({});
   for (int place = 0; place < pages_->count(); ++place) {
     const ReportNode* page = all[size_t(place)];
-    pages_->setTabText(place, page->name().isEmpty() ? u"Sayfa %1"_s.arg(place + 1) : page->name());
+    const QString name = page->name().isEmpty() ? u"Sayfa %1"_s.arg(place + 1) : page->name();
+    pages_->setTabText(place, fontMetrics().elidedText(name, Qt::ElideRight, longestTab));
+    pages_->setTabToolTip(place, name);
     if (page == editor_.page()) pages_->setCurrentIndex(place);
   }
   actions_->update();
@@ -273,7 +280,10 @@ void ReportDesigner::settle() {
   canvas_->endText();
 }
 
-void ReportDesigner::tell(const QString& text) const { message_->setText(text); }
+void ReportDesigner::tell(const QString& text) const {
+  message_->setText(text);
+  message_->setToolTip(text);
+}
 
 void ReportDesigner::menuAt(QPoint global) {
   QMenu menu(this);

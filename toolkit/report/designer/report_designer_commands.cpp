@@ -1,4 +1,5 @@
 #include "base/guard.h"
+#include "toolkit/report/designer/fault_list.h"
 #include "toolkit/report/designer/inspector.h"
 #include "toolkit/report/designer/report_designer.h"
 
@@ -116,6 +117,7 @@ void ReportDesigner::addViewCommands() {
                    showsExample_ = !showsExample_;
                    sample_ = showsExample_ ? exampleOf(given_) : given_;
                    canvas_->showSample(canvas_->showsData());
+                   faults_->search();
                  }, {}, [this] { return showsExample_; }});
   const auto hasPages = [this] { return editor_.pages().size() > 1; };
   actions_->add({u"nextPage"_s, u"Sonraki sayfa"_s, u"go-next"_s, QKeySequence(u"Alt+PgDown"_s), [this] { showNextPage(1); }, hasPages});

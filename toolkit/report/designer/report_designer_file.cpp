@@ -6,6 +6,7 @@
 #include "toolkit/edits/task_dialog.h"
 #include "toolkit/report/designer/data_list.h"
 #include "toolkit/report/designer/fault_list.h"
+#include "toolkit/report/designer/inspector.h"
 #include "toolkit/report/designer/label_wizard.h"
 #include "toolkit/report/designer/page_setup_dialog.h"
 #include "toolkit/report/designer/property_editors.h"
@@ -94,9 +95,13 @@ bool ReportDesigner::save() {
   if (!file_ || !editor_.isChanged()) return true;
   try {
     if (file_->isChangedByOthers()) {
-      const int answer = ask(window(), u"Şablon bu arada başka bir yerden kaydedilmiş"_s,
-                             u"Üzerine yazarsanız oradaki değişiklikler bu şablondan gider; “Önceki sürümler” içinde saklanır."_s,
-                             {{Yes, u"Üzerine yaz"_s}, {Cancelled, u"Vazgeç"_s}});
+      const bool isThere = QFileInfo::exists(file_->file());
+      const int answer =
+          isThere ? ask(window(), u"Şablon bu arada başka bir yerden kaydedilmiş"_s,
+                        u"Üzerine yazarsanız oradaki değişiklikler bu şablondan gider; “Önceki sürümler” içinde saklanır."_s,
+                        {{Yes, u"Üzerine yaz"_s}, {Cancelled, u"Vazgeç"_s}})
+                  : ask(window(), u"Şablonun dosyası bu arada silinmiş"_s, u"Kaydederseniz dosya yeniden oluşturulur."_s,
+                        {{Yes, u"Kaydet"_s}, {Cancelled, u"Vazgeç"_s}});
       if (answer != Yes) return false;
     }
     file_->save(editor_.document());
@@ -121,9 +126,19 @@ bool ReportDesigner::mayLeave() {
 // Work under way
 
 void ReportDesigner::keepDraft() {
-  if (!file_ || !(editor_.isChanged() || canvas_->isWriting())) return;
+  PropertyChanges written = canvas_->written();
+  for (PropertyChange& each : inspector_->written()) written.push_back(std::move(each));
+  std::erase_if(written, [](const PropertyChange& each) { return each.node->value(each.property) == each.value; });
+  if (!file_ || !(editor_.isChanged() || !written.empty())) return;
+  // Put in for the time of the copy.
+  const auto swap = [&written] {
+    for (PropertyChange& each : written) each.value = each.node->setValue(each.property, std::move(each.value));
+  };
+  swap();
+  const ReportDocument work = editor_.document().clone();
+  swap();
   try {
-    file_->keepDraft(canvas_->workUnderWay());
+    file_->keepDraft(work);
   } catch (const EInOutError& error) {
     tell(u"Ara kayıt yapılamadı: %1"_s.arg(error.message()));
   }

@@ -1,6 +1,7 @@
 #include "toolkit/report/designer/text_in_place.h"
 
 #include "base/guard.h"
+#include "toolkit/edits/plain_text.h"
 #include "toolkit/report/designer/design_canvas.h"
 
 #include <QKeyEvent>
@@ -19,6 +20,7 @@ TextInPlace::TextInPlace(DesignCanvas& canvas, ReportNode& object) : QPlainTextE
   setObjectName(u"textInPlace"_s);
   setAccessibleName(u"Metin"_s);
   setPlainText(object.text(u"text"));
+  shown_ = plainTextOf(*document());
   setFrameShape(NoFrame);
   setViewportMargins(0, 0, 0, 0);
   document()->setDocumentMargin(1);
@@ -53,11 +55,16 @@ void TextInPlace::showFont() {
 void TextInPlace::end(bool keeps) {
   if (std::exchange(isEnded_, true)) return;
   Q_EMIT ended();
-  const QString text = toPlainText();
+  const QString written = text();
   canvas_.setFocus(Qt::OtherFocusReason);  // before it is hidden, which would pass the focus on, to the next object
   hide();
   deleteLater();
-  if (keeps) canvas_.editor().change(u"Metni yaz"_s, object_, u"text"_s, text);
+  if (keeps) canvas_.editor().change(u"Metni yaz"_s, object_, u"text"_s, written);
+}
+
+QString TextInPlace::text() const {
+  const QString now = plainTextOf(*document());
+  return now == shown_ ? object_.text(u"text") : now;
 }
 
 void TextInPlace::keyPressEvent(QKeyEvent* event) {

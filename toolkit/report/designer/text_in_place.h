@@ -11,6 +11,8 @@ class TextInPlace : public QPlainTextEdit {
  public:
   TextInPlace(DesignCanvas& canvas, ReportNode& object);
   ReportNode& object() const { return object_; }
+  /// As it was as long as nobody edited it.
+  QString text() const;
   /// Keeps the text, or leaves it as it was, and goes.
   void end(bool keeps);
 
@@ -26,5 +28,6 @@ class TextInPlace : public QPlainTextEdit {
 
   DesignCanvas& canvas_;
   ReportNode& object_;
+  QString shown_;
   bool isEnded_ = false;
 };

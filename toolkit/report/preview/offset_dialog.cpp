@@ -36,7 +36,7 @@ OffsetDialog::OffsetDialog(QWidget* owner, const QStringList& printers, const QS
                                  this);
   form->addRow(explanation);
   const auto addRow = [&](const QString& caption, QWidget* box) {
-    box->setAccessibleName(caption);
+    nameBox(*box, caption);
     form->addRow(caption, box);
   };
   addRow(u"Yazıcı"_s, printer_);
