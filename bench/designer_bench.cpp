@@ -22,6 +22,7 @@ namespace {
 
 constexpr int objectCount = 300;
 constexpr int moveCount = 200;
+constexpr int nameCount = 50;
 
 /// What waits to be painted is painted.
 void paint() {
@@ -88,7 +89,13 @@ int main(int argc, char** argv) {
   const QString receipt = folder.filePath(u"0.fr3"_s);
   QFile::copy(arguments[1] + u"/0.fr3"_s, receipt);
   DesignSample sample;
-  sample.data.declareVariable(u"FIS_NO"_s, {});
+  // About as many names as a slip has.
+  for (const QString& name : {u"FIS_NO"_s, u"MUSTERI_ADI"_s}) sample.data.declareVariable(name, u"Fişin bilgisi"_s);
+  for (int number = 0; number < nameCount; ++number) {
+    const QString name = u"BILGI_%1"_s.arg(number);
+    sample.data.declareVariable(name, u"Fişin bilgisi %1"_s.arg(number));
+    sample.data.setExpression(name, ReportData::quoted(u"Kağıda yazılan bilgi %1"_s.arg(number)));
+  }
 
   figure(u"designer_open_ms"_s, best([&] {
            ReportDesigner designer;
