@@ -99,7 +99,7 @@ class Style : public QProxyStyle {
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const override {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     const bool isMark = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck || element == PE_IndicatorRadioButton;
-    if ((!isMark && element != PE_FrameMenu) || !isDark(option->palette)) return;
+    if ((!isMark && element != PE_PanelMenu) || !isDark(option->palette)) return;
     painter->save();
     painter->setPen(isMark ? QPen(option->palette.color(QPalette::PlaceholderText), 1.5) : QPen(option->palette.color(QPalette::Mid).lighter(130)));
     painter->setBrush(Qt::NoBrush);
@@ -114,11 +114,14 @@ class Style : public QProxyStyle {
 
   QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override {
     if (mode != QIcon::Disabled) return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+    // Light icons on dark colours pale by letting more of these through.
+    const int darkest = isDark(colors_) ? 160 : 110;
+    const int share = isDark(colors_) ? 40 : 67;  // percent
     QImage pale = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < pale.height(); ++y)
       for (QRgb& pixel : std::span(reinterpret_cast<QRgb*>(pale.scanLine(y)), size_t(pale.width()))) {
-        const int gray = DarkestOfPale + qGray(pixel) * (255 - DarkestOfPale) / 255;
-        pixel = qRgba(gray, gray, gray, qAlpha(pixel) * 2 / 3);
+        const int gray = darkest + qGray(pixel) * (255 - darkest) / 255;
+        pixel = qRgba(gray, gray, gray, qAlpha(pixel) * share / 100);
       }
     return QPixmap::fromImage(pale);
   }
@@ -126,7 +129,6 @@ class Style : public QProxyStyle {
  private:
   static bool isDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() <= DarkWindow; }
 
-  static constexpr int DarkestOfPale = 110;
   static constexpr int DarkWindow = 127;
 
   QPalette colors_;

@@ -31,6 +31,7 @@ constexpr int boxWidth = 460;
 constexpr int captionWidth = 220;
 constexpr int markerWidth = 170;
 constexpr int memoHeight = 90;
+constexpr int markerHeight = 105;
 const QString file = u"Smtp"_s;
 const QString section = u"Smtp"_s;
 
@@ -88,6 +89,7 @@ TfEPOSTA::TfEPOSTA(QWidget* parent)
   eSMTPTEMPLATE->setMinimumHeight(memoHeight);
   ParamList->setObjectName(u"ParamList"_s);
   ParamList->setFixedWidth(markerWidth);
+  ParamList->setMinimumHeight(markerHeight);  // small screens would scroll the whole dialog otherwise
   auto* body = new QGroupBox(u"Şablon Mesaj"_s);
   auto* bodyRow = new QHBoxLayout(body);
   bodyRow->addWidget(eSMTPTEMPLATE, 1);

@@ -37,7 +37,8 @@ void DesignerRoad::changeReceipt(ScreenHands& hands) {
     designer.canvas().setFocus();
     return true;
   });
-  // A new text below the heading, by keys alone.
+  // The heading made higher, and a new text at its foot, by keys alone.
+  for (int step = 0; step < 8; ++step) hands.press({u"shift+Down"_s});
   hands.press({u"m"_s, u"Return"_s});
   hands.waitFor(u"text in its place"_s, [&] { return designer.canvas().findChild<QWidget*>(u"textInPlace"_s) != nullptr; });
   hands.type(u"Servisimize hoş geldiniz"_s);
@@ -45,7 +46,8 @@ void DesignerRoad::changeReceipt(ScreenHands& hands) {
   hands.waitFor(u"text written"_s, [&] {
     return designer.editor().selectedObjects().size() == 1 && designer.editor().selection().front()->text(u"text") == u"Servisimize hoş geldiniz";
   });
-  for (int step = 0; step < 8; ++step) hands.press({u"Right"_s});
+  for (int step = 0; step < 27; ++step) hands.press({u"Down"_s});
+  for (int step = 0; step < 20; ++step) hands.press({u"shift+Right"_s});
   hands.press({u"ctrl+b"_s});
   hands.picture(u"tasarimda-degisiklik"_s);
   hands.press({u"F5"_s});

@@ -1,5 +1,8 @@
 #include "demo/screen_hands.h"
 
+#include "toolkit/shell/ribbon_button.h"
+#include "toolkit/shell/ribbon_group.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QDir>
@@ -16,11 +19,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int settleMs = 80;  ///< in which keys that were pressed before have come to the program: they may move what is clicked on
+
 /// Widgets go by their own name, buttons of a command by the command's.
 bool goesBy(const QWidget& widget, const QString& objectName) {
   const auto* button = qobject_cast<const QToolButton*>(&widget);
   const QAction* command = button != nullptr ? button->defaultAction() : nullptr;
   return widget.objectName() == objectName || (command != nullptr && command->objectName() == objectName);
+}
+
+/// The button of the command of that name in a group of the ribbon, or null.
+const RibbonButton* commandOf(const RibbonGroup& group, const QString& objectName) {
+  for (const RibbonButton* button : group.buttons())
+    if (goesBy(*button, objectName)) return button;
+  return nullptr;
+}
+
+/// Where the ribbon has folded that command away, by its page or its group; null when it stands anywhere in sight.
+RibbonGroup* foldedGroupOf(const QString& objectName) {
+  if (visibleWidget(objectName) != nullptr) return nullptr;
+  for (QWidget* widget : QApplication::allWidgets())
+    if (auto* group = qobject_cast<RibbonGroup*>(widget); group != nullptr && commandOf(*group, objectName) != nullptr) return group;
+  return nullptr;
 }
 
 /// Small screens scroll.
@@ -103,12 +123,26 @@ void ScreenHands::type(const QString& text) {
 }
 
 void ScreenHands::click(const QString& objectName) {
+  pause(settleMs);
+  if (const auto group = ask<RibbonGroup*>([&] { return foldedGroupOf(objectName); }); group != nullptr) {
+    if (!ask<bool>([&] { return group->isVisible(); })) press({u"F10"_s});  // the page folds again when the keyboard leaves it
+    waitFor(u"ribbon of "_s + objectName, [&] { return group->isVisible(); });
+    if (ask<bool>([&] { return group->mode() == RibbonGroupMode::Collapsed; })) {
+      clickInto([&] { return group->dropDownButton(); });
+      chooseFromMenu(*this, ask<QString>([&] { return commandOf(*group, objectName)->text(); }));
+      return;
+    }
+  }
   waitFor(u"control "_s + objectName, [&] {
     bringIntoSight(objectName);
     return visibleWidget(objectName) != nullptr;
   });
+  clickInto([&] { return visibleWidget(objectName); });
+}
+
+void ScreenHands::clickInto(const std::function<QWidget*()>& find) {
   const QPoint place = ask<QPoint>([&] {
-    const QWidget* widget = visibleWidget(objectName);
+    const QWidget* widget = find();
     return widget->mapToGlobal(widget->rect().center()) * widget->devicePixelRatio();
   });
   tool({u"mousemove"_s, QString::number(place.x()), QString::number(place.y()), u"click"_s, u"1"_s});

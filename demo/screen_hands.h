@@ -33,7 +33,8 @@ class ScreenHands {
   /// Keys by their X names, "F2", "ctrl+F4"; one after the other.
   void press(const QStringList& keys);
   void type(const QString& text);
-  /// Left click in the middle of the visible widget of that object name.
+  /// Left click in the middle of the visible widget of that object name; a command that the ribbon has folded away is unfolded
+  /// before, as the keyboard does it.
   void click(const QString& objectName);
   /// Saves the whole screen as "NN-name.png".
   void picture(const QString& name);
@@ -41,6 +42,7 @@ class ScreenHands {
 
  private:
   void onMainThread(const std::function<void()>& work);
+  void clickInto(const std::function<QWidget*()>& find);
   void tool(const QStringList& arguments);
   /// Waits until the program's window in front has the keyboard: the window manager gives it a moment later.
   void awaitKeyboard();

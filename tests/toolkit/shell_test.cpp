@@ -312,6 +312,10 @@ TEST_F(RibbonTest, EveryCommandIsReachedByKeyboard) {
   QTest::keyClick(&host, Qt::Key_F10);
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_TRUE(ribbon.isPageVisible());
+  QTest::keyClick(&host, Qt::Key_F10);
+  ASSERT_TRUE(QTest::qWaitFor([this] { return host.findChild<QWidget*>(u"keyTip"_s) != nullptr; }));
+  QTest::mouseClick(ribbon.groups()[0]->buttons()[2], Qt::LeftButton);
+  EXPECT_EQ(third.count(), 2) << "the mouse may run what the keyboard has unfolded";
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
   EXPECT_FALSE(ribbon.isPageVisible()) << "as it was";
 }

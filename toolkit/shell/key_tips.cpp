@@ -188,7 +188,11 @@ bool KeyTips::eventFilter(QObject* watched, QEvent* event) {
                (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::Wheel ||
                 (watched == bar_->window() && (event->type() == QEvent::WindowDeactivate || event->type() == QEvent::Resize)))) {
       hide();
-      Q_EMIT left();
+      const auto* press = event->type() == QEvent::MouseButtonPress ? static_cast<const QMouseEvent*>(event) : nullptr;
+      if (press != nullptr && bar_->rect().contains(bar_->mapFromGlobal(press->globalPosition().toPoint())))
+        Q_EMIT pressedOnBar();
+      else
+        Q_EMIT left();
     } else if (isShown() && !inMenu_ && event->type() == QEvent::KeyPress &&
                std::ranges::find(PlainKeys, static_cast<QKeyEvent*>(event)->key()) != PlainKeys.end()) {
       hide();

@@ -34,6 +34,8 @@ class KeyTips : public QObject {
   void asked();
   /// The badges went without a command, or its menu was left.
   void left();
+  /// The badges went as the mouse pressed on the bar.
+  void pressedOnBar();
   /// A command is about to run; the keyboard belongs to where it was before.
   void chosen();
 

@@ -72,6 +72,9 @@ Ribbon::Ribbon(const QString& tabCaption, QWidget* parent)
   connectGuarded(enter, &QShortcut::activated, this, [this] { enterByKeyboard(); });
   connectGuarded(keyTips_, &KeyTips::asked, this, [this] { enterByKeyboard(); });
   connectGuarded(keyTips_, &KeyTips::left, this, [this] { leaveKeyboard(); });
+  connectGuarded(keyTips_, &KeyTips::pressedOnBar, this, [this] {
+    if (!foldsAgain_) leaveKeyboard();  // or the pressed button would fold away before it is released
+  });
   connectGuarded(keyTips_, &KeyTips::chosen, this, [this] { leaveKeyboard(); });
   connectGuarded(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
     if (now != nullptr && isAncestorOf(now)) return;

@@ -9,7 +9,7 @@
 
 namespace {
 /// Logical pixels of a dialog's frame and buttons.
-constexpr int aroundContent = 120;
+constexpr int aroundContent = 100;
 /// The same with a line or two of text.
 constexpr int aroundPicture = 190;
 /// A dialog's frame.
