@@ -2,6 +2,7 @@
 
 #include "app/kvbankUnit.h"
 #include "app/parameters.h"
+#include "demo/finish_road.h"
 #include "demo/screen_hands.h"
 #include "extras/report_design.h"
 #include "service/fservisfis_unit.h"
@@ -68,6 +69,12 @@ void DesignerRoad::changeReceipt(ScreenHands& hands) {
   hands.waitFor(u"receipt on paper"_s, [] { return isInFront(u"Önizleme"_s); });
   hands.pause(400);
   hands.picture(u"degisen-makbuz"_s);
+  const qsizetype printed = FinishRoad::printedJobs();
+  hands.press({u"ctrl+p"_s});
+  hands.waitFor(u"print dialog"_s, [] { return isInFront(u"Yazdır"_s); });
+  hands.picture(u"makbuz-yazdir"_s);
+  hands.press({u"Return"_s});
+  hands.waitFor(u"changed receipt printed"_s, [&] { return FinishRoad::printedJobs() > printed; });
   hands.press({u"Escape"_s});
   hands.waitFor(u"receipt closed"_s, [] { return QApplication::activeModalWidget() == nullptr && QApplication::activeWindow() == fKvb; });
 }

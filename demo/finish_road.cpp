@@ -57,11 +57,14 @@ QByteArray toolSays(const QString& program, const QStringList& arguments) {
 
 }  // namespace
 
+qsizetype FinishRoad::printedJobs() { return toolSays(u"lpstat"_s, {u"-W"_s, u"completed"_s, u"-o"_s}).count("ETIKET"); }
+
 void FinishRoad::printLabel(ScreenHands& hands) {
+  const qsizetype before = printedJobs();
   hands.click(u"TS_C_SERINO"_s);
   hands.press({u"F5"_s});
   chooseFromMenu(hands, u"Barkod Yazdır"_s, u"barkod-menusu"_s);
-  hands.waitFor(u"label on paper"_s, [] { return toolSays(u"lpstat"_s, {u"-W"_s, u"completed"_s, u"-o"_s}).contains("ETIKET"); });
+  hands.waitFor(u"label on paper"_s, [&] { return printedJobs() > before; });
 }
 
 void FinishRoad::complete(ScreenHands& hands, const Simulator& simulator) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 class ScreenHands;
 class Simulator;
 
@@ -7,6 +9,8 @@ class Simulator;
 /// back.
 namespace FinishRoad {
 
+/// Jobs that the print service's queue has done.
+qsizetype printedJobs();
 /// The label for the device goes to the print service's queue.
 void printLabel(ScreenHands& hands);
 /// The job is done: the customer is told by SMS and e-mail, and the receipt of that status comes up.
