@@ -78,6 +78,7 @@ class DesignerTest : public testing::Test {
   void expectDialogStep(const QString& command, const QString& name, const std::function<void(QDialog&)>& choose) {
     postGuarded(&designer, [choose] {
       auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      EXPECT_TRUE(QTest::qWaitForWindowActive(dialog));
       choose(*dialog);
       dialog->accept();
     });

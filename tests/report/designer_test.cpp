@@ -452,6 +452,12 @@ TEST_F(DesignerTest, ALabelIsMadeByTheWizardAndAPageBySetUp) {
   expectDialogStep(u"wizard"_s, u"Sihirbaz"_s, [](QDialog& dialog) { dialog.findChild<QListWidget*>(u"labelNames"_s)->item(0)->setCheckState(Qt::Checked); });
   expectDialogStep(u"pageSetup"_s, u"Sayfa düzeni"_s, [](QDialog& dialog) {
     for (const EditFrame* box : dialog.findChildren<EditFrame*>()) EXPECT_FALSE(box->findChild<QLineEdit*>()->accessibleName().isEmpty());
+    QStringList walked{QApplication::focusWidget()->accessibleName()};
+    for (int tab = 0; tab < 4; ++tab) {
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+      walked += QApplication::focusWidget()->accessibleName();
+    }
+    EXPECT_EQ(walked.join(u", "_s), u"Hazır etiket, Kâğıt, Yön, Kâğıt genişliği (mm), Kâğıt yüksekliği (mm)");
     auto* preset = dialog.findChild<QComboBox*>(u"preset"_s);
     preset->setCurrentIndex(9);
     Q_EMIT preset->activated(9);

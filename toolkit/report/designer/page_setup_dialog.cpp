@@ -80,9 +80,9 @@ QPixmap sheetPicture(const ReportNode& page, QSize room, double pixelRatio) {
 PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
     : QDialog(owner),
       page_(page.clone()),
-      preset_(new QComboBox(this)),
-      paper_(new QComboBox(this)),
-      orientation_(new QComboBox(this)),
+      preset_(new QComboBox),
+      paper_(new QComboBox),
+      orientation_(new QComboBox),
       picture_(new QLabel(this)),
       told_(new QLabel(this)) {
   setWindowTitle(u"Sayfa Düzeni"_s);
@@ -95,8 +95,13 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
   for (const LabelSheet& each : usualLabelSheets()) preset_->addItem(each.caption);
   for (const PropertyChoice& each : info(u"paper"_s).choices) paper_->addItem(each.caption, each.word);
   for (const PropertyChoice& each : info(u"orientation"_s).choices) orientation_->addItem(each.caption, each.word);
+  // Boxes come to their parent here, in the order of Tab.
   auto* content = new QWidget(this);
+  auto* row = new QHBoxLayout(content);
+  auto* filled = new QVBoxLayout;
   auto* form = new QGridLayout;
+  row->addLayout(filled, 1);
+  filled->addLayout(form);
   int place = 2;  // two boxes to a row; the first row is the sheets'
   const auto addBox = [&](const QString& caption, QWidget* box) {
     auto* label = new QLabel(caption, content);
@@ -115,7 +120,7 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
   addBox(info(u"orientation"_s).caption, orientation_);
   for (const QString& property : {u"width"_s, u"height"_s, u"marginleft"_s, u"marginright"_s, u"margintop"_s, u"marginbottom"_s, u"columns"_s,
                                   u"rows"_s, u"columngap"_s, u"rowgap"_s, u"repeat"_s}) {
-    auto* box = new CurrencyEdit(this);
+    auto* box = new CurrencyEdit(content);
     box->setObjectName(property);
     box->setDisplayFormat(info(property).type == PropertyType::Integer ? u"0"_s : u"0.##"_s);
     const QString caption = info(property).caption + (info(property).type == PropertyType::Integer ? QString() : u" (mm)"_s);
@@ -129,25 +134,22 @@ PageSetupDialog::PageSetupDialog(QWidget* owner, const ReportNode& page)
   auto* side = new QVBoxLayout;
   side->addWidget(picture_);
   side->addStretch(1);
-  auto* filled = new QVBoxLayout;
-  filled->addLayout(form);
   filled->addStretch(1);
-  auto* row = new QHBoxLayout(content);
   row->setContentsMargins(0, 0, 0, 0);
-  row->addLayout(filled, 1);
   row->addSpacing(12);
   row->addLayout(side);
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(new ScreenRoom(content), 1);
   auto* buttons = new QDialogButtonBox(this);
   buttons->addButton(u"Tamam"_s, QDialogButtonBox::AcceptRole);
   buttons->addButton(u"Vazgeç"_s, QDialogButtonBox::RejectRole);
-  auto* column = new QVBoxLayout(this);
-  column->addWidget(new ScreenRoom(content), 1);
   column->addWidget(buttons);
   connectGuarded(buttons, &QDialogButtonBox::accepted, this, [this] { acceptIfRight(); });
   connectGuarded(buttons, &QDialogButtonBox::rejected, this, [this] { reject(); });
   connectGuarded(preset_, &QComboBox::activated, this, [this](int index) { choosePreset(index); });
   connectGuarded(paper_, &QComboBox::activated, this, [this] { choosePaper(); });
   connectGuarded(orientation_, &QComboBox::activated, this, [this] { showSheet(); });
+  preset_->setFocus();
   showChoices();
 }
 
