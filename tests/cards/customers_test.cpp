@@ -1,6 +1,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "base/data/my_query.h"
 #include "base/data/value.h"
+#include "base/program_paths.h"
 #include "tests/cards/cards_fixture.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_view.h"
@@ -185,6 +186,7 @@ TEST_F(CustomersTest, CardChangedMeanwhile) {
 }
 
 TEST_F(CustomersTest, DeleteAsksAndIsTakenBackWhenTheServerRefuses) {
+  QFile::remove(logFileName());
   run(u"INSERT INTO caricihaz (CH_CA_ID) SELECT CA_ID FROM cari WHERE CA_AD = 'AYŞE IŞIK'");
   inList([this] {
     EXPECT_TRUE(runCommand(customers, u"aFisSil"_s));
@@ -195,6 +197,7 @@ TEST_F(CustomersTest, DeleteAsksAndIsTakenBackWhenTheServerRefuses) {
     EXPECT_EQ(dialogs.shown[1].text, u"Seçilen cari kart silinecek onaylıyor musunuz?"_s);
     EXPECT_EQ(dialogs.shown[2].text, u"Seçilen cari kart silinemedi!"_s);
     EXPECT_EQ(dialogs.shown[2].closeAfterMs, 8000);
+    EXPECT_THAT(contentOf(logFileName()).toStdString(), testing::HasSubstr("->qCari| DELETE FROM cari"));
     EXPECT_FALSE(DM->MySQL.InTransaction());
     EXPECT_EQ(shown(customers.qCari, u"CA_AD"_s).size(), 3);
     customers.grid()->setCurrentRow(1);
