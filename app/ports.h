@@ -97,3 +97,6 @@ Ports& ports();
 
 /// Shorthand for the port that everybody uses.
 inline void logMessage(const QString& message, const std::exception* error = nullptr) { ports().log(message, error); }
+/// The same for a failure of which the user is told in general words only: a query's error has its name and statement in a
+/// line of their own.
+void logFailure(const QString& message, const std::exception& error);

@@ -155,7 +155,7 @@ void CardList::deleteSelected(const QString& question, const QString& failure) {
     grid_->deleteSelectedRows();
     transaction.commit();
   } catch (const Exception& error) {
-    logMessage(failure, &error);
+    logFailure(failure, error);
     // What became of a row whose commit was not answered, only the server knows.
     try {
       readAnew();

@@ -54,7 +54,7 @@ Tfmusteriler::Tfmusteriler(QWidget* parent)
   const CardCommand aEkle{.name = u"aEkle"_s,
                           .caption = u"F3 » Kayıt Ekle"_s,
                           .icon = u"list-add"_s,
-                          .work = [this] { insertCard([] { fCariEkle->Insert(); }); },
+                          .work = [this] { addCard(); },
                           .right = u"F3 » Kayıt Ekle"_s,
                           .needsRows = false};
   const CardCommand aDuzelt{.name = u"aDuzelt"_s,
@@ -113,11 +113,19 @@ void Tfmusteriler::openCards() { qCari.OpenShared(CardStore::versions(DM->pGetQ)
 
 bool Tfmusteriler::hasNamedRow() { return grid()->currentRow() >= 0 && !qCari.FieldByName(u"CA_AD"_s).asText().isEmpty(); }
 
+/// Rows of two tables are without the key and the version that a save goes by, and a new row would get none.
+bool Tfmusteriler::tellsThatRowsHaveNoKey() {
+  if (isByDevice_)
+    QuendUtil->ErrorMesaj(this, u"Cihaz modeline göre daraltılmış listeye kart eklenemez, listedeki kartlar değiştirilemez.\n\nÖnce filtreyi temizleyin."_s);
+  return isByDevice_;
+}
+
+void Tfmusteriler::addCard() {
+  if (!tellsThatRowsHaveNoKey()) insertCard([] { fCariEkle->Insert(); });
+}
+
 void Tfmusteriler::editCard() {
-  if (isByDevice_)  // rows of two tables, without the key and the version that a save goes by
-    QuendUtil->ErrorMesaj(this, u"Cihaz modeline göre daraltılmış listedeki kartlar değiştirilemez.\n\nKartı değiştirmek için önce filtreyi temizleyin."_s);
-  else
-    fCariEkle->Edit();
+  if (!tellsThatRowsHaveNoKey()) fCariEkle->Edit();
 }
 
 void Tfmusteriler::showDevices() {

@@ -21,6 +21,8 @@ class Tfmusteriler : public CardList {
  private:
   bool takeFilter(const std::optional<FilterExpression>& filter);
   bool hasNamedRow();
+  bool tellsThatRowsHaveNoKey();
+  void addCard();
   void editCard();
   void showDevices();
   void sendSms();

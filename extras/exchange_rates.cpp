@@ -121,9 +121,8 @@ bool TfDoviz::download(const QString& file) {
   return DownloadFile(url, file);
 }
 
-/// What the server refuses is rolled back and told to nobody: meant. A text that is no number keeps the form open.
+/// The form closes however it ends: a rate that is no number and what the server refuses are told to nobody, which is meant.
 void TfDoviz::tamamButtonClick() {
-  for (const Currency currency : Currencies) box(currency)->value();
   try {
     store();
   } catch (const Exception& error) {
@@ -146,6 +145,8 @@ QString TfDoviz::date() const { return eTarih->text(); }
 void TfDoviz::setDate(const QString& date) { eTarih->setText(date); }
 
 void TfDoviz::setRate(Currency currency, double rate) { box(currency)->setValue(rate); }
+
+void TfDoviz::setUnreadableRate(Currency currency, const QString& text) { box(currency)->setText(text); }
 
 void TfDoviz::setHourglass(bool on) {
   if (!on) hourglass_.reset();

@@ -40,6 +40,7 @@ class TfDoviz : public QDialog, private RateScreen {
   QString date() const override;
   void setDate(const QString& date) override;
   void setRate(Currency currency, double rate) override;
+  void setUnreadableRate(Currency currency, const QString& text) override;
   void setHourglass(bool on) override;
   void setStatusText(const QString& text) override;
   std::optional<DayRates> storedRates() override;

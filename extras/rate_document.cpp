@@ -1,11 +1,9 @@
 #include "extras/rate_document.h"
 
 #include "base/date_text.h"
-#include "base/number_text.h"
 
 #include <pugixml.hpp>
 
-#include <cmath>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -44,7 +42,8 @@ RateDocument RateDocument::read(const QByteArray& bytes) {
   for (pugi::xml_node row = first; row; row = row.next_sibling()) {
     const QString selling = textOf(row, "SATIS").trimmed();
     if (selling.isEmpty()) continue;
-    if (const auto currency = currencyOf(textOf(row, "ADI"))) rates.sellings.push_back({*currency, selling});
+    if (const auto currency = currencyOf(textOf(row, "ADI")))
+      rates.sellings.push_back({*currency, QString(selling).replace(u'.', u',')});
   }
   return rates;
 }
@@ -55,10 +54,4 @@ QDate RateDocument::day() const {
   const auto date = text.contains(u'.') ? DateText::toDate(text) : std::nullopt;
   if (!date) throw EConvertError(u"Kur belgesinin tarihi okunamıyor: \"%1\""_s.arg(shown(headDate)));
   return *date;
-}
-
-double RateDocument::rateOf(const QString& text) {
-  const auto number = NumberText::toDouble(QString(text).replace(u'.', u','));
-  if (!number || !std::isfinite(*number)) throw EConvertError(u"\"%1\" geçerli bir kur değil."_s.arg(shown(text)));
-  return *number;
 }

@@ -19,7 +19,7 @@ struct RateDocument {
   QString headDate;  ///< "ALIS" of the first row, as it stands there
   struct Selling {
     Currency currency;
-    QString text;  ///< as it stands there, without blanks around it; never empty
+    QString text;  ///< without blanks around it, every "." become ","; never empty
   };
   std::vector<Selling> sellings;  ///< in the order of the rows
 
@@ -28,6 +28,4 @@ struct RateDocument {
 
   /// The day of the document. Throws EConvertError for a text that is no date.
   QDate day() const;
-  /// A selling rate as a number. Throws EConvertError for a text that is none.
-  static double rateOf(const QString& text);
 };

@@ -2,6 +2,7 @@
 
 #include "app/ports.h"
 #include "base/date_text.h"
+#include "base/number_text.h"
 
 #include <QFile>
 
@@ -33,7 +34,12 @@ void loadFromService(const QString& today, const QString& file, RateScreen& scre
   screen.setDate(today);
   // Rates of another day are taken as today's all the same: meant.
   if (day != today) giveUp(day + u" tarihli serbest piyasa kurları alınamadı."_s);
-  for (const RateDocument::Selling& selling : document.sellings) screen.setRate(selling.currency, RateDocument::rateOf(selling.text));
+  for (const RateDocument::Selling& selling : document.sellings) {
+    if (const auto rate = NumberText::toDouble(selling.text))
+      screen.setRate(selling.currency, *rate);
+    else
+      screen.setUnreadableRate(selling.currency, selling.text);
+  }
   screen.setStatusText(loadedWords(day));
   try {
     screen.store();

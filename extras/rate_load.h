@@ -19,6 +19,8 @@ class RateScreen {
   virtual QString date() const = 0;
   virtual void setDate(const QString& date) = 0;
   virtual void setRate(Currency currency, double rate) = 0;
+  /// A text that is no number, as it stands; storing refuses it.
+  virtual void setUnreadableRate(Currency currency, const QString& text) = 0;
   virtual void setHourglass(bool on) = 0;
   /// First panel of the status bar.
   virtual void setStatusText(const QString& text) = 0;
@@ -35,7 +37,8 @@ namespace RateLoad {
 
 /// Loads the rates of a day: from the stored row when it is of that day, from the service otherwise. date is displayed as the
 /// screen's date at first, today in its place once the service has answered. file is the working file, which is gone afterwards.
-/// Throws EDatabaseError, and EWireError or EConvertError for a document that is none.
+/// A rate that is no number is shown, and then nothing is stored and nobody told.
+/// Throws EDatabaseError, and EWireError or EConvertError for a document that is none or has no date.
 void load(const QString& date, const QString& today, const QString& file, RateScreen& screen);
 
 }  // namespace RateLoad

@@ -206,7 +206,7 @@ void TfservisfisSec::deleteSlips() {
   try {
     store_->deleteSlips(keys, [this] { grid_->deleteSelectedRows(); });
   } catch (const Exception& error) {
-    logMessage(SlipBrowserRules::deletionFailed(), &error);
+    logFailure(SlipBrowserRules::deletionFailed(), error);
     // What became of a row whose commit was not answered, only the server knows.
     try {
       readAnew();

@@ -1,4 +1,5 @@
 #include "app/application.h"
+#include "app/call_listener.h"
 #include "app/dmUnit.h"
 #include "app/kvbankUnit.h"
 #include "app/parameter_models.h"
@@ -192,6 +193,40 @@ TEST_F(WorkspaceTest, ALoginFillsPanelsAndShowsThePictureBesideTheProgram) {
   EXPECT_EQ(workspace.dxBarStatic2->text(), login.eSunucu->text());
   EXPECT_EQ(parameters.VarsayilanPrinter->items(), QStringList{u"Büro"_s});
   EXPECT_EQ(workspace.childArea()->clientArea()->picture().size(), QSize(40, 30));
+}
+
+TEST_F(WorkspaceTest, TheStartTakesItsStepsInTheirOrder) {
+  const QString picture = programFolder() + u"masaustu.png"_s;
+  put(picture, pictureBytes("PNG"));
+  TfKvb workspace;
+  TDM data;
+  TfParametreler parameters;
+  TLogin_Form login;
+  data.MySQL.Username = u"AYSE"_s;
+  QStringList steps;
+  const auto step = [&](const QString& name) {
+    QString line = name;
+    if (!workspace.childArea()->clientArea()->picture().isNull()) line += u", picture"_s;
+    if (!workspace.dxBarStatic1->text().isEmpty()) line += u", user"_s;
+    if (!workspace.dxBarStatic2->text().isEmpty()) line += u", server"_s;
+    if (workspace.UDPCallerID->port() != 0) line += u", calls"_s;
+    if (!steps.contains(line)) steps += line;  // printers and rights are asked for several times
+  };
+  parameters.systemPrinters = [&] {
+    step(u"parameters"_s);
+    return QStringList();
+  };
+  ports().openCompany = [&] { step(u"company"_s); };
+  ports().openServiceTypes = [&] { step(u"service types"_s); };
+  ports().loadMessageSettings = [&] { step(u"message settings"_s); };
+  ports().logMark = [&](const QString&, const QString&, const std::exception&) { step(u"rights"_s); };
+  ports().showReminders = [&] { step(u"reminders"_s); };
+  start(workspace, 6);
+  step(u"ready"_s);
+  QFile::remove(picture);
+  EXPECT_EQ(steps, (QStringList{u"parameters, picture"_s, u"company, picture"_s, u"service types, picture"_s,
+                                u"message settings, picture, user, server"_s, u"rights, picture, user, server"_s,
+                                u"reminders, picture, user, server"_s, u"ready, picture, user, server, calls"_s}));
 }
 
 TEST_F(WorkspaceTest, GuardedCommandsAreDisabledForAllButTheMaster) {

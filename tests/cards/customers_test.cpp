@@ -1,6 +1,7 @@
 #include "app/editors/qcx_db_editors.h"
 #include "base/data/my_query.h"
 #include "base/data/value.h"
+#include "base/program_paths.h"
 #include "tests/cards/cards_fixture.h"
 #include "toolkit/grid/data_grid.h"
 #include "toolkit/grid/grid_view.h"
@@ -185,6 +186,7 @@ TEST_F(CustomersTest, CardChangedMeanwhile) {
 }
 
 TEST_F(CustomersTest, DeleteAsksAndIsTakenBackWhenTheServerRefuses) {
+  QFile::remove(logFileName());
   run(u"INSERT INTO caricihaz (CH_CA_ID) SELECT CA_ID FROM cari WHERE CA_AD = 'AYŞE IŞIK'");
   inList([this] {
     EXPECT_TRUE(runCommand(customers, u"aFisSil"_s));
@@ -195,6 +197,7 @@ TEST_F(CustomersTest, DeleteAsksAndIsTakenBackWhenTheServerRefuses) {
     EXPECT_EQ(dialogs.shown[1].text, u"Seçilen cari kart silinecek onaylıyor musunuz?"_s);
     EXPECT_EQ(dialogs.shown[2].text, u"Seçilen cari kart silinemedi!"_s);
     EXPECT_EQ(dialogs.shown[2].closeAfterMs, 8000);
+    EXPECT_THAT(contentOf(logFileName()).toStdString(), testing::HasSubstr("->qCari| DELETE FROM cari"));
     EXPECT_FALSE(DM->MySQL.InTransaction());
     EXPECT_EQ(shown(customers.qCari, u"CA_AD"_s).size(), 3);
     customers.grid()->setCurrentRow(1);
@@ -291,9 +294,12 @@ TEST_F(CustomersTest, FilterByDeviceIsAskedOfTheServer) {
     EXPECT_EQ(customers.qCari.RecordCount(), 3);
     customers.grid()->setFilter(hasDevice(u"FIRIN"_s));
     EXPECT_THAT(shown(customers.qCari, u"CA_AD"_s), ElementsAre(u"CEM İNCE"_s));
-    EXPECT_TRUE(runCommand(customers, u"aDuzelt"_s));
-    EXPECT_FALSE(customerEditor.isVisible()) << "the rows of two tables have no key to be saved by";
-    EXPECT_TRUE(dialogs.texts.last().startsWith(u"Cihaz modeline göre daraltılmış"_s));
+    for (const QString& command : {u"aEkle"_s, u"aDuzelt"_s}) {
+      dialogs.texts.clear();
+      EXPECT_TRUE(runCommand(customers, command));
+      EXPECT_FALSE(customerEditor.isVisible()) << "the rows of two tables have no key to be saved by";
+      EXPECT_TRUE(dialogs.texts.last().startsWith(u"Cihaz modeline göre daraltılmış"_s));
+    }
   });
   inList([this] { EXPECT_EQ(customers.qCari.RecordCount(), 3); });
 }

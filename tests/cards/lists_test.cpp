@@ -74,13 +74,18 @@ TEST_F(ListsTest, CellThatWasRefusedKeepsTheListOpen) {
   serviceTypes.qServisTip.Open();
   inTypes([this] {
     QTest::keyClick(serviceTypes.grid()->view(), Qt::Key_Insert);
-    type(QApplication::focusWidget(), u"日"_s);
-    serviceTypes.done(0);
-    EXPECT_TRUE(serviceTypes.isVisible());
-    EXPECT_TRUE(serviceTypes.findChild<Balloon*>()->text().contains(u"\"SERVİS ADI\""_s));
-    auto* editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
-    ASSERT_NE(editor, nullptr);
-    EXPECT_EQ(editor->text(), u"日"_s);
+    const QPointer<QLineEdit> editor = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+    for (const QString& refused : {u"日"_s, u"bakım ve onarım ve kurulum ve eğitim"_s}) {
+      ASSERT_TRUE(editor);
+      editor->selectAll();
+      paste(editor, refused);
+      serviceTypes.done(0);
+      EXPECT_TRUE(serviceTypes.isVisible());
+      EXPECT_TRUE(serviceTypes.findChild<Balloon*>()->text().contains(u"\"SERVİS ADI\""_s));
+      serviceTypes.findChild<Balloon*>()->hide();
+      EXPECT_EQ(QApplication::focusWidget(), editor.data());
+      EXPECT_EQ(editor->text(), refused) << "nothing of it is cut";
+    }
     editor->setText(u"bakım"_s);
     serviceTypes.done(0);
     EXPECT_FALSE(serviceTypes.isVisible());

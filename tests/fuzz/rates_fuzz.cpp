@@ -2,7 +2,6 @@
 #include "extras/rate_document.h"
 #include "tests/fuzz/damage.h"
 
-#include <cmath>
 #include <iostream>
 
 namespace {
@@ -21,13 +20,7 @@ const QByteArrayList marks{"<KUR>", "</KUR>", "<!--", "-->", "<![CDATA[", "]]>",
 void check(const QByteArray& bytes, const QByteArray&) {
   try {
     const RateDocument document = RateDocument::read(bytes);
-    for (const RateDocument::Selling& selling : document.sellings) {
-      ASSERT_FALSE(selling.text.isEmpty());
-      try {
-        ASSERT_TRUE(std::isfinite(RateDocument::rateOf(selling.text)));
-      } catch (const EConvertError&) {
-      }
-    }
+    for (const RateDocument::Selling& selling : document.sellings) ASSERT_FALSE(selling.text.isEmpty() || selling.text.contains(u'.'));
     ASSERT_TRUE(document.day().isValid());
   } catch (const EWireError&) {
   } catch (const EConvertError&) {

@@ -2,6 +2,7 @@
 #include "app/look.h"
 #include "app/quendUtils.h"
 #include "base/data/value.h"
+#include "base/program_paths.h"
 #include "service/fservisfissecUnit.h"
 #include "tests/service/slip_form_fixture.h"
 #include "tests/support/failure_at_removal.h"
@@ -293,6 +294,7 @@ TEST_F(SlipBrowserTest, OneSlipIsDeletedWithItsPictureAndNoteAfterItsEditorIsClo
 }
 
 TEST_F(SlipBrowserTest, SeveralSlipsAtOnceAreRefusedAndStay) {
+  QFile::remove(logFileName());
   add(u"1"_s);
   add(u"2"_s);
   add(u"3"_s);
@@ -305,6 +307,7 @@ TEST_F(SlipBrowserTest, SeveralSlipsAtOnceAreRefusedAndStay) {
     EXPECT_EQ(shown(), u"1 2 3"_s);
   });
   EXPECT_EQ(dialogs.texts, (QStringList{u"Seçilen fiş(ler) silinecek onaylıyor musunuz?"_s, u"Seçilen fiş(ler) silinemedi!"_s}));
+  EXPECT_THAT(contentOf(logFileName()).toStdString(), testing::HasSubstr("->pGetQ| delete from foto"));
   EXPECT_TRUE(workspace.childWindows().isEmpty());
   EXPECT_FALSE(DM->MySQL.InTransaction());
   EXPECT_EQ(rows(u"select (select count(*) from foto), (select count(*) from notlar), (select count(*) from teknikservis)"_s), u"1|3|3"_s);

@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QPainter>
 
+#include <limits>
+
 namespace {
 /// Frame of the cell that incremental search looks in.
 const QColor cursorFrame(0x00, 0x80, 0x80);
@@ -90,9 +92,7 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     auto* line = new QLineEdit(parent);
     line->setFrame(false);
     line->setTextMargins(margin - frameWidth - lineEditMargin, 0, 0, 0);
-    const int field = model_->fieldOf(index.column());
-    if (field >= 0 && model_->query().fieldInfo(field).type == FieldType::Text && model_->query().fieldInfo(field).size > 0)
-      line->setMaxLength(int(std::min<qint64>(model_->query().fieldInfo(field).size, 32767)));
+    line->setMaxLength(std::numeric_limits<int>::max());  // a text that is too long is refused by the model, never cut
     editor = line;
   }
   editor->setAccessibleName(column.caption.trimmed());
