@@ -11,6 +11,9 @@ namespace {
 
 constexpr int restMs = 400;
 
+/// A narrow list breaks names behind their underlines.
+QString breakable(QString text) { return text.replace(u'_', u"_\u200B"_s); }
+
 }  // namespace
 
 FaultList::FaultList(DesignCanvas& canvas, const DesignSample& sample, QWidget* parent)
@@ -19,6 +22,8 @@ FaultList::FaultList(DesignCanvas& canvas, const DesignSample& sample, QWidget* 
   setAccessibleName(u"Hatalar"_s);
   setFrameShape(NoFrame);
   setWordWrap(true);
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  setResizeMode(Adjust);
   setAlternatingRowColors(true);
   rest_->setSingleShot(true);
   rest_->setInterval(restMs);
@@ -44,8 +49,9 @@ void FaultList::search() {
   clear();
   std::vector<const ReportNode*> marked;
   for (const DesignFault& fault : faults_) {
-    addItem(new QListWidgetItem(QIcon::fromTheme(fault.isNotice ? u"dialog-warning"_s : u"dialog-error"_s),
-                                u"%1: %2"_s.arg(shownName(*fault.node), fault.reason)));
+    const QString told = u"%1: %2"_s.arg(shownName(*fault.node), fault.reason);
+    auto* item = new QListWidgetItem(QIcon::fromTheme(fault.isNotice ? u"dialog-warning"_s : u"dialog-error"_s), breakable(told), this);
+    item->setToolTip(told);
     if (!fault.isNotice) marked.push_back(fault.node);
   }
   if (faults_.empty()) {
