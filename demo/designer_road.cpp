@@ -25,6 +25,17 @@ void chooseFromPrintMenu(ScreenHands& hands, int keys) {
   hands.press({u"Return"_s});
 }
 
+/// A dialog of the designer by the menu "Dosya": looked at and left.
+void lookAtDialog(ScreenHands& hands, const QString& command, const QString& title, const QString& picture) {
+  hands.press({u"alt+d"_s});
+  chooseFromMenu(hands, command);
+  hands.waitFor(title, [&] { return isInFront(title); });
+  hands.pause(300);
+  hands.picture(picture);
+  hands.press({u"Escape"_s});
+  hands.waitFor(u"designer after "_s + title, designerIsInFront);
+}
+
 }  // namespace
 
 void DesignerRoad::changeReceipt(ScreenHands& hands) {
@@ -59,6 +70,9 @@ void DesignerRoad::changeReceipt(ScreenHands& hands) {
   hands.waitFor(u"designer again"_s, designerIsInFront);
   hands.press({u"ctrl+s"_s});
   hands.waitFor(u"template saved"_s, [&] { return !designer.editor().isChanged(); });
+  lookAtDialog(hands, u"Önceki sürümler…"_s, u"Önceki Sürümler"_s, u"onceki-surumler"_s);
+  lookAtDialog(hands, u"Sayfa düzeni…"_s, u"Sayfa Düzeni"_s, u"sayfa-duzeni"_s);
+  lookAtDialog(hands, u"Sihirbaz: yeni etiket…"_s, u"Sihirbaz: Yeni Etiket"_s, u"etiket-sihirbazi"_s);
   hands.press({u"ctrl+F4"_s});
   hands.waitFor(u"designer closed"_s, [] { return QApplication::activeModalWidget() == nullptr; });
   hands.ask<bool>([] {
