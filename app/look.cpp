@@ -115,13 +115,12 @@ class Style : public QProxyStyle {
   QPixmap generatedIconPixmap(QIcon::Mode mode, const QPixmap& pixmap, const QStyleOption* option) const override {
     if (mode != QIcon::Disabled) return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
     // Light icons on dark colours pale by letting more of these through.
-    const int darkest = isDark(colors_) ? 160 : 110;
-    const int share = isDark(colors_) ? 40 : 67;  // percent
+    const Pale& to = isDark(colors_) ? OnDark : OnLight;
     QImage pale = pixmap.toImage().convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < pale.height(); ++y)
       for (QRgb& pixel : std::span(reinterpret_cast<QRgb*>(pale.scanLine(y)), size_t(pale.width()))) {
-        const int gray = darkest + qGray(pixel) * (255 - darkest) / 255;
-        pixel = qRgba(gray, gray, gray, qAlpha(pixel) * share / 100);
+        const int gray = to.darkest + qGray(pixel) * (255 - to.darkest) / 255;
+        pixel = qRgba(gray, gray, gray, qAlpha(pixel) * to.opacity / 100);
       }
     return QPixmap::fromImage(pale);
   }
@@ -130,6 +129,13 @@ class Style : public QProxyStyle {
   static bool isDark(const QPalette& palette) { return palette.color(QPalette::Window).lightness() <= DarkWindow; }
 
   static constexpr int DarkWindow = 127;
+  /// What becomes of a disabled command's icon.
+  struct Pale {
+    int darkest;  ///< gray
+    int opacity;  ///< percent
+  };
+  static constexpr Pale OnLight{110, 67};
+  static constexpr Pale OnDark{160, 40};
 
   QPalette colors_;
 };

@@ -116,7 +116,8 @@ bool Tfmusteriler::hasNamedRow() { return grid()->currentRow() >= 0 && !qCari.Fi
 /// Rows of two tables are without the key and the version that a save goes by, and a new row would get none.
 bool Tfmusteriler::tellsThatRowsHaveNoKey() {
   if (isByDevice_)
-    QuendUtil->ErrorMesaj(this, u"Cihaz modeline göre daraltılmış listeye kart eklenemez, listedeki kartlar değiştirilemez.\n\nÖnce filtreyi temizleyin."_s);
+    QuendUtil->ErrorMesaj(this, u"Cihaz modeline göre daraltılmış listeye kart eklenemez, listedeki kartlar değiştirilemez.\n\n"
+                                "Önce filtreyi temizleyin."_s);
   return isByDevice_;
 }
 

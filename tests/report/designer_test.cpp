@@ -244,6 +244,29 @@ TEST_F(DesignerTest, FaultsLeadToTheirObjects) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return designer.faults().faults().empty(); }));
 }
 
+TEST_F(DesignerTest, SampleDataAreSearchedForFaultsAnew) {
+  open(R"(<band height="40"><text name="a" width="10" wrap="false">[MUSTERI_ADI]</text></band>)");
+  designer.faults().search();
+  EXPECT_TRUE(designer.faults().faults().empty());
+  designer.actions().action(u"example"_s)->trigger();
+  EXPECT_EQ(designer.faults().faults().size(), 1U);
+}
+
+TEST_F(DesignerTest, ADragMovesWhatWasTakenThoughAKeySelectsMore) {
+  open(R"(<band height="60"><text name="a" left="10" top="5">A</text><text name="b" left="10" top="30">B</text></band>)");
+  const QPoint from = canvas().mapFromScene(rect(u"a"_s).center());
+  const QPoint to = from + QPoint(40, 0);
+  QTest::mousePress(canvas().viewport(), Qt::LeftButton, {}, from);
+  for (const QPoint& place : {(from + to) / 2, to}) {
+    QMouseEvent moved(QEvent::MouseMove, place, canvas().viewport()->mapToGlobal(QPointF(place)), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(canvas().viewport(), &moved);
+  }
+  designer.actions().action(u"selectAll"_s)->trigger();
+  QTest::mouseRelease(canvas().viewport(), Qt::LeftButton, {}, to);
+  EXPECT_GT(node(u"a"_s)->millimetres(u"left"), 15);
+  EXPECT_EQ(node(u"b"_s)->millimetres(u"left"), 10);
+}
+
 TEST_F(DesignerTest, OnlyAChangeIsWrittenAndTheStatesBeforeAreKept) {
   open(R"(<!-- kept --><band x="1" height="40"><text name="a">A</text></band>)");
   const QByteArray first = stored();
